@@ -1,0 +1,123 @@
+#include "zt_db/doc/doc.h"
+
+#include <algorithm>
+
+#include "zt_db/file/model_file.h"
+
+namespace zt {
+
+CDBUpdateConnector::~CDBUpdateConnector() { DisconnectFromDoc(); }
+
+void CDBUpdateConnector::ConnectToDoc(CDBDoc* doc) {
+    DisconnectFromDoc();
+    if (doc) doc->AddView(this);
+}
+
+void CDBUpdateConnector::DisconnectFromDoc() {
+    if (doc_) doc_->RemoveView(this);
+}
+
+CDBDoc::CDBDoc(const CInitCtrl& init) : init_(init), databases_(units_) {
+    units_.SetUnitIndexCurrent(init.units);
+    units_.SetListener([this] { UpdateAllViews(nullptr, HintCode::Unit, nullptr); });
+    databases_.GetCurrentDB()->SetListener([this] {
+        T_UPDATE_HINT hint;
+        hint.dbIndex = CMDBCtrl::kModel;
+        UpdateAllViews(nullptr, HintCode::Changed, &hint);
+    });
+    databases_.GetCurrentDB()->GetViewCtrl()->SetListener([this](CDBUpdateConnector* sender, int code) {
+        T_UPDATE_HINT hint;
+        hint.dbIndex = CMDBCtrl::kModel;
+        UpdateAllViews(sender, code, &hint);
+    });
+}
+
+CDBDoc::~CDBDoc() {
+    for (CDBUpdateConnector* view : views_) {
+        if (view) view->doc_ = nullptr;
+    }
+    if (m_pDBDoc == this) m_pDBDoc = nullptr;
+}
+
+std::unique_ptr<CDBDoc> CDBDoc::New(const CInitCtrl& init) { return std::unique_ptr<CDBDoc>(new CDBDoc(init)); }
+
+std::unique_ptr<CDBDoc> CDBDoc::Open(const std::string& path, OpenMode mode, OpenReport& report,
+                                     const CInitCtrl& init) {
+    auto doc = New(init);
+    CDataBase& database = *doc->databases_.GetCurrentDB();
+    report = {};
+    if (mode == OpenMode::ReadOnly) {
+        if (!ReadModelFile(path, database, report)) return nullptr;
+        doc->readOnly_ = true;
+        doc->path_ = path;
+        database.SetReadOnly(true);
+        return doc;
+    }
+    std::unique_ptr<ModelFile> file = ModelFile::Open(path, init.fileSafety, database, report);
+    if (!file) return nullptr;
+    doc->UseFile(std::move(file), path);
+    return doc;
+}
+
+void CDBDoc::UseFile(std::unique_ptr<ModelFile> file, const std::string& path) {
+    databases_.GetCurrentDB()->SetStorage(file.get());
+    databases_.GetCurrentDB()->SetReadOnly(false);
+    file_ = std::move(file);
+    path_ = path;
+    readOnly_ = false;
+}
+
+velda::Outcome CDBDoc::SaveAs(const std::string& path) {
+    CDataBase& database = *databases_.GetCurrentDB();
+    velda::Outcome outcome = velda::Outcome::Done();
+    const std::string current = file_ ? path_ : std::string{};
+    std::unique_ptr<ModelFile> file = ModelFile::Create(path, current, init_.fileSafety, database, outcome);
+    if (file) UseFile(std::move(file), path);
+    return outcome;
+}
+
+// ---- views -----------------------------------------------------------------------------------------------------------
+
+void CDBDoc::AddView(CDBUpdateConnector* view) {
+    views_.push_back(view);
+    view->doc_ = this;
+}
+
+void CDBDoc::RemoveView(CDBUpdateConnector* view) {
+    const auto found = std::find(views_.begin(), views_.end(), view);
+    if (found == views_.end()) return;
+    view->doc_ = nullptr;
+    if (telling_ > 0) {
+        *found = nullptr;
+    } else {
+        views_.erase(found);
+    }
+}
+
+void CDBDoc::UpdateAllViews(CDBUpdateConnector* sender, int code, T_UPDATE_HINT* hint) {
+    struct Telling {
+        CDBDoc& doc;
+        explicit Telling(CDBDoc& d) : doc(d) { ++doc.telling_; }
+        ~Telling() {
+            if (--doc.telling_ == 0) std::erase(doc.views_, nullptr);
+        }
+    } telling(*this);
+    const std::size_t count = views_.size();
+    for (std::size_t i = 0; i < count; ++i) {
+        if (views_[i]) views_[i]->OnUpdate(sender, code, hint);
+    }
+}
+
+// ---- state -----------------------------------------------------------------------------------------------------------
+
+void CDBDoc::SetModePre() {
+    postMode_ = false;
+    UpdateAllViews(nullptr, HintCode::PreMode, nullptr);
+}
+
+void CDBDoc::SetModePost() {
+    postMode_ = true;
+    UpdateAllViews(nullptr, HintCode::PostMode, nullptr);
+}
+
+}  // namespace zt

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <tuple>
+
+#include "zt_db/records/load.h"
+#include "zt_db/records/matl.h"
+#include "zt_db/records/mbtp.h"
+#include "zt_db/records/memb.h"
+#include "zt_db/records/name.h"
+#include "zt_db/records/pont.h"
+#include "zt_db/records/sect.h"
+#include "zt_db/records/stnd.h"
+#include "zt_db/records/stor.h"
+#include "zt_db/records/thik.h"
+
+namespace zt {
+
+/// Every record class of the model database. A class that stands here has a table in the model file, can be reached by
+/// scripts, and takes part in reference checks.
+using RecordClassList = std::tuple<CClassPont, CClassMemb, CClassMatl, CClassSect, CClassThik, CClassStor, CClassMdul,
+                                   CClassStld, CClassName, CClassMbtp, CClassPrel, CClassStnd, CClassLcom>;
+
+}  // namespace zt

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "zt_db/core/record_class.h"
+
+namespace zt {
+
+struct T_THIK_UNIT;
+
+/// A thickness of walls and slabs. In-plane and out-of-plane thickness are the same unless `inOutDiffers` is set.
+struct T_THIK_D {
+    std::string name;
+    double thickness = 0.0;
+    int inOutDiffers = 0;
+    double thicknessOut = 0.0;
+
+    static const T_THIK_UNIT unit;
+    void Initialize() { *this = {}; }
+    bool operator==(const T_THIK_D&) const = default;
+};
+
+template <>
+struct Fields<T_THIK_D> {
+    static constexpr auto list = std::tuple{
+        Plain("name", &T_THIK_D::name),
+        Measured("thickness", &T_THIK_D::thickness, Unit::Length),
+        Plain("inOutDiffers", &T_THIK_D::inOutDiffers),
+        Measured("thicknessOut", &T_THIK_D::thicknessOut, Unit::Length),
+    };
+};
+
+ZT_RECORD(THIK, Thik)
+ZT_PLAIN_CLASS(THIK, Thik)
+
+}  // namespace zt
