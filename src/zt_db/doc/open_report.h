@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,8 @@ struct OpenReport {
     std::string message;
     /// The file was not opened, but OpenMode::ReadOnly will show what can be read.
     bool canOpenReadOnly = false;
+    /// Version of the file's format, where it could be read.
+    std::int64_t formatVersion = 0;
     /// What was left out of a damaged file, a line each.
     std::vector<std::string> losses;
 };

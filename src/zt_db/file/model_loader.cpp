@@ -350,7 +350,7 @@ SqliteHandle OpenToWork(const std::string& path, OpenReport& report) {
     SqliteHandle db;
     if (!CheckPlace(path, report)) return {};
     std::int64_t applicationId = 0;
-    std::int64_t version = 0;
+    std::int64_t& version = report.formatVersion;
     int result = db.Open(path, SQLITE_OPEN_READWRITE);
     if (result == SQLITE_OK && sqlite3_db_readonly(db.Get(), "main") == 1) {
         Refuse(report, FormatText("IDS_DB_FILE_READ_ONLY", {path}), true);
@@ -374,10 +374,8 @@ SqliteHandle OpenToWork(const std::string& path, OpenReport& report) {
 }
 
 bool LoadModel(SqliteHandle& db, const std::string& path, CDataBase& database, OpenReport& report) {
-    std::int64_t version = 0;
-    db.QueryNumber("PRAGMA user_version", version);
     Faults faults(report, false);
-    LoadTables(db, path, version < kModelSchemaVersion, database, faults);
+    LoadTables(db, path, report.formatVersion < kModelSchemaVersion, database, faults);
     return !faults.Stopped();
 }
 
@@ -402,7 +400,7 @@ bool ReadModelFile(const std::string& path, CDataBase& database, OpenReport& rep
     if (!CheckPlace(path, report)) return false;
     SqliteHandle db;
     std::int64_t applicationId = 0;
-    std::int64_t version = 0;
+    std::int64_t& version = report.formatVersion;
     const int result = OpenToRead(db, path, applicationId, version);
     if (result != SQLITE_OK) return Refuse(report, FileMessage(result, db, path));
     if (!CheckVersion(applicationId, version, path, report) && !report.canOpenReadOnly) return false;

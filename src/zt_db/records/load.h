@@ -8,9 +8,9 @@ struct T_STLD_UNIT;
 
 /// A static load case; the type is a short code such as "D" dead, "L" live, "W" wind, "E" earthquake.
 struct T_STLD_D {
-    std::string name;
-    std::string type;
-    std::string description;
+    std::string name{};
+    std::string type{};
+    std::string description{};
 
     static const T_STLD_UNIT unit;
     void Initialize() { *this = {}; }
@@ -67,11 +67,11 @@ struct T_LCOM_UNIT;
 
 /// A load combination: load cases and other combinations with factors.
 struct T_LCOM_D {
-    std::string name;
+    std::string name{};
     int active = 1;
     int type = 0;
-    std::vector<T_LCOM_ITEM> items;
-    std::string description;
+    std::vector<T_LCOM_ITEM> items{};
+    std::string description{};
 
     static const T_LCOM_UNIT unit;
     void Initialize() { *this = {}; }

@@ -13,8 +13,8 @@ struct T_MATL_ANALYSIS {
     double poisson = 0.0;
     double thermal = 0.0;
     double density = 0.0;
-    std::string code;
-    std::string codeName;
+    std::string code{};
+    std::string codeName{};
 
     static const T_MATL_ANALYSIS_UNIT unit;
     bool operator==(const T_MATL_ANALYSIS&) const = default;
@@ -40,9 +40,9 @@ struct T_MATL_UNIT;
 /// A material: steel "S", concrete "C", a composite of both "SRC", or one of the user's own "U". The second group of values
 /// is that of the second material of a composite.
 struct T_MATL_D {
-    std::string name;
-    std::string type;
-    std::array<T_MATL_ANALYSIS, 2> analysis;
+    std::string name{};
+    std::string type{};
+    std::array<T_MATL_ANALYSIS, 2> analysis{};
     double dampingRatio = 0.0;
 
     static const T_MATL_UNIT unit;

@@ -36,14 +36,14 @@ struct T_MBTP_D {
     int transfer = 0;
     int protect = 0;
     // walls
-    T_MBTP_CHOICE shear;
-    T_MBTP_CHOICE lowerInForce;
-    T_MBTP_CHOICE gjrj;
-    T_MBTP_CHOICE protectWall;
+    T_MBTP_CHOICE shear{};
+    T_MBTP_CHOICE lowerInForce{};
+    T_MBTP_CHOICE gjrj{};
+    T_MBTP_CHOICE protectWall{};
     int outerWall = 0;
     // slabs
-    T_MBTP_CHOICE protectSlab;
-    T_MBTP_CHOICE slope;
+    T_MBTP_CHOICE protectSlab{};
+    T_MBTP_CHOICE slope{};
 
     static const T_MBTP_UNIT unit;
     void Initialize() { *this = {}; }

@@ -19,7 +19,7 @@ struct T_MEMB_D {
     std::uint32_t matl = 0;
     int plan = 0;
     double beta = 0.0;
-    std::vector<std::uint32_t> nodes;
+    std::vector<std::uint32_t> nodes{};
     int tensionOnly = 0;
     int considerBending = 0;
     int divideFrame = 0;

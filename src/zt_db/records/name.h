@@ -11,9 +11,9 @@ struct T_NAME_UNIT;
 struct T_NAME_D {
     static constexpr int kNodeGroup = 100;
 
-    std::string name;
+    std::string name{};
     int type = kNodeGroup;
-    std::vector<std::uint32_t> keys;
+    std::vector<std::uint32_t> keys{};
 
     static const T_NAME_UNIT unit;
     void Initialize() { *this = {}; }

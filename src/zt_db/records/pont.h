@@ -15,7 +15,7 @@ struct T_PONT_D {
     int plan = 0;
     std::uint32_t story = 0;
     std::uint32_t no = 0;
-    std::string name;
+    std::string name{};
 
     static const T_PONT_UNIT unit;
     void Initialize() { *this = {}; }

@@ -6,8 +6,8 @@ namespace zt {
 
 /// Where a section came from: the table it was taken from, its name there, and its nine sizes.
 struct T_SECT_SECTBASE_D {
-    std::string dbName;
-    std::string sectName;
+    std::string dbName{};
+    std::string sectName{};
     std::array<double, 9> size{};
     bool operator==(const T_SECT_SECTBASE_D&) const = default;
 };
@@ -92,14 +92,14 @@ struct T_SECT_UNIT;
 
 /// A section of frame members.
 struct T_SECT_D {
-    std::string name;
+    std::string name{};
     int kind = 1;  ///< 1 regular, 2 composite, 3 by values, 4 combined, 5 tapered
     int type = 0;
-    std::string shape;
-    std::string description;
-    T_SECT_SECTBASE_D base;
-    T_SECT_STIFFNESS stiffness;
-    T_SECT_DESIGN design;
+    std::string shape{};
+    std::string description{};
+    T_SECT_SECTBASE_D base{};
+    T_SECT_STIFFNESS stiffness{};
+    T_SECT_DESIGN design{};
     double perimeterOut = 0.0;
     double perimeterIn = 0.0;
 

@@ -8,11 +8,11 @@ struct T_STND_UNIT;
 
 /// The design standards of the model, by their code names.
 struct T_STND_D {
-    std::string concrete;
-    std::string steel;
-    std::string composite;
-    std::string load;
-    std::string seismic;
+    std::string concrete{};
+    std::string steel{};
+    std::string composite{};
+    std::string load{};
+    std::string seismic{};
 
     static const T_STND_UNIT unit;
     void Initialize() { *this = {}; }

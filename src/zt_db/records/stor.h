@@ -8,7 +8,7 @@ struct T_MDUL_UNIT;
 
 /// A module: a part of the building with stories of its own.
 struct T_MDUL_D {
-    std::string name;
+    std::string name{};
 
     static const T_MDUL_UNIT unit;
     void Initialize() { *this = {}; }
@@ -27,7 +27,7 @@ struct T_STOR_UNIT;
 
 /// A story of a module, with its top level and its height.
 struct T_STOR_D {
-    std::string name;
+    std::string name{};
     std::uint32_t mdul = 0;
     double level = 0.0;
     double height = 0.0;

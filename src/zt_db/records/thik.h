@@ -8,7 +8,7 @@ struct T_THIK_UNIT;
 
 /// A thickness of walls and slabs. In-plane and out-of-plane thickness are the same unless `inOutDiffers` is set.
 struct T_THIK_D {
-    std::string name;
+    std::string name{};
     double thickness = 0.0;
     int inOutDiffers = 0;
     double thicknessOut = 0.0;

@@ -1,0 +1,84 @@
+// zts, the command line of the table module: shows what a model file holds and runs table scripts.
+
+#include <exception>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "velda_lib/msg_dll.h"
+#include "zt_db/doc/doc.h"
+#include "zt_script/script_runner.h"
+
+namespace {
+
+constexpr int kFailed = 1;
+constexpr int kWrongUse = 2;
+
+void PrintUsage(std::ostream& output) {
+    output << "zts info FILE                 what a model file holds, and what is wrong with it\n"
+              "zts script FILE...            runs table scripts\n"
+              "zts help                      this text and the commands of scripts\n";
+}
+
+void PrintContent(zt::CDBDoc& doc, const zt::OpenReport& report) {
+    const zt::CDataBase& database = *doc.GetMDBCtrl()->GetCurrentDB();
+    std::cout << doc.GetPath() << ", format " << report.formatVersion << '\n';
+    for (std::uint16_t i = 0; i < database.ClassCount(); ++i) {
+        const zt::RecordStoreBase& store = database.StoreAt(i);
+        const std::string mnemonic(store.Identity().mnemonic);
+        std::cout << "  " << mnemonic << "  " << store.Count() << "  "
+                  << velda::CMsgDll::pfuncLoadStr("IDS_DB_DATA_NAME_" + mnemonic, 0) << '\n';
+    }
+}
+
+int Info(const std::vector<std::string>& arguments) {
+    if (arguments.size() != 1) {
+        PrintUsage(std::cerr);
+        return kWrongUse;
+    }
+    zt::OpenReport report;
+    const auto doc = zt::CDBDoc::Open(arguments[0], zt::OpenMode::ReadOnly, report);
+    if (!report.message.empty()) std::cerr << report.message << '\n';
+    for (const std::string& loss : report.losses) std::cerr << loss << '\n';
+    if (doc) PrintContent(*doc, report);
+    return doc && report.losses.empty() ? 0 : kFailed;
+}
+
+int RunScripts(const std::vector<std::string>& files) {
+    if (files.empty()) {
+        PrintUsage(std::cerr);
+        return kWrongUse;
+    }
+    zt::ScriptRunner runner(std::cout);
+    zt::ScriptCount total;
+    for (const std::string& file : files) total += runner.RunFile(file);
+    std::cout << total.passed << " passed, " << total.failed << " failed";
+    if (total.unreadable > 0) std::cout << ", " << total.unreadable << " not readable";
+    std::cout << '\n';
+    return total.ExitStatus();
+}
+
+int Run(const std::vector<std::string>& arguments) {
+    const std::string command = arguments.empty() ? "" : arguments[0];
+    const std::vector<std::string> rest(arguments.begin() + (arguments.empty() ? 0 : 1), arguments.end());
+    if (command == "info") return Info(rest);
+    if (command == "script") return RunScripts(rest);
+    if (command == "help" || command == "--help") {
+        PrintUsage(std::cout);
+        std::cout << "\nCommands of scripts:\n" << zt::ScriptRunner::Usage();
+        return 0;
+    }
+    PrintUsage(std::cerr);
+    return kWrongUse;
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    try {
+        return Run(std::vector<std::string>(arguments + 1, arguments + count));
+    } catch (const std::exception& exception) {
+        std::cerr << "zts: " << exception.what() << '\n';
+        return kFailed;
+    }
+}

@@ -1,0 +1,90 @@
+#include "velda_lib/language.h"
+#include "zt_db/sample/sample_building.h"
+#include "zt_script/command.h"
+#include "zt_script/script_session.h"
+
+namespace zt {
+namespace {
+
+CommandResult NewModel(ScriptSession& session, ScriptWords words) {
+    if (!words.empty()) return CommandResult::Unreadable("model new takes no words");
+    session.NewModel();
+    return CommandResult::Done();
+}
+
+CommandResult OpenModel(ScriptSession& session, ScriptWords words) {
+    if (words.empty() || words.size() > 2) return CommandResult::Unreadable("model open FILE [readonly]");
+    const bool readOnly = words.size() == 2;
+    if (readOnly && words[1].value != "readonly") return CommandResult::Unreadable("unknown word " + words[1].value);
+    return CommandResult::Of(
+        session.OpenModel(words[0].value, readOnly ? OpenMode::ReadOnly : OpenMode::Normal));
+}
+
+CommandResult SaveModel(ScriptSession& session, ScriptWords words) {
+    if (words.size() != 1) return CommandResult::Unreadable("model save FILE");
+    return CommandResult::Of(session.Doc().SaveAs(words[0].value));
+}
+
+CommandResult SampleModel(ScriptSession& session, ScriptWords words) {
+    if (words.size() != 1) return CommandResult::Unreadable("model sample NAME");
+    session.NewModel();
+    return CommandResult::Of(BuildSample(session.Database(), words[0].value));
+}
+
+struct QuantityName {
+    std::string_view name;
+    UnitQuantity quantity;
+};
+constexpr QuantityName kQuantities[] = {{"mass", UnitQuantity::Mass},
+                                        {"modelLength", UnitQuantity::ModelLength},
+                                        {"force", UnitQuantity::Force},
+                                        {"length", UnitQuantity::Length},
+                                        {"temperature", UnitQuantity::Temperature}};
+
+CommandResult SetUnits(ScriptSession& session, ScriptWords words) {
+    T_UNIT_INDEX index;
+    session.Units().GetUnitIndexCurrent(index);
+    for (const ScriptWord& word : words) {
+        const QuantityName* found = nullptr;
+        for (const QuantityName& quantity : kQuantities) {
+            if (word.assigns && quantity.name == word.name) found = &quantity;
+        }
+        if (!found) return CommandResult::Unreadable("units takes force=, length=, modelLength=, mass=, temperature=");
+        const int choice = CUnitCtrl::FindChoice(found->quantity, word.value);
+        if (choice < 0) return CommandResult::Unreadable("unknown unit " + word.value + " of " + word.name);
+        CUnitCtrl::IndexOf(index, found->quantity) = choice;
+    }
+    session.Units().SetUnitIndexCurrent(index, 1);
+    return CommandResult::Done();
+}
+
+CommandResult SetLanguage(ScriptSession&, ScriptWords words) {
+    const auto language = words.size() == 1 ? velda::LanguageOfCode(words[0].value) : std::nullopt;
+    if (!language) return CommandResult::Unreadable("lang en|ko");
+    velda::SetCurrentLanguage(*language);
+    return CommandResult::Done();
+}
+
+CommandResult ExpectLabel(ScriptSession& session, ScriptWords words) {
+    std::int64_t code = 0;
+    if (words.size() != 2 || !velda::ReadWholeLong(words[0].value, code)) {
+        return CommandResult::Unreadable("expect unit CODE \"label\"");
+    }
+    return CommandResult::Compare(words[1].value, session.Units().Label(static_cast<int>(code)));
+}
+
+constexpr ScriptCommand kCommands[] = {
+    {"model new", &NewModel, "model new"},
+    {"model open", &OpenModel, "model open FILE [readonly]"},
+    {"model save", &SaveModel, "model save FILE"},
+    {"model sample", &SampleModel, "model sample NAME"},
+    {"units", &SetUnits, "units force=kN length=mm modelLength=m mass=t temperature=C"},
+    {"lang", &SetLanguage, "lang en|ko"},
+    {"expect unit", &ExpectLabel, "expect unit CODE \"label\""},
+};
+
+}  // namespace
+
+std::span<const ScriptCommand> ModelCommands() { return kCommands; }
+
+}  // namespace zt
