@@ -70,16 +70,17 @@ private:
         std::uint32_t value = 0;
     };
 
-    /// First place to look at. Blocks of 16 neighbouring keys stay together, so that walking keys in order walks
-    /// memory in order; the blocks themselves are scattered, so that no stride of keys piles up.
+    /// First place to look at. Keys below the size of the table, as they are mostly given, have places of their own, in their
+    /// order; what lies above is added in scattered, so that no stride of keys piles up.
     std::size_t Home(std::uint32_t key) const {
-        const std::uint64_t block = (std::uint64_t{key >> 4} * 0x9E3779B97F4A7C15ull) >> 32;
-        return static_cast<std::size_t>((block << 4) | (key & 15u)) & mask_;
+        const std::uint32_t above = static_cast<std::uint32_t>(std::uint64_t{key} >> bits_);
+        return (key + above * 0x9E3779B9u) & mask_;
     }
 
     void Grow(std::size_t atLeast) {
         std::size_t size = 16;
-        while (size < atLeast) size *= 2;
+        bits_ = 4;
+        for (; size < atLeast; size *= 2) ++bits_;
         std::vector<Place> old(size);
         old.swap(places_);
         mask_ = size - 1;
@@ -106,6 +107,7 @@ private:
     std::vector<Place> places_;
     std::size_t count_ = 0;
     std::size_t mask_ = 0;
+    unsigned bits_ = 0;
 };
 
 }  // namespace velda

@@ -63,9 +63,14 @@ void RecordStoreBase::LowerLargestKey() {
     largestKey_ = slotKeys_.empty() ? 0 : *std::max_element(slotKeys_.begin(), slotKeys_.end());
 }
 
-void RecordStoreBase::ReserveSlots(std::size_t count) {
-    slotKeys_.reserve(count);
-    index_.Reserve(count);
+void RecordStoreBase::FinishLoading() {
+    slotKeys_.shrink_to_fit();
+    index_.Clear();
+    index_.Reserve(slotKeys_.size());
+    for (std::uint32_t slot = 0; slot < slotKeys_.size(); ++slot) {
+        index_.Put(slotKeys_[slot], slot);
+        largestKey_ = std::max(largestKey_, slotKeys_[slot]);
+    }
 }
 
 std::size_t RecordStoreBase::KeyMemoryBytes() const {
@@ -78,9 +83,9 @@ const velda::FlatIndex& RecordStoreBase::Numbers() const {
     numbers_.Clear();
     numbers_.Reserve(index_.Count());
     largestNumber_ = 0;
-    for (const std::uint32_t key : slotKeys_) {
-        const std::uint32_t number = key != 0 ? NumberOfKey(key) : 0;
-        if (number != 0) numbers_.Put(number, key);
+    for (std::uint32_t slot = 0; slot < slotKeys_.size(); ++slot) {
+        const std::uint32_t number = slotKeys_[slot] != 0 ? NumberAt(slot) : 0;
+        if (number != 0) numbers_.Put(number, slotKeys_[slot]);
         largestNumber_ = std::max(largestNumber_, number);
     }
     numbersKnown_ = true;
@@ -89,8 +94,8 @@ const velda::FlatIndex& RecordStoreBase::Numbers() const {
 
 bool RecordStoreBase::NumbersAscend() const {
     std::uint32_t last = 0;
-    for (const std::uint32_t key : slotKeys_) {
-        const std::uint32_t number = key != 0 ? NumberOfKey(key) : last + 1;
+    for (std::uint32_t slot = 0; slot < slotKeys_.size(); ++slot) {
+        const std::uint32_t number = slotKeys_[slot] != 0 ? NumberAt(slot) : last + 1;
         if (number <= last) return false;
         last = number;
     }
@@ -102,9 +107,9 @@ std::vector<std::uint32_t> RecordStoreBase::KeysWithTakenNumber() const {
     std::vector<std::uint32_t> keys;
     if (!HasNumbers() || NumbersAscend()) return keys;
     const velda::FlatIndex& numbers = Numbers();
-    for (const std::uint32_t key : slotKeys_) {
-        const std::uint32_t number = key != 0 ? NumberOfKey(key) : 0;
-        if (number != 0 && numbers.Find(number) != key) keys.push_back(key);
+    for (std::uint32_t slot = 0; slot < slotKeys_.size(); ++slot) {
+        const std::uint32_t number = slotKeys_[slot] != 0 ? NumberAt(slot) : 0;
+        if (number != 0 && numbers.Find(number) != slotKeys_[slot]) keys.push_back(slotKeys_[slot]);
     }
     return keys;
 }

@@ -50,8 +50,10 @@ public:
     virtual void Remove(std::uint32_t key) = 0;
     /// Appends a copy of the record to `images`; returns its index there. The key must exist.
     virtual std::uint32_t CopyTo(std::uint32_t key, ImageList& images) const = 0;
-    /// Adds a record from a storage. Returns -1, or the column whose value is of the wrong kind.
+    /// Adds a record from a storage, under a key that has not been met before. Returns -1, or the column whose value is of the
+    /// wrong kind. The records can be reached only after FinishLoading.
     virtual int LoadRow(std::uint32_t key, RowReader& reader) = 0;
+    void FinishLoading();
     /// Visits the references of every record as (key of the record, target, key referred to, policy).
     virtual void ForEachReference(
         velda::FunctionRef<void(std::uint32_t, const RecordIdentity&, std::uint32_t, IfGone)> visit) const = 0;
@@ -61,15 +63,16 @@ public:
     /// Whether a record of this class can refer to one of another class at all.
     virtual bool MayReferTo(const RecordIdentity& target) const = 0;
 
-    virtual void Reserve(std::size_t count) = 0;
     virtual std::size_t MemoryBytes() const = 0;
 
 protected:
     std::uint32_t SlotOf(std::uint32_t key) const { return index_.Find(key); }
     std::uint32_t TakeSlot(std::uint32_t key);
+    /// The place at the end of the slots for a record that is being loaded, and the step that takes it.
+    std::uint32_t NextLoadSlot() const { return static_cast<std::uint32_t>(slotKeys_.size()); }
+    void TakeLoadSlot(std::uint32_t key) { slotKeys_.push_back(key); }
+    virtual std::uint32_t NumberAt(std::uint32_t slot) const = 0;
     void ReleaseSlot(std::uint32_t key, std::uint32_t slot);
-    std::size_t SlotCount() const { return slotKeys_.size(); }
-    void ReserveSlots(std::size_t count);
     std::size_t KeyMemoryBytes() const;
 
     void NumberAppeared(std::uint32_t number, std::uint32_t key);
@@ -160,8 +163,7 @@ public:
         return static_cast<Images<R>&>(images).Append(R(*Find(key)));
     }
     int LoadRow(std::uint32_t key, RowReader& reader) override {
-        const std::uint32_t slot = TakeSlot(key);
-        R& record = Place(slot);
+        R& record = Place(NextLoadSlot());
         int column = 0;
         int bad = -1;
         VisitFields(record, [&](auto tag, auto& owner) {
@@ -170,7 +172,8 @@ public:
         });
         if (bad >= 0) {
             record = R{};
-            ReleaseSlot(key, slot);
+        } else {
+            TakeLoadSlot(key);
         }
         return bad;
     }
@@ -190,10 +193,6 @@ public:
         return AnyField<R>([&target](const auto& field) {
             return field.reference.target == &target || field.reference.select != nullptr;
         });
-    }
-    void Reserve(std::size_t count) override {
-        ReserveSlots(count);
-        while (blocks_.size() * kBlock < count) AddBlock();
     }
     /// Bytes of keys and records; texts and lists that do not stand in the record itself are not counted.
     std::size_t MemoryBytes() const override { return KeyMemoryBytes() + blocks_.size() * kBlock * sizeof(R); }
@@ -223,6 +222,7 @@ private:
         }
     }
 
+    std::uint32_t NumberAt(std::uint32_t slot) const override { return RecordNumber(At(slot)); }
     void AddBlock() { blocks_.push_back(std::make_unique<R[]>(kBlock)); }
     R& Place(std::uint32_t slot) {
         while (slot / kBlock >= blocks_.size()) AddBlock();

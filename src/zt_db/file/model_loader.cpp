@@ -21,25 +21,30 @@ namespace {
 using velda::FormatText;
 namespace fs = std::filesystem;
 
-/// Reads the columns of the current row of a statement, from the second on.
+/// Reads the columns of the current row of a statement, from the second on. The connection is used by one thread, so that
+/// values can be read without being locked one by one.
 class StatementReader final : public RowReader {
 public:
     explicit StatementReader(sqlite3_stmt* statement) : statement_(statement) {}
 
     bool Integer(int column, std::int64_t& value) override {
-        if (sqlite3_column_type(statement_, column + 1) != SQLITE_INTEGER) return false;
-        value = sqlite3_column_int64(statement_, column + 1);
+        sqlite3_value* stored = sqlite3_column_value(statement_, column + 1);
+        if (sqlite3_value_type(stored) != SQLITE_INTEGER) return false;
+        value = sqlite3_value_int64(stored);
         return true;
     }
     bool Real(int column, double& value) override {
-        if (sqlite3_column_type(statement_, column + 1) != SQLITE_FLOAT) return false;
-        value = sqlite3_column_double(statement_, column + 1);
+        sqlite3_value* stored = sqlite3_column_value(statement_, column + 1);
+        if (sqlite3_value_type(stored) != SQLITE_FLOAT) return false;
+        value = sqlite3_value_double(stored);
         return true;
     }
+    // The bytes of a text are taken as they stand; asking for them as a text would copy them to end them with a zero.
     bool Text(int column, std::string_view& value) override {
-        if (sqlite3_column_type(statement_, column + 1) != SQLITE_TEXT) return false;
-        const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement_, column + 1));
-        value = {text ? text : "", static_cast<std::size_t>(sqlite3_column_bytes(statement_, column + 1))};
+        sqlite3_value* stored = sqlite3_column_value(statement_, column + 1);
+        if (sqlite3_value_type(stored) != SQLITE_TEXT) return false;
+        const auto* bytes = static_cast<const char*>(sqlite3_value_blob(stored));
+        value = {bytes ? bytes : "", static_cast<std::size_t>(sqlite3_value_bytes(stored))};
         return true;
     }
 
@@ -89,12 +94,12 @@ public:
         const std::string columns = ColumnList(present);
         if (faults_.Stopped()) return;
         const int result = ReadRows(columns, " ORDER BY \"key\"");
-        if (result == SQLITE_DONE) return;
         // What lies behind a damaged page can still be reached from the other end.
-        if (faults_.Note(FileMessage(result, db_, path_) + " (" + Mnemonic() + ")")) {
+        if (result != SQLITE_DONE && faults_.Note(FileMessage(result, db_, path_) + " (" + Mnemonic() + ")")) {
             backward_ = true;
             ReadRows(columns, " ORDER BY \"key\" DESC");
         }
+        store_.FinishLoading();
     }
 
 private:
@@ -144,12 +149,12 @@ private:
         const bool valid = key > 0 && key <= std::int64_t{std::numeric_limits<std::uint32_t>::max()};
         if (!valid) return faults_.Note(FormatText("IDS_DB_FILE_BAD_KEY", {path_, Mnemonic(), std::to_string(key)}));
         const auto number = static_cast<std::uint32_t>(key);
-        // Keys come in order; one that comes twice ends the way back, or stands in a table that is not as we made it.
-        if (number <= lastKey_ && store_.Exists(number)) {
+        // Keys come in order; on the way back the first one that is known already ends it.
+        if (number <= lastKey_) {
             if (backward_) return false;
             return faults_.Note(FormatText("IDS_DB_FILE_BAD_KEY", {path_, Mnemonic(), std::to_string(key)}));
         }
-        lastKey_ = std::max(lastKey_, number);
+        if (!backward_) lastKey_ = number;
         const int bad = store_.LoadRow(number, reader);
         if (bad < 0) return true;
         return faults_.Note(FormatText("IDS_DB_FILE_BAD_VALUE",
@@ -279,9 +284,14 @@ void Harden(SqliteHandle& db) {
     db.Execute("PRAGMA cell_size_check = ON");
 }
 
+/// A file whose texts are in another encoding than ours was not written by us, whatever its application id says.
 int QueryVersion(SqliteHandle& db, std::int64_t& applicationId, std::int64_t& version) {
-    const int result = db.QueryNumber("PRAGMA application_id", applicationId);
-    return result == SQLITE_OK ? db.QueryNumber("PRAGMA user_version", version) : result;
+    std::int64_t ourEncoding = 0;
+    int result = db.QueryNumber("PRAGMA application_id", applicationId);
+    if (result == SQLITE_OK) result = db.QueryNumber("PRAGMA user_version", version);
+    if (result == SQLITE_OK) result = db.QueryNumber("SELECT encoding = 'UTF-8' FROM pragma_encoding", ourEncoding);
+    if (result == SQLITE_OK && ourEncoding == 0) applicationId = 0;
+    return result;
 }
 
 bool FolderIsWritable(const std::string& path) {
