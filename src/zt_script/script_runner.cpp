@@ -65,7 +65,7 @@ std::string ScriptRunner::Usage() {
 
 CommandResult ScriptRunner::RunRefused(ScriptSession& session, ScriptWords words) {
     if (words.empty()) return CommandResult::Unreadable("refused COMMAND");
-    const CommandResult result = RunCommand(session, words);
+    CommandResult result = RunCommand(session, words);
     if (result.kind == CommandResult::Kind::Unreadable || result.kind == CommandResult::Kind::Unexpected) return result;
     session.SetReason(result.found);
     const bool refused = result.kind == CommandResult::Kind::Refused;
