@@ -10,7 +10,8 @@
 namespace zt {
 namespace {
 
-constexpr std::span<const ScriptCommand> (*kTables[])() = {&ModelCommands, &RecordCommands, &HistoryCommands};
+constexpr std::span<const ScriptCommand> (*kTables[])() = {&ModelCommands, &RecordCommands, &HistoryCommands,
+                                                           &ChangeCommands};
 
 /// Number of words in which a command's name fits the beginning of a line; 0 when it does not.
 std::size_t FittingWords(std::string_view name, ScriptWords words) {
@@ -115,6 +116,9 @@ ScriptCount ScriptRunner::RunText(const std::string& name, std::string_view text
     ScriptSession session(output_);
     ScriptCount count;
     int lineNumber = 0;
+    if (constexpr std::string_view kByteOrderMark = "\xef\xbb\xbf"; text.starts_with(kByteOrderMark)) {
+        text.remove_prefix(kByteOrderMark.size());
+    }
     for (std::size_t at = 0; at < text.size();) {
         const std::size_t end = std::min(text.find('\n', at), text.size());
         const ScriptLine line = ReadScriptLine(text.substr(at, end - at));
