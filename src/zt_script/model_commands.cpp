@@ -2,7 +2,6 @@
 
 #include "velda_lib/language.h"
 #include "velda_lib/number_text.h"
-#include "zt_db/sample/sample_building.h"
 #include "zt_script/command.h"
 #include "zt_script/script_session.h"
 
@@ -30,8 +29,7 @@ CommandResult SaveModel(ScriptSession& session, ScriptWords words) {
 
 CommandResult SampleModel(ScriptSession& session, ScriptWords words) {
     if (words.size() != 1) return CommandResult::Unreadable("model sample NAME");
-    session.NewModel();
-    return CommandResult::Of(BuildSample(session.Database(), words[0].value));
+    return CommandResult::Of(session.SampleModel(words[0].value));
 }
 
 struct QuantityName {
