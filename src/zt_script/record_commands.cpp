@@ -1,3 +1,4 @@
+#include "velda_lib/msg_dll.h"
 #include "velda_lib/number_text.h"
 #include "zt_script/command.h"
 #include "zt_script/record_text.h"
@@ -47,7 +48,10 @@ CommandResult ResultOf(ScriptSession& session, int done) {
 }
 
 CommandResult NoSuchRecord(ScriptSession& session, const Target& target) {
-    return CommandResult::Refused(session.Database().RecordLabel(target.classIndex, target.key) + " does not exist.");
+    const std::string mnemonic(session.Database().StoreAt(target.classIndex).Identity().mnemonic);
+    return CommandResult::Refused(velda::FormatText(
+        "IDS_DB_REASON_KEY_MISSING",
+        {velda::CMsgDll::pfuncLoadStr("IDS_DB_DATA_NAME_" + mnemonic, 0), velda::FormatLong(target.key)}));
 }
 
 CommandResult AddRecord(ScriptSession& session, ScriptWords words) {
