@@ -1,3 +1,4 @@
+#include <cmath>
 #include <fstream>
 
 #include "velda_lib/language.h"
@@ -81,8 +82,10 @@ CommandResult ExpectFactor(ScriptSession& session, ScriptWords words) {
         !velda::ReadWholeDouble(words[1].value, factor)) {
         return CommandResult::Unreadable("expect factor CODE NUMBER");
     }
-    return CommandResult::Compare(velda::FormatDouble(factor),
-                                  velda::FormatDouble(session.Units().GetConvertFactorCurrent(static_cast<int>(code))));
+    constexpr double kTolerance = 1.0e-14;  // factors are quotients of rounded numbers
+    const double found = session.Units().GetConvertFactorCurrent(static_cast<int>(code));
+    return CommandResult::Check(std::abs(found - factor) <= kTolerance * std::abs(factor), velda::FormatDouble(factor),
+                                velda::FormatDouble(found));
 }
 
 /// Writes a file of plain text, line by line.
