@@ -50,5 +50,6 @@ struct ScriptCommand {
 std::span<const ScriptCommand> ModelCommands();
 std::span<const ScriptCommand> RecordCommands();
 std::span<const ScriptCommand> HistoryCommands();
+std::span<const ScriptCommand> ChangeCommands();
 
 }  // namespace zt

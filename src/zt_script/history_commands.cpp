@@ -76,33 +76,6 @@ CommandResult ExpectRedo(ScriptSession& session, ScriptWords words) {
     return ExpectStep(words, session.Database().GetRedoNames());
 }
 
-/// The change code of an entry as scripts write it: "THIK MFD".
-std::string EntryText(const DB_CDataBase& database, std::uint64_t entry) {
-    constexpr std::string_view kKinds[] = {" ADD", " DEL", " MFD", " MFS"};
-    const auto code = static_cast<std::uint32_t>(entry);
-    for (std::uint16_t i = 0; i < database.ClassCount(); ++i) {
-        const RecordIdentity& identity = database.StoreAt(i).Identity();
-        for (std::size_t kind = 0; kind < kChangeEntryKinds; ++kind) {
-            if (static_cast<std::uint32_t>(identity.codes[kind]) == code) {
-                return std::string(identity.mnemonic) + std::string(kKinds[kind]);
-            }
-        }
-    }
-    return "unknown code " + std::to_string(code);
-}
-
-CommandResult ExpectChanges(ScriptSession& session, ScriptWords words) {
-    std::string expected;
-    for (const ScriptWord& word : words) expected += (expected.empty() ? "" : ", ") + word.value;
-    std::string found;
-    const CViewBuff& buffer = *session.Database().GetViewBuff();
-    for (POSITION position = buffer.GetHeadPosition(); position;) {
-        const std::uint64_t entry = buffer.GetNext(position);
-        found += (found.empty() ? "" : ", ") + EntryText(session.Database(), entry);
-    }
-    return CommandResult::Compare(expected, found);
-}
-
 CommandResult ExpectReason(ScriptSession& session, ScriptWords words) {
     if (words.size() != 1) return CommandResult::Unreadable("expect reason \"text\"");
     return CommandResult::Compare(words[0].value, session.Reason());
@@ -120,7 +93,6 @@ constexpr ScriptCommand kCommands[] = {
     {"expect transactions", &ExpectTransactions, "expect transactions N"},
     {"expect undo", &ExpectUndo, "expect undo \"name\""},
     {"expect redo", &ExpectRedo, "expect redo \"name\""},
-    {"expect changes", &ExpectChanges, "expect changes \"THIK MFD\" \"THIK MFS\" ..."},
     {"expect reason", &ExpectReason, "expect reason \"text\""},
 };
 

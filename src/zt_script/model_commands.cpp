@@ -1,5 +1,8 @@
+#include <cmath>
+#include <fstream>
+
 #include "velda_lib/language.h"
-#include "zt_db/sample/sample_building.h"
+#include "velda_lib/number_text.h"
 #include "zt_script/command.h"
 #include "zt_script/script_session.h"
 
@@ -27,8 +30,7 @@ CommandResult SaveModel(ScriptSession& session, ScriptWords words) {
 
 CommandResult SampleModel(ScriptSession& session, ScriptWords words) {
     if (words.size() != 1) return CommandResult::Unreadable("model sample NAME");
-    session.NewModel();
-    return CommandResult::Of(BuildSample(session.Database(), words[0].value));
+    return CommandResult::Of(session.SampleModel(words[0].value));
 }
 
 struct QuantityName {
@@ -67,10 +69,32 @@ CommandResult SetLanguage(ScriptSession&, ScriptWords words) {
 
 CommandResult ExpectLabel(ScriptSession& session, ScriptWords words) {
     std::int64_t code = 0;
-    if (words.size() != 2 || !velda::ReadWholeLong(words[0].value, code)) {
+    if (words.size() != 2 || !velda::ReadWholeLong(words[0].value, code) || !std::in_range<int>(code)) {
         return CommandResult::Unreadable("expect unit CODE \"label\"");
     }
     return CommandResult::Compare(words[1].value, session.Units().Label(static_cast<int>(code)));
+}
+
+CommandResult ExpectFactor(ScriptSession& session, ScriptWords words) {
+    std::int64_t code = 0;
+    double factor = 0.0;
+    if (words.size() != 2 || !velda::ReadWholeLong(words[0].value, code) || !std::in_range<int>(code) ||
+        !velda::ReadWholeDouble(words[1].value, factor)) {
+        return CommandResult::Unreadable("expect factor CODE NUMBER");
+    }
+    constexpr double kTolerance = 1.0e-14;  // factors are quotients of rounded numbers
+    const double found = session.Units().GetConvertFactorCurrent(static_cast<int>(code));
+    return CommandResult::Check(std::abs(found - factor) <= kTolerance * std::abs(factor), velda::FormatDouble(factor),
+                                velda::FormatDouble(found));
+}
+
+/// Writes a file of plain text, line by line.
+CommandResult WriteFile(ScriptSession&, ScriptWords words) {
+    if (words.empty()) return CommandResult::Unreadable("file write FILE [\"line\" ...]");
+    std::ofstream file(words[0].value, std::ios::binary);
+    for (const ScriptWord& line : words.subspan(1)) file << line.value << '\n';
+    file.close();
+    return file ? CommandResult::Done() : CommandResult::Refused(words[0].value + " cannot be written");
 }
 
 constexpr ScriptCommand kCommands[] = {
@@ -81,6 +105,8 @@ constexpr ScriptCommand kCommands[] = {
     {"units", &SetUnits, "units force=kN length=mm modelLength=m mass=t temperature=C"},
     {"lang", &SetLanguage, "lang en|ko"},
     {"expect unit", &ExpectLabel, "expect unit CODE \"label\""},
+    {"expect factor", &ExpectFactor, "expect factor CODE NUMBER"},
+    {"file write", &WriteFile, "file write FILE [\"line\" ...]"},
 };
 
 }  // namespace

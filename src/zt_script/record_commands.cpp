@@ -1,7 +1,7 @@
-#include <algorithm>
-
+#include "velda_lib/msg_dll.h"
 #include "velda_lib/number_text.h"
 #include "zt_script/command.h"
+#include "zt_script/record_text.h"
 #include "zt_script/script_session.h"
 
 namespace zt {
@@ -35,30 +35,6 @@ std::string ReadTarget(ScriptSession& session, ScriptWords words, Target& target
     return {};
 }
 
-int FindColumn(const RecordStoreBase& store, const std::string& name) {
-    const auto& names = store.ColumnNames();
-    const auto found = std::find(names.begin(), names.end(), name);
-    return found == names.end() ? -1 : static_cast<int>(found - names.begin());
-}
-
-/// Text of a field as scripts show and compare it: real numbers in "%.15g" form.
-std::string ShownText(const RecordStoreBase& store, const ImageList& images, std::uint32_t image, int column) {
-    const std::string text = images.FieldText(image, column);
-    const bool isReal = store.ColumnKinds()[static_cast<std::size_t>(column)] == ColumnKind::Real;
-    return isReal ? velda::FormatDouble(velda::wtof(text)) : text;
-}
-
-/// Writes "field=value" words into a record; the error text is empty when all are right.
-std::string ApplyFields(const RecordStoreBase& store, ScriptWords words, ImageList& images, std::uint32_t image) {
-    for (const ScriptWord& word : words) {
-        if (!word.assigns) return "field=value is needed instead of " + word.value;
-        const int column = FindColumn(store, word.name);
-        if (column < 0) return std::string(store.Identity().mnemonic) + " has no field " + word.name;
-        if (!images.SetFieldText(image, column, word.value)) return word.name + " cannot be \"" + word.value + "\"";
-    }
-    return {};
-}
-
 std::unique_ptr<ImageList> CopyOf(ScriptSession& session, const Target& target) {
     const RecordStoreBase& store = session.Database().StoreAt(target.classIndex);
     if (!store.Exists(target.key)) return nullptr;
@@ -72,7 +48,10 @@ CommandResult ResultOf(ScriptSession& session, int done) {
 }
 
 CommandResult NoSuchRecord(ScriptSession& session, const Target& target) {
-    return CommandResult::Refused(session.Database().RecordLabel(target.classIndex, target.key) + " does not exist.");
+    const std::string mnemonic(session.Database().StoreAt(target.classIndex).Identity().mnemonic);
+    return CommandResult::Refused(velda::FormatText(
+        "IDS_DB_REASON_KEY_MISSING",
+        {velda::CMsgDll::pfuncLoadStr("IDS_DB_DATA_NAME_" + mnemonic, 0), velda::FormatLong(target.key)}));
 }
 
 CommandResult AddRecord(ScriptSession& session, ScriptWords words) {
@@ -151,17 +130,12 @@ CommandResult ShowRecord(ScriptSession& session, ScriptWords words) {
     if (std::string error = ReadTarget(session, words, target); !error.empty()) return CommandResult::Unreadable(error);
     const std::unique_ptr<ImageList> images = CopyOf(session, target);
     if (!images) return NoSuchRecord(session, target);
+    images->RoundReals(0);
     const RecordStoreBase& store = session.Database().StoreAt(target.classIndex);
     session.Output() << store.Identity().mnemonic << ' ' << target.key;
     for (int column = 0; column < static_cast<int>(store.ColumnNames().size()); ++column) {
-        std::string text = ShownText(store, *images, 0, column);
-        const bool isText = store.ColumnKinds()[static_cast<std::size_t>(column)] == ColumnKind::Text;
-        if (isText && !text.starts_with('[')) {
-            std::string quoted;
-            AppendQuoted(quoted, text);
-            text = quoted;
-        }
-        session.Output() << ' ' << store.ColumnNames()[static_cast<std::size_t>(column)] << '=' << text;
+        session.Output() << ' ' << store.ColumnNames()[static_cast<std::size_t>(column)] << '='
+                         << ShownText(store, *images, 0, column);
     }
     session.Output() << '\n';
     return CommandResult::Done();
@@ -171,22 +145,9 @@ CommandResult ExpectRecord(ScriptSession& session, ScriptWords words) {
     Target target;
     if (std::string error = ReadTarget(session, words, target); !error.empty()) return CommandResult::Unreadable(error);
     const RecordStoreBase& store = session.Database().StoreAt(target.classIndex);
-    std::string name = words[0].value + " " + words[1].value;
-    std::unique_ptr<ImageList> wanted = store.NewImages();
-    const std::uint32_t image = wanted->AppendDefault();
-    if (std::string error = ApplyFields(store, words.subspan(2), *wanted, image); !error.empty()) {
-        return CommandResult::Unreadable(error);
-    }
+    const std::string name = words[0].value + " " + words[1].value;
     const std::unique_ptr<ImageList> actual = CopyOf(session, target);
-    if (!actual) return CommandResult::Check(false, name, "no such record");
-    std::string expected = name;
-    std::string found = name;
-    for (const ScriptWord& word : words.subspan(2)) {
-        const int column = FindColumn(store, word.name);
-        expected += " " + word.name + "=" + ShownText(store, *wanted, image, column);
-        found += " " + word.name + "=" + ShownText(store, *actual, 0, column);
-    }
-    return CommandResult::Compare(expected, found);
+    return CompareFields(store, name, words.subspan(2), actual.get());
 }
 
 CommandResult ExpectNoRecord(ScriptSession& session, ScriptWords words) {

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <exception>
 #include <fstream>
-#include <sstream>
 
 #include "velda_lib/language.h"
 #include "zt_script/script_session.h"
@@ -11,7 +10,8 @@
 namespace zt {
 namespace {
 
-constexpr std::span<const ScriptCommand> (*kTables[])() = {&ModelCommands, &RecordCommands, &HistoryCommands};
+constexpr std::span<const ScriptCommand> (*kTables[])() = {&ModelCommands, &RecordCommands, &HistoryCommands,
+                                                           &ChangeCommands};
 
 /// Number of words in which a command's name fits the beginning of a line; 0 when it does not.
 std::size_t FittingWords(std::string_view name, ScriptWords words) {
@@ -87,7 +87,7 @@ CommandResult ScriptRunner::RunLine(ScriptSession& session, ScriptWords words, b
     const bool expects = words[0].value == "expect" && !words[0].quoted;
     isCheck = refused || expects;
     if (refused) return RunRefused(session, words.subspan(1));
-    if (expects && words.size() > 2 && words[1].value == "not") return RunNegated(session, words);
+    if (expects && words.size() > 2 && words[1].value == "not" && !words[1].quoted) return RunNegated(session, words);
     return RunCommand(session, words);
 }
 
@@ -116,6 +116,9 @@ ScriptCount ScriptRunner::RunText(const std::string& name, std::string_view text
     ScriptSession session(output_);
     ScriptCount count;
     int lineNumber = 0;
+    if (constexpr std::string_view kByteOrderMark = "\xef\xbb\xbf"; text.starts_with(kByteOrderMark)) {
+        text.remove_prefix(kByteOrderMark.size());
+    }
     for (std::size_t at = 0; at < text.size();) {
         const std::size_t end = std::min(text.find('\n', at), text.size());
         const ScriptLine line = ReadScriptLine(text.substr(at, end - at));
@@ -135,15 +138,16 @@ ScriptCount ScriptRunner::RunText(const std::string& name, std::string_view text
 
 ScriptCount ScriptRunner::RunFile(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
-    std::ostringstream text;
-    if (!file || !(text << file.rdbuf())) {
-        ScriptCount count;
-        if (file && text.str().empty() && file.peek() == std::ifstream::traits_type::eof()) return count;
-        ++count.unreadable;
-        output_ << path << ": cannot be read\n";
-        return count;
+    std::string text;
+    char block[4096];
+    while (file.read(block, sizeof block) || file.gcount() > 0) {
+        text.append(block, static_cast<std::size_t>(file.gcount()));
     }
-    return RunText(path, text.str());
+    if (file.eof()) return RunText(path, text);
+    output_ << path << ": cannot be read\n";
+    ScriptCount count;
+    ++count.unreadable;
+    return count;
 }
 
 }  // namespace zt

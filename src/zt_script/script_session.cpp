@@ -1,5 +1,7 @@
 #include "zt_script/script_session.h"
 
+#include "zt_db/sample/sample_building.h"
+
 namespace zt {
 
 // The units that the script chose stay when it turns to another model.
@@ -22,6 +24,13 @@ velda::Outcome ScriptSession::OpenModel(const std::string& path, OpenMode mode) 
     for (const std::string& loss : report.losses) output_ << loss << '\n';
     Use(std::move(doc));
     return velda::Outcome::Done();
+}
+
+velda::Outcome ScriptSession::SampleModel(const std::string& name) {
+    std::unique_ptr<CDBDoc> doc = CDBDoc::New(Settings());
+    velda::Outcome outcome = BuildSample(*doc->GetMDBCtrl()->GetCurrentDB(), name);
+    if (outcome) Use(std::move(doc));
+    return outcome;
 }
 
 }  // namespace zt

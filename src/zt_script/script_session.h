@@ -23,6 +23,9 @@ public:
     /// Opens a model; the one that was open stays when that is refused.
     velda::Outcome OpenModel(const std::string& path, OpenMode mode);
 
+    /// Turns to a new model with a sample building; the one that was open stays when there is no such sample.
+    velda::Outcome SampleModel(const std::string& name);
+
     /// Starts the count of transactions anew.
     void Mark() { mark_ = Database().GetTransactionCount(); }
     std::uint64_t TransactionsSinceMark() { return Database().GetTransactionCount() - mark_; }

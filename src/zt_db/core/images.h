@@ -97,6 +97,9 @@ public:
     virtual void ToCurrent(std::uint32_t index, const CUnitCtrl& units) = 0;
     virtual void ToBase(std::uint32_t index, const CUnitCtrl& units) = 0;
 
+    /// Rounds every real number, those in lists included, to the 15 digits in which it is shown.
+    virtual void RoundReals(std::uint32_t index) = 0;
+
     virtual std::string FieldText(std::uint32_t index, int column) const = 0;
     /// False, and the field is unchanged, when the text is no value of the field's kind.
     virtual bool SetFieldText(std::uint32_t index, int column, std::string_view text) = 0;
@@ -147,6 +150,14 @@ public:
 
     void ToCurrent(std::uint32_t index, const CUnitCtrl& units) override { RecordToCurrent(records[index], units); }
     void ToBase(std::uint32_t index, const CUnitCtrl& units) override { RecordToBase(records[index], units); }
+    void RoundReals(std::uint32_t index) override {
+        VisitScalars(records[index], [](auto, auto&, auto& value) {
+            if constexpr (std::is_same_v<std::remove_cvref_t<decltype(value)>, double>) {
+                const double rounded = velda::wtof(velda::FormatDouble(value));
+                if (std::isfinite(rounded)) value = rounded;
+            }
+        });
+    }
 
     std::string FieldText(std::uint32_t index, int column) const override {
         std::string text;

@@ -203,8 +203,9 @@ private:
     template <class Value>
     static constexpr ColumnKind KindOf() {
         if constexpr (std::is_same_v<Value, double>) return ColumnKind::Real;
-        else if constexpr (ScalarValue<Value> && !std::is_same_v<Value, std::string>) return ColumnKind::Integer;
-        else return ColumnKind::Text;
+        else if constexpr (std::is_same_v<Value, std::string>) return ColumnKind::Text;
+        else if constexpr (ScalarValue<Value>) return ColumnKind::Integer;
+        else return ColumnKind::List;
     }
 
     template <class Value>

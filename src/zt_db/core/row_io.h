@@ -24,7 +24,7 @@ public:
     virtual bool Text(int column, std::string_view& value) = 0;
 };
 
-/// How a column is stored.
-enum class ColumnKind { Integer, Real, Text };
+/// How a column is stored; a list as its text.
+enum class ColumnKind { Integer, Real, Text, List };
 
 }  // namespace zt

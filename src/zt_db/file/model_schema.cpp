@@ -8,7 +8,7 @@ namespace {
 std::string TableName(const RecordStoreBase& store) { return SqlName(store.Identity().mnemonic); }
 
 std::string ColumnSql(const RecordStoreBase& store, int column) {
-    constexpr const char* kTypes[] = {" INTEGER NOT NULL", " REAL NOT NULL", " TEXT NOT NULL"};
+    constexpr const char* kTypes[] = {" INTEGER NOT NULL", " REAL NOT NULL", " TEXT NOT NULL", " TEXT NOT NULL"};
     const auto at = static_cast<std::size_t>(column);
     return SqlName(store.ColumnNames()[at]) + kTypes[static_cast<std::size_t>(store.ColumnKinds()[at])];
 }
@@ -23,7 +23,8 @@ std::string DefaultLiteral(const RecordStoreBase& store, int column) {
     switch (store.ColumnKinds()[static_cast<std::size_t>(column)]) {
         case ColumnKind::Integer: return text;
         case ColumnKind::Real: return "CAST(" + text + " AS REAL)";
-        case ColumnKind::Text: break;
+        case ColumnKind::Text:
+        case ColumnKind::List: break;
     }
     return SqlText(text);
 }
@@ -37,7 +38,8 @@ std::string CreateTableSql(const RecordStoreBase& store) {
 std::string AddColumnSql(const RecordStoreBase& store, int column) {
     const std::unique_ptr<ImageList> images = store.NewImages();
     const std::string text = images->FieldText(images->AppendDefault(), column);
-    const bool isText = store.ColumnKinds()[static_cast<std::size_t>(column)] == ColumnKind::Text;
+    const ColumnKind kind = store.ColumnKinds()[static_cast<std::size_t>(column)];
+    const bool isText = kind == ColumnKind::Text || kind == ColumnKind::List;
     return "ALTER TABLE " + TableName(store) + " ADD COLUMN " + ColumnSql(store, column) + " DEFAULT " +
            (isText ? SqlText(text) : text);
 }

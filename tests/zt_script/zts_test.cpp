@@ -1,0 +1,156 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+
+#include "zt_db/sample/sample_building.h"
+#include "zt_db/test_support.h"
+
+namespace zt {
+namespace {
+
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+/// Runs the command line in a folder of its own.
+class ZtsTest : public testing::Test {
+protected:
+    struct Result {
+        int status = -1;
+        std::string output;
+        std::string errors;
+    };
+
+    Result Zts(const std::string& words) const {
+        const std::string folder = folder_.Path().string();
+        const std::string command = "cd '" + folder + "' && '" ZT_ZTS "' " + words + " >output 2>errors";
+        const int ended = std::system(command.c_str());
+        return {WIFEXITED(ended) ? WEXITSTATUS(ended) : -1, Content("output"), Content("errors")};
+    }
+    void Write(const std::string& name, std::string_view text) const {
+        std::ofstream(folder_.File(name), std::ios::binary) << text;
+    }
+    std::string Content(const std::string& name) const {
+        std::ostringstream text;
+        text << std::ifstream(folder_.File(name), std::ios::binary).rdbuf();
+        return text.str();
+    }
+    void SaveSample(const std::string& name) const {
+        const auto doc = CDBDoc::New();
+        ASSERT_TRUE(BuildSample(*doc->GetMDBCtrl()->GetCurrentDB(), "small"));
+        ASSERT_TRUE(doc->SaveAs(folder_.File(name)));
+    }
+
+private:
+    TemporaryFolder folder_;
+};
+
+TEST_F(ZtsTest, WrongWordsGetTheUsageAndStatusTwo) {
+    for (const char* words : {"", "nonsense", "info", "info a b", "script", "HELP"}) {
+        const Result result = Zts(words);
+        EXPECT_EQ(result.status, 2) << words;
+        EXPECT_EQ(result.output, "") << words;
+        EXPECT_THAT(result.errors, StartsWith("zts info FILE")) << words;
+    }
+}
+
+TEST_F(ZtsTest, HelpTellsTheUsageAndTheCommandsOfScripts) {
+    const Result result = Zts("help");
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.errors, "");
+    EXPECT_THAT(result.output, StartsWith("zts info FILE"));
+    EXPECT_THAT(result.output, HasSubstr("Commands of scripts:\n"));
+    EXPECT_THAT(result.output, HasSubstr("  record add CLASS KEY [field=value ...]\n"));
+    EXPECT_EQ(Zts("--help").output, result.output);
+}
+
+TEST_F(ZtsTest, InfoTellsWhatAModelHolds) {
+    SaveSample("model.ztm");
+    const Result result = Zts("info model.ztm");
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.errors, "");
+    EXPECT_THAT(result.output, StartsWith("model.ztm, format "));
+    EXPECT_THAT(result.output, HasSubstr("\n  PONT  12  Node\n"));
+    EXPECT_THAT(result.output, HasSubstr("\n  MEMB  20  Member\n"));
+    EXPECT_THAT(result.output, HasSubstr("\n  MBTP  0  Member Type Data\n"));
+}
+
+TEST_F(ZtsTest, InfoLeavesTheFileAsItIs) {
+    SaveSample("model.ztm");
+    const std::string before = Content("model.ztm");
+    EXPECT_EQ(Zts("info model.ztm").status, 0);
+    EXPECT_EQ(Content("model.ztm"), before);
+}
+
+TEST_F(ZtsTest, InfoOfAMissingFileFails) {
+    const Result result = Zts("info missing.ztm");
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.output, "");
+    EXPECT_EQ(result.errors, "The file \"missing.ztm\" does not exist.\n");
+}
+
+TEST_F(ZtsTest, InfoOfATextFileFails) {
+    Write("text.txt", "no model");
+    const Result result = Zts("info text.txt");
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.errors, "The file \"text.txt\" is not a model file.\n");
+}
+
+TEST_F(ZtsTest, AScriptThatPassesHasStatusZero) {
+    Write("a.zts", "record add THIK 1\nexpect count THIK 1\nrefused record add THIK 1\n");
+    const Result result = Zts("script a.zts");
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.output, "2 passed, 0 failed\n");
+}
+
+TEST_F(ZtsTest, AScriptWithAFailureHasStatusOne) {
+    Write("a.zts", "expect count THIK 1\nexpect count THIK 0\n");
+    const Result result = Zts("script a.zts");
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.output, "a.zts:1: expected 1, found 0\n1 passed, 1 failed\n");
+}
+
+TEST_F(ZtsTest, AScriptThatCannotBeReadHasStatusTwo) {
+    Write("a.zts", "nonsense\nexpect count THIK 1\nexpect count THIK 0\n");
+    const Result result = Zts("script a.zts");
+    EXPECT_EQ(result.status, 2);
+    EXPECT_THAT(result.output, StartsWith("a.zts:1: unknown command nonsense\n"));
+    EXPECT_THAT(result.output, EndsWith("1 passed, 1 failed, 1 not readable\n"));
+}
+
+TEST_F(ZtsTest, AMissingScriptHasStatusTwoAndTheOthersRun) {
+    Write("a.zts", "expect count THIK 0\n");
+    const Result result = Zts("script missing.zts a.zts");
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.output, "missing.zts: cannot be read\n1 passed, 0 failed, 1 not readable\n");
+}
+
+TEST_F(ZtsTest, SeveralScriptsAreCountedTogetherAndStartAnew) {
+    Write("a.zts", "lang ko\nunits length=mm\nrecord add THIK 1\nexpect undo \"두께 추가\"\n");
+    Write("b.zts", "expect count THIK 0\nexpect unit 2 \"m\"\nrecord add THIK 1\nexpect undo \"Add Thickness\"\n");
+    const Result result = Zts("script a.zts b.zts");
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.output, "4 passed, 0 failed\n");
+}
+
+TEST_F(ZtsTest, AnEmptyScriptPassesWithNothing) {
+    Write("empty.zts", "");
+    const Result result = Zts("script empty.zts");
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.output, "0 passed, 0 failed\n");
+}
+
+TEST_F(ZtsTest, AModelSavedByAScriptIsThereForTheNextRun) {
+    Write("save.zts", "model sample small\nmodel save model.ztm\nrecord add THIK 9 name=\"later\"\n");
+    Write("open.zts", "model open model.ztm\nexpect record THIK 9 name=\"later\"\nexpect undo \"\"\n");
+    EXPECT_EQ(Zts("script save.zts").status, 0);
+    EXPECT_EQ(Zts("script open.zts").output, "2 passed, 0 failed\n");
+    EXPECT_THAT(Zts("info model.ztm").output, HasSubstr("\n  THIK  3  Thickness\n"));
+}
+
+}  // namespace
+}  // namespace zt
