@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "velda_lib/msg_dll.h"
 #include "zt_db/doc/doc.h"
 #include "zt_script/script_runner.h"
 
@@ -25,9 +24,7 @@ void PrintContent(zt::CDBDoc& doc, const zt::OpenReport& report) {
     std::cout << doc.GetPath() << ", format " << report.formatVersion << '\n';
     for (std::uint16_t i = 0; i < database.ClassCount(); ++i) {
         const zt::RecordStoreBase& store = database.StoreAt(i);
-        const std::string mnemonic(store.Identity().mnemonic);
-        std::cout << "  " << mnemonic << "  " << store.Count() << "  "
-                  << velda::CMsgDll::pfuncLoadStr("IDS_DB_DATA_NAME_" + mnemonic, 0) << '\n';
+        std::cout << "  " << store.Identity().mnemonic << "  " << store.Count() << "  " << store.DisplayName() << '\n';
     }
 }
 

@@ -48,10 +48,9 @@ CommandResult ResultOf(ScriptSession& session, int done) {
 }
 
 CommandResult NoSuchRecord(ScriptSession& session, const Target& target) {
-    const std::string mnemonic(session.Database().StoreAt(target.classIndex).Identity().mnemonic);
-    return CommandResult::Refused(velda::FormatText(
-        "IDS_DB_REASON_KEY_MISSING",
-        {velda::CMsgDll::pfuncLoadStr("IDS_DB_DATA_NAME_" + mnemonic, 0), velda::FormatLong(target.key)}));
+    const RecordStoreBase& store = session.Database().StoreAt(target.classIndex);
+    return CommandResult::Refused(
+        velda::FormatText("IDS_DB_REASON_KEY_MISSING", {store.DisplayName(), velda::FormatLong(target.key)}));
 }
 
 CommandResult AddRecord(ScriptSession& session, ScriptWords words) {

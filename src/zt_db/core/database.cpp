@@ -50,8 +50,7 @@ int DB_CDataBase::FindClass(std::string_view mnemonic) const {
 std::string DB_CDataBase::RecordLabel(std::uint16_t classIndex, std::uint32_t key) const {
     const RecordStoreBase& store = StoreAt(classIndex);
     const std::uint32_t number = store.HasNumbers() && store.Exists(key) ? store.NumberOfKey(key) : key;
-    return velda::CMsgDll::pfuncLoadStr("IDS_DB_DATA_NAME_" + std::string(store.Identity().mnemonic), 0) + " " +
-           velda::FormatLong(number);
+    return store.DisplayName() + " " + velda::FormatLong(number);
 }
 
 // ---- transactions ----------------------------------------------------------------------------------------------------
@@ -291,10 +290,8 @@ std::string DB_CDataBase::NameOf(const Step& step) const {
     constexpr std::string_view kOne[] = {"IDS_DB_STEP_ADD", "IDS_DB_STEP_DELETE", "IDS_DB_STEP_MODIFY"};
     constexpr std::string_view kMany[] = {"IDS_DB_STEP_ADD_MANY", "IDS_DB_STEP_DELETE_MANY", "IDS_DB_STEP_MODIFY_MANY"};
     const auto action = static_cast<std::size_t>(step.name.action);
-    const std::string_view mnemonic = StoreAt(step.name.classIndex).Identity().mnemonic;
-    const std::string className = velda::CMsgDll::pfuncLoadStr("IDS_DB_DATA_NAME_" + std::string(mnemonic), 0);
     return FormatText(step.name.count == 1 ? kOne[action] : kMany[action],
-                      {className, velda::FormatLong(step.name.count)});
+                      {StoreAt(step.name.classIndex).DisplayName(), velda::FormatLong(step.name.count)});
 }
 
 std::vector<std::string> DB_CDataBase::NamesOf(const std::vector<std::shared_ptr<Step>>& steps) const {

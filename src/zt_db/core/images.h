@@ -22,11 +22,13 @@ void RecordToCurrent(R& record, const CUnitCtrl& units) {
     });
 }
 
-/// Brings every number of a record that has a unit from the current units to SI units.
+/// Brings every number of a record that has a unit from the current units to SI units. A negative zero, which a file does not
+/// keep, becomes zero.
 template <class R>
 void RecordToBase(R& record, const CUnitCtrl& units) {
     VisitScalars(record, [&](auto tag, auto&, auto& value) {
         if constexpr (decltype(tag)::value.unit > Unit::None) value = units.ToBase(decltype(tag)::value.unit, value);
+        if constexpr (std::is_same_v<std::remove_cvref_t<decltype(value)>, double>) value += 0.0;
     });
 }
 

@@ -12,18 +12,13 @@ using velda::FormatText;
 using velda::Outcome;
 using Keys = std::vector<std::uint32_t>;
 
-std::string ClassName(const DB_CDataBase& database, std::uint16_t classIndex) {
-    const std::string_view mnemonic = database.StoreAt(classIndex).Identity().mnemonic;
-    return velda::CMsgDll::pfuncLoadStr("IDS_DB_DATA_NAME_" + std::string(mnemonic), 0);
-}
-
 std::uint16_t IndexOf(const RecordIdentity& identity) { return static_cast<std::uint16_t>(identity.index); }
 
 /// Checks and completes the records that come to a class: keys, numbers, finite values.
 class Arrival {
 public:
     Arrival(const DB_CDataBase& database, std::uint16_t classIndex)
-        : database_(database), store_(database.StoreAt(classIndex)), classIndex_(classIndex) {}
+        : database_(database), store_(database.StoreAt(classIndex)) {}
 
     /// Names the records that leave their place in the same batch, so that their keys and numbers are free.
     Outcome Leaving(const Keys& keys) {
@@ -40,7 +35,7 @@ public:
         seen.Reserve(keys.size());
         for (const std::uint32_t key : keys) {
             if (key == 0) {
-                return Outcome::Refused(FormatText("IDS_DB_REASON_KEY_ZERO", {ClassName(database_, classIndex_)}));
+                return Outcome::Refused(FormatText("IDS_DB_REASON_KEY_ZERO", {store_.DisplayName()}));
             }
             if (!seen.Put(key, 0)) return Refuse("IDS_DB_REASON_KEY_TWICE", key);
             if (store_.Exists(key) && !leaving_.Contains(key)) return Refuse("IDS_DB_REASON_KEY_EXISTS", key);
@@ -75,7 +70,7 @@ public:
             const int column = records.FirstNotFinite(i);
             if (column < 0) continue;
             return Outcome::Refused(FormatText("IDS_DB_REASON_NOT_FINITE",
-                                               {ClassName(database_, classIndex_), velda::FormatLong(keys[i]),
+                                               {store_.DisplayName(), velda::FormatLong(keys[i]),
                                                 store_.ColumnNames()[static_cast<std::size_t>(column)]}));
         }
         return Outcome::Done();
@@ -83,7 +78,7 @@ public:
 
 private:
     Outcome Refuse(std::string_view textKey, std::uint32_t key) const {
-        return Outcome::Refused(FormatText(textKey, {ClassName(database_, classIndex_), velda::FormatLong(key)}));
+        return Outcome::Refused(FormatText(textKey, {store_.DisplayName(), velda::FormatLong(key)}));
     }
     Outcome RefuseNumber(std::uint32_t number) const { return Refuse("IDS_DB_REASON_NUMBER_TAKEN", number); }
 
@@ -99,7 +94,6 @@ private:
 
     const DB_CDataBase& database_;
     const RecordStoreBase& store_;
-    std::uint16_t classIndex_;
     FlatIndex leaving_;
 };
 
@@ -128,13 +122,14 @@ public:
         }
     }
 
-    /// The first record that stays and needs one that goes, with the number of such records; null when there is none.
+    /// The record with the lowest key that stays and needs one that goes, with the number of such records; null when there is none.
     const User* FirstRefusal(std::uint32_t& count) const {
         const User* first = nullptr;
         count = 0;
         for (const User& user : refusals_) {
             if (gone_[user.classIndex].Contains(user.key)) continue;
-            if (!first) first = &user;
+            const bool lower = !first || std::pair(user.classIndex, user.key) < std::pair(first->classIndex, first->key);
+            if (lower) first = &user;
             ++count;
         }
         return first;
@@ -341,7 +336,7 @@ Outcome CheckReferences(const DB_CDataBase& database, const Batch& batch) {
                 if (!reason.empty() || database.StoreAt(IndexOf(target)).Exists(key)) return;
                 reason = FormatText("IDS_DB_REASON_REFERENCE",
                                     {database.RecordLabel(change.classIndex, change.after.key),
-                                     ClassName(database, IndexOf(target)), velda::FormatLong(key)});
+                                     database.StoreAt(IndexOf(target)).DisplayName(), velda::FormatLong(key)});
             });
         if (reason.empty() && ownClass && ContainsItself(store, change.after.key)) {
             reason = FormatText("IDS_DB_REASON_CONTAINS_ITSELF",

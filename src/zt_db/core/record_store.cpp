@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <limits>
 
+#include "velda_lib/msg_dll.h"
+
 namespace zt {
 namespace {
 
@@ -17,6 +19,10 @@ std::uint32_t LowestFree(Taken taken) {
 }
 
 }  // namespace
+
+std::string RecordStoreBase::DisplayName() const {
+    return velda::CMsgDll::pfuncLoadStr("IDS_DB_DATA_NAME_" + std::string(Identity().mnemonic), 0);
+}
 
 std::uint32_t RecordStoreBase::NewKey() const {
     if (largestKey_ < kLargestSigned) return largestKey_ + 1;

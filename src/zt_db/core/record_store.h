@@ -40,6 +40,8 @@ public:
 
     // ---- what a class looks like
     virtual const RecordIdentity& Identity() const = 0;
+    /// Name of the class in the current language: "Thickness".
+    std::string DisplayName() const;
     virtual const std::vector<std::string>& ColumnNames() const = 0;
     virtual const std::vector<ColumnKind>& ColumnKinds() const = 0;
     virtual std::unique_ptr<ImageList> NewImages() const = 0;
