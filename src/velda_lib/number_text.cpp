@@ -2,6 +2,7 @@
 
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <limits>
 
 namespace velda {
@@ -88,6 +89,14 @@ std::string DoubleText(double value, Precision... precision) {
 }  // namespace
 
 std::string FormatDouble(double value) { return DoubleText(value, 15); }
+
+// Most numbers have few decimals; a number that is the nearest one to a decimal of up to 15 digits is its own text's number.
+double RoundToShown(double value) {
+    constexpr double kDecimals = 1.0e6;
+    constexpr double kLargest = 1.0e9;
+    if (std::abs(value) < kLargest && std::nearbyint(value * kDecimals) / kDecimals == value) return value;
+    return std::isfinite(value) ? wtof(FormatDouble(value)) : value;
+}
 
 std::string FormatDoubleExact(double value) { return DoubleText(value); }
 

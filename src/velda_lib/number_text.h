@@ -9,6 +9,8 @@ namespace velda {
 
 /// The text of a double in "%.15g" form, independent of the locale.
 std::string FormatDouble(double value);
+/// The number that the "%.15g" text of `value` reads as: what a user sees and types. Equal for numbers that look equal.
+double RoundToShown(double value);
 /// The shortest text that reads back as exactly `value`.
 std::string FormatDoubleExact(double value);
 /// The text of an integer in "%d" form.

@@ -155,8 +155,7 @@ public:
     void RoundReals(std::uint32_t index) override {
         VisitScalars(records[index], [](auto, auto&, auto& value) {
             if constexpr (std::is_same_v<std::remove_cvref_t<decltype(value)>, double>) {
-                const double rounded = velda::wtof(velda::FormatDouble(value));
-                if (std::isfinite(rounded)) value = rounded;
+                value = velda::RoundToShown(value);
             }
         });
     }
