@@ -141,9 +141,9 @@ TEST(CellStore, NumbersThatLookEqualAreEqual) {
     CGXData data(1);
     const RowId a = data.NewRow();
     const RowId b = data.NewRow();
-    data.StoreNumber(a, 0, 3.0 * 3.6);
-    data.StoreNumber(b, 0, 10.8);
-    EXPECT_NE(3.0 * 3.6, 10.8);
+    data.StoreNumber(a, 0, 0.1 + 0.2);
+    data.StoreNumber(b, 0, 0.3);
+    EXPECT_NE(0.1 + 0.2, 0.3);
     EXPECT_EQ(data.Number(a, 0), data.Number(b, 0));
 }
 
