@@ -278,8 +278,8 @@ TEST(ReadWholeLong, TakesOneNumberWithBlanksAroundIt) {
 }
 
 TEST(ReadWholeLong, LeavesTheValueAloneWhenTheTextIsNotOneNumber) {
-    for (const std::string_view text : {"", " ", "12a", "a12", "1 2", "+-5", "-+5", "++5", "--5", "+", "-", "- 5", "1.0",
-                                        "1e3", "0x10", "9223372036854775808", "-9223372036854775809"}) {
+    for (const std::string_view text : {"", " ", "12a", "a12", "1 2", "+-5", "-+5", "++5", "--5", "+", "-", "- 5",
+                                        "1.0", "1e3", "0x10", "9223372036854775808", "-9223372036854775809"}) {
         std::int64_t value = 77;
         EXPECT_FALSE(ReadWholeLong(text, value)) << text;
         EXPECT_EQ(value, 77) << text;
