@@ -48,7 +48,7 @@ struct Library {
 };
 const std::vector<Library>& Libraries() {
     static const std::vector<Library> libraries = {
-        {"sqlite3.h", {"src/zt_db/file/", "tests/zt_db/"}},
+        {"sqlite3.h", {"src/zt_db/file/", "tests/zt_db/", "bench/", "fuzz/"}},
         {"H5", {"src/zt_db/file/", "tests/zt_db/"}},
         {"hdf5", {"src/zt_db/file/", "tests/zt_db/"}},
         {"pugixml", {"src/zt_db/file/"}},
