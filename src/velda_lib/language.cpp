@@ -1,5 +1,6 @@
 #include "velda_lib/language.h"
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 
@@ -29,6 +30,8 @@ LanguageCatalog BuiltIn(const unsigned char* begin, const unsigned char* end) {
 constexpr std::size_t kCountOffset = 8;
 constexpr std::uint32_t kKeyTable = 12;
 constexpr std::uint32_t kTextTable = 16;
+/// A place of a table: length and start of a text.
+constexpr std::size_t kPlaceSize = 8;
 
 }  // namespace
 
@@ -55,10 +58,13 @@ std::uint32_t LanguageCatalog::Word(std::size_t offset) const {
     return word;
 }
 
-std::uint32_t LanguageCatalog::Count() const { return Word(kCountOffset); }
+std::uint32_t LanguageCatalog::Count() const {
+    // A damaged count must not make a walk through the entries endless: each entry takes two table places.
+    return static_cast<std::uint32_t>(std::min<std::size_t>(Word(kCountOffset), size_ / (2 * kPlaceSize)));
+}
 
 std::string_view LanguageCatalog::Entry(std::uint32_t tableWord, std::uint32_t index) const {
-    const std::size_t place = Word(tableWord) + std::size_t{index} * 8;
+    const std::size_t place = Word(tableWord) + std::size_t{index} * kPlaceSize;
     const std::size_t length = Word(place);
     const std::size_t start = Word(place + 4);
     if (start + length > size_) return {};

@@ -26,8 +26,10 @@ struct Reference {
     const RecordIdentity* target = nullptr;
     const RecordIdentity* (*select)(const Owner&) = nullptr;
     IfGone ifGone = IfGone::Refuse;
+    /// Kept beside the addresses: under the sanitizers a comparison of addresses is no constant expression.
+    bool isSet = false;
 
-    constexpr bool IsSet() const { return target != nullptr || select != nullptr; }
+    constexpr bool IsSet() const { return isSet; }
     const RecordIdentity* TargetOf(const Owner& owner) const { return select ? select(owner) : target; }
 };
 
@@ -75,13 +77,13 @@ constexpr Field<Owner, std::uint32_t> Number(const char* name, std::uint32_t Own
 /// A key, or a list of keys, of records of type Target.
 template <class Target, class Owner, class Member>
 constexpr Field<Owner, Member> Refers(const char* name, Member Owner::*member, IfGone ifGone) {
-    return {name, member, kNoUnit, {&IdentityOf<Target>::value, nullptr, ifGone}};
+    return {name, member, kNoUnit, {&IdentityOf<Target>::value, nullptr, ifGone, true}};
 }
 /// A key, or a list of keys, of records of a class that depends on the owner's content.
 template <class Owner, class Member>
 constexpr Field<Owner, Member> RefersBy(const char* name, Member Owner::*member,
                                         const RecordIdentity* (*select)(const Owner&), IfGone ifGone) {
-    return {name, member, kNoUnit, {nullptr, select, ifGone}};
+    return {name, member, kNoUnit, {nullptr, select, ifGone, true}};
 }
 template <class Owner, class Member>
 constexpr Group<Owner, Member> Grouped(const char* name, Member Owner::*member) {
