@@ -1,7 +1,10 @@
 # Settings of every target of our own.
 add_library(zt_build_settings INTERFACE)
 target_compile_options(zt_build_settings INTERFACE
-    $<$<COMPILE_LANGUAGE:CXX>:-Wall -Wextra -Wconversion -Wshadow=local -Werror>
+    $<$<COMPILE_LANGUAGE:CXX>:-Wall -Wextra -Wconversion -Werror>
+    $<$<AND:$<COMPILE_LANGUAGE:CXX>,$<CXX_COMPILER_ID:GNU>>:-Wshadow=local>
+    # Clang counts a change of sign as a conversion, GCC does not.
+    $<$<AND:$<COMPILE_LANGUAGE:CXX>,$<CXX_COMPILER_ID:Clang>>:-Wno-sign-conversion>
     # False alarms of GCC 12 on std::string with -O3.
     $<$<AND:$<COMPILE_LANGUAGE:CXX>,$<CXX_COMPILER_ID:GNU>>:-Wno-restrict>)
 
