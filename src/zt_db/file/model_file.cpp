@@ -48,19 +48,29 @@ bool IsSameFile(const std::string& a, const std::string& b) {
     return !b.empty() && fs::equivalent(a, b, error) && !error;
 }
 
-/// Makes sure that nobody works on the file that is to be replaced, and that no journal of it is left to be played into the
-/// new one.
-Outcome ReleaseTarget(const std::string& path) {
+/// Refuses a file that is open somewhere or write-protected.
+Outcome CheckTarget(const std::string& path) {
     std::error_code error;
     if (fs::is_directory(path, error)) return Outcome::Refused(FormatText("IDS_DB_FILE_IS_FOLDER", {path}));
     if (!fs::exists(path, error)) return Outcome::Done();
+    if (faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0) {
+        return Outcome::Refused(FormatText("IDS_DB_FILE_READ_ONLY", {path}));
+    }
     SqliteHandle old;
     int result = old.Open(path, SQLITE_OPEN_READWRITE);
     if (result == SQLITE_OK) result = old.Execute("PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE; COMMIT;");
-    if ((result & 0xff) == SQLITE_BUSY) return Outcome::Refused(FileMessage(result, old, path));
-    old.Close();
-    for (const char* journal : {"-wal", "-shm", "-journal"}) fs::remove(path + journal, error);
-    return Outcome::Done();
+    const bool busy = (result & 0xff) == SQLITE_BUSY;
+    return busy ? Outcome::Refused(FileMessage(result, old, path)) : Outcome::Done();
+}
+
+/// Makes sure that nobody works on the file that is to be replaced, and that no journal is left to be played into the new one.
+Outcome ReleaseTarget(const std::string& path) {
+    Outcome outcome = CheckTarget(path);
+    std::error_code error;
+    for (const char* journal : {"-wal", "-shm", "-journal"}) {
+        if (outcome) fs::remove(path + journal, error);
+    }
+    return outcome;
 }
 
 bool SyncPath(const std::string& path) {
