@@ -48,6 +48,11 @@ bool IsSameFile(const std::string& a, const std::string& b) {
     return !b.empty() && fs::equivalent(a, b, error) && !error;
 }
 
+void RemoveJournals(const std::string& path) {
+    std::error_code error;
+    for (const char* journal : {"-wal", "-shm", "-journal"}) fs::remove(path + journal, error);
+}
+
 /// Refuses a file that is open somewhere or write-protected.
 Outcome CheckTarget(const std::string& path) {
     std::error_code error;
@@ -66,10 +71,7 @@ Outcome CheckTarget(const std::string& path) {
 /// Makes sure that nobody works on the file that is to be replaced, and that no journal is left to be played into the new one.
 Outcome ReleaseTarget(const std::string& path) {
     Outcome outcome = CheckTarget(path);
-    std::error_code error;
-    for (const char* journal : {"-wal", "-shm", "-journal"}) {
-        if (outcome) fs::remove(path + journal, error);
-    }
+    if (outcome) RemoveJournals(path);
     return outcome;
 }
 
@@ -101,14 +103,16 @@ int WriteClass(SqliteHandle& db, const RecordStoreBase& store) {
     return result;
 }
 
+// The file is finished here, so that opening it at its place has nothing to write.
 int WriteWholeModel(SqliteHandle& db, const CDataBase& database) {
-    int result = db.Execute("PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF; BEGIN; PRAGMA application_id = " +
+    int result = db.Execute("PRAGMA locking_mode = EXCLUSIVE; PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF;"
+                            "BEGIN; PRAGMA application_id = " +
                             std::to_string(kModelApplicationId) +
                             "; PRAGMA user_version = " + std::to_string(kModelSchemaVersion) + ";");
     for (std::uint16_t i = 0; result == SQLITE_OK && i < database.ClassCount(); ++i) {
         result = WriteClass(db, database.StoreAt(i));
     }
-    return result == SQLITE_OK ? db.Execute("COMMIT") : result;
+    return result == SQLITE_OK ? db.Execute("COMMIT; PRAGMA journal_mode = WAL") : result;
 }
 
 /// Writes the model beside its place and moves it there.
@@ -116,6 +120,7 @@ Outcome WriteAndMove(const std::string& path, const CDataBase& database) {
     const std::string part = path + ".part";
     std::error_code error;
     fs::remove(part, error);
+    RemoveJournals(part);
     SqliteHandle db;
     int result = db.Open(part, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
     if (result == SQLITE_OK) result = WriteWholeModel(db, database);
@@ -132,6 +137,7 @@ Outcome WriteAndMove(const std::string& path, const CDataBase& database) {
         SyncPath(folder.string());
     } else {
         fs::remove(part, error);
+        RemoveJournals(part);
     }
     return outcome;
 }
