@@ -370,6 +370,14 @@ TEST_F(FileOpen, AFileThatIsCutOffAnywhereIsRefusedAndReadAsFarAsItGoes) {
     EXPECT_TRUE(someRead);
 }
 
+/// A header whose change counter is wrong is not believed, and would be put right by the next transaction.
+TEST_F(FileOpen, AFileThatIsCutOffWithAWrongHeaderIsLeftAsItIs) {
+    const std::string good = ReadBytes(path);
+    constexpr std::size_t kChangeCounter = 24;
+    WriteBytes(path, std::string(good).replace(kChangeCounter, 2, "\x05\x01").substr(0, good.size() / 4));
+    ExpectRefused(AnyOf(Text("IDS_DB_FILE_CUT_OFF"), testing::StartsWith(Text("IDS_DB_FILE_DAMAGED"))), true);
+}
+
 TEST_F(FileOpen, ADamagedPageIsFoundAndTheRestIsRead) {
     const std::string good = ReadBytes(path);
     constexpr std::size_t kPage = 4096;

@@ -63,7 +63,7 @@ Outcome CheckTarget(const std::string& path) {
     }
     SqliteHandle old;
     int result = old.Open(path, SQLITE_OPEN_READWRITE);
-    if (result == SQLITE_OK) result = old.Execute("PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE; COMMIT;");
+    if (result == SQLITE_OK) result = old.Execute("PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE; ROLLBACK");
     const bool busy = (result & 0xff) == SQLITE_BUSY;
     return busy ? Outcome::Refused(FileMessage(result, old, path)) : Outcome::Done();
 }

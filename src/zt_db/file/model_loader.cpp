@@ -398,7 +398,8 @@ SqliteHandle OpenToWork(const std::string& path, OpenReport& report) {
     }
     if (result == SQLITE_OK) result = QueryVersion(db, applicationId, version);
     if (result == SQLITE_OK && !CheckVersion(applicationId, version, path, report)) return {};
-    if (result == SQLITE_OK) result = db.Execute("BEGIN IMMEDIATE; COMMIT");
+    // Takes the lock. Even a transaction without content would put a wrong header right if it were committed.
+    if (result == SQLITE_OK) result = db.Execute("BEGIN IMMEDIATE; ROLLBACK");
     if (result == SQLITE_OK) return db;
     const bool damaged = (result & 0xff) == SQLITE_CORRUPT;
     Refuse(report, FileMessage(result, db, path), damaged);
