@@ -14,6 +14,11 @@ if(ZT_SANITIZE)
     target_link_options(zt_build_settings INTERFACE ${ZT_SANITIZER_FLAGS})
 endif()
 
+# Everything is watched by the fuzzers for the paths that an input takes.
+if(ZT_FUZZ)
+    target_compile_options(zt_build_settings INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 find_program(ZT_CCACHE ccache)
 if(ZT_CCACHE)
     set(CMAKE_CXX_COMPILER_LAUNCHER ${ZT_CCACHE})
