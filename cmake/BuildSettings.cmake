@@ -1,7 +1,10 @@
 # Settings of every target of our own.
 add_library(zt_build_settings INTERFACE)
 target_compile_options(zt_build_settings INTERFACE
-    $<$<COMPILE_LANGUAGE:CXX>:-Wall -Wextra -Wconversion -Wshadow=local -Werror>
+    $<$<COMPILE_LANGUAGE:CXX>:-Wall -Wextra -Wconversion -Werror>
+    $<$<AND:$<COMPILE_LANGUAGE:CXX>,$<CXX_COMPILER_ID:GNU>>:-Wshadow=local>
+    # Clang counts a change of sign as a conversion, GCC does not.
+    $<$<AND:$<COMPILE_LANGUAGE:CXX>,$<CXX_COMPILER_ID:Clang>>:-Wno-sign-conversion>
     # False alarms of GCC 12 on std::string with -O3.
     $<$<AND:$<COMPILE_LANGUAGE:CXX>,$<CXX_COMPILER_ID:GNU>>:-Wno-restrict>)
 
@@ -11,6 +14,11 @@ if(ZT_SANITIZE)
         # False alarms of GCC 12 in <regex> with the address sanitizer.
         $<$<AND:$<COMPILE_LANGUAGE:CXX>,$<CXX_COMPILER_ID:GNU>>:-Wno-maybe-uninitialized>)
     target_link_options(zt_build_settings INTERFACE ${ZT_SANITIZER_FLAGS})
+endif()
+
+# Everything is watched by the fuzzers for the paths that an input takes.
+if(ZT_FUZZ)
+    target_compile_options(zt_build_settings INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
 find_program(ZT_CCACHE ccache)

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -74,10 +75,10 @@ private:
 /// A folder of its own for each test, removed with it.
 class TemporaryFolder {
 public:
-    TemporaryFolder() {
+    explicit TemporaryFolder(const std::string& use = "") {
         const auto* info = testing::UnitTest::GetInstance()->current_test_info();
         path_ = std::filesystem::temp_directory_path() /
-                ("zt_" + std::string(info ? info->name() : "test") + "_" + std::to_string(::getpid()));
+                ("zt_" + use + NameOf(info) + "_" + std::to_string(::getpid()));
         std::filesystem::remove_all(path_);
         std::filesystem::create_directories(path_);
     }
@@ -92,6 +93,12 @@ public:
     const std::filesystem::path& Path() const { return path_; }
 
 private:
+    /// The name of a test with parameters holds slashes.
+    static std::string NameOf(const testing::TestInfo* info) {
+        std::string name = info ? info->name() : "test";
+        std::replace(name.begin(), name.end(), '/', '_');
+        return name;
+    }
     std::filesystem::path path_;
 };
 

@@ -48,19 +48,31 @@ bool IsSameFile(const std::string& a, const std::string& b) {
     return !b.empty() && fs::equivalent(a, b, error) && !error;
 }
 
-/// Makes sure that nobody works on the file that is to be replaced, and that no journal of it is left to be played into the
-/// new one.
-Outcome ReleaseTarget(const std::string& path) {
+void RemoveJournals(const std::string& path) {
+    std::error_code error;
+    for (const char* journal : {"-wal", "-shm", "-journal"}) fs::remove(path + journal, error);
+}
+
+/// Refuses a file that is open somewhere or write-protected.
+Outcome CheckTarget(const std::string& path) {
     std::error_code error;
     if (fs::is_directory(path, error)) return Outcome::Refused(FormatText("IDS_DB_FILE_IS_FOLDER", {path}));
     if (!fs::exists(path, error)) return Outcome::Done();
+    if (faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0) {
+        return Outcome::Refused(FormatText("IDS_DB_FILE_READ_ONLY", {path}));
+    }
     SqliteHandle old;
     int result = old.Open(path, SQLITE_OPEN_READWRITE);
-    if (result == SQLITE_OK) result = old.Execute("PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE; COMMIT;");
-    if ((result & 0xff) == SQLITE_BUSY) return Outcome::Refused(FileMessage(result, old, path));
-    old.Close();
-    for (const char* journal : {"-wal", "-shm", "-journal"}) fs::remove(path + journal, error);
-    return Outcome::Done();
+    if (result == SQLITE_OK) result = old.Execute("PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE; ROLLBACK");
+    const bool busy = (result & 0xff) == SQLITE_BUSY;
+    return busy ? Outcome::Refused(FileMessage(result, old, path)) : Outcome::Done();
+}
+
+/// Makes sure that nobody works on the file that is to be replaced, and that no journal is left to be played into the new one.
+Outcome ReleaseTarget(const std::string& path) {
+    Outcome outcome = CheckTarget(path);
+    if (outcome) RemoveJournals(path);
+    return outcome;
 }
 
 bool SyncPath(const std::string& path) {
@@ -91,14 +103,16 @@ int WriteClass(SqliteHandle& db, const RecordStoreBase& store) {
     return result;
 }
 
+// The file is finished here, so that opening it at its place has nothing to write.
 int WriteWholeModel(SqliteHandle& db, const CDataBase& database) {
-    int result = db.Execute("PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF; BEGIN; PRAGMA application_id = " +
+    int result = db.Execute("PRAGMA locking_mode = EXCLUSIVE; PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF;"
+                            "BEGIN; PRAGMA application_id = " +
                             std::to_string(kModelApplicationId) +
                             "; PRAGMA user_version = " + std::to_string(kModelSchemaVersion) + ";");
     for (std::uint16_t i = 0; result == SQLITE_OK && i < database.ClassCount(); ++i) {
         result = WriteClass(db, database.StoreAt(i));
     }
-    return result == SQLITE_OK ? db.Execute("COMMIT") : result;
+    return result == SQLITE_OK ? db.Execute("COMMIT; PRAGMA journal_mode = WAL") : result;
 }
 
 /// Writes the model beside its place and moves it there.
@@ -106,6 +120,7 @@ Outcome WriteAndMove(const std::string& path, const CDataBase& database) {
     const std::string part = path + ".part";
     std::error_code error;
     fs::remove(part, error);
+    RemoveJournals(part);
     SqliteHandle db;
     int result = db.Open(part, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
     if (result == SQLITE_OK) result = WriteWholeModel(db, database);
@@ -122,6 +137,7 @@ Outcome WriteAndMove(const std::string& path, const CDataBase& database) {
         SyncPath(folder.string());
     } else {
         fs::remove(part, error);
+        RemoveJournals(part);
     }
     return outcome;
 }

@@ -268,11 +268,14 @@ bool Refuse(OpenReport& report, std::string message, bool canOpenReadOnly = fals
     return false;
 }
 
+/// SQLite takes what is shorter than its header for a new file, and would write one.
+constexpr std::uintmax_t kSmallestFile = 100;
+
 bool CheckPlace(const std::string& path, OpenReport& report) {
     std::error_code error;
     if (!fs::exists(path, error)) return Refuse(report, FormatText("IDS_DB_FILE_NOT_FOUND", {path}));
     if (!fs::is_regular_file(path, error)) return Refuse(report, FormatText("IDS_DB_FILE_IS_FOLDER", {path}));
-    if (fs::file_size(path, error) == 0) return Refuse(report, FormatText("IDS_DB_FILE_NOT_A_MODEL", {path}));
+    if (fs::file_size(path, error) < kSmallestFile) return Refuse(report, FormatText("IDS_DB_FILE_NOT_A_MODEL", {path}));
     return true;
 }
 
@@ -308,32 +311,60 @@ bool CheckVersion(std::int64_t applicationId, std::int64_t version, const std::s
                   true);
 }
 
+/// Whether something is left beside a file that a program did not close.
 bool HasJournal(const std::string& path) {
-    std::error_code error;
-    const auto size = fs::file_size(path + "-wal", error);
-    return !error && size > 0;
+    const auto holdsSomething = [&](const char* ending) {
+        std::error_code error;
+        const auto size = fs::file_size(path + ending, error);
+        return !error && size > 0;
+    };
+    return holdsSomething("-wal") || holdsSomething("-journal");
 }
 
-/// Opens a file that is only read. In a folder that cannot be written a file without a journal is taken as it stands.
-int OpenToRead(SqliteHandle& db, const std::string& path, std::int64_t& applicationId, std::int64_t& version) {
-    int result = db.Open(path, SQLITE_OPEN_READONLY);
-    if (result == SQLITE_OK) {
-        Harden(db);
-        db.Execute("PRAGMA writable_schema = ON");  // lets a file that was cut off be read as far as it goes
-        result = QueryVersion(db, applicationId, version);
-    }
-    const int primary = result & 0xff;
-    if ((primary != SQLITE_CANTOPEN && primary != SQLITE_READONLY) || HasJournal(path)) return result;
+/// Leaves a journal as it is when the file is closed, instead of bringing it into the file.
+void KeepJournal(SqliteHandle& db, bool keep) {
+    sqlite3_db_config(db.Get(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, keep ? 1 : 0, nullptr);
+}
+
+std::string UriOf(const std::string& path) {
+    constexpr const char* kDigits = "0123456789ABCDEF";
     std::string uri = "file:";
     for (const char c : fs::absolute(path).string()) {
-        uri += (c == '?' || c == '#' || c == '%') ? "%" + std::string{"0123456789ABCDEF"[(c >> 4) & 15]} +
-                                                        "0123456789ABCDEF"[c & 15]
-                                                  : std::string(1, c);
+        if (c == '?' || c == '#' || c == '%') {
+            uri += {'%', kDigits[(c >> 4) & 15], kDigits[c & 15]};
+        } else {
+            uri += c;
+        }
     }
-    result = db.Open(uri + "?immutable=1", SQLITE_OPEN_READONLY | SQLITE_OPEN_URI);
+    return uri;
+}
+
+/// Opens a file without a journal as it stands, so that nothing is made beside it. `lock` keeps others from writing to it
+/// meanwhile.
+int OpenAsItStands(SqliteHandle& lock, SqliteHandle& db, const std::string& path) {
+    int result = lock.Open(path, SQLITE_OPEN_READONLY);
+    sqlite3_file* file = nullptr;
+    if (result == SQLITE_OK) result = sqlite3_file_control(lock.Get(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
+    if (result == SQLITE_OK) result = file->pMethods->xLock(file, SQLITE_LOCK_SHARED);
+    if (result != SQLITE_OK) return result;
+    return db.Open(UriOf(path) + "?immutable=1", SQLITE_OPEN_READONLY | SQLITE_OPEN_URI);
+}
+
+/// Opens a file with what its journal holds. A lock of its own spares the index file that readers share.
+int OpenWithJournal(SqliteHandle& db, const std::string& path) {
+    const int result = db.Open(path, SQLITE_OPEN_READWRITE);
+    if (result != SQLITE_OK || sqlite3_db_readonly(db.Get(), "main") == 1) return result;
+    KeepJournal(db, true);
+    return db.Execute("PRAGMA locking_mode = EXCLUSIVE");
+}
+
+/// Opens a file that is only read.
+int OpenToRead(SqliteHandle& lock, SqliteHandle& db, const std::string& path, std::int64_t& applicationId,
+               std::int64_t& version) {
+    const int result = HasJournal(path) ? OpenWithJournal(db, path) : OpenAsItStands(lock, db, path);
     if (result != SQLITE_OK) return result;
     Harden(db);
-    db.Execute("PRAGMA writable_schema = ON");
+    db.Execute("PRAGMA writable_schema = ON");  // lets a file that was cut off be read as far as it goes
     return QueryVersion(db, applicationId, version);
 }
 
@@ -372,11 +403,13 @@ SqliteHandle OpenToWork(const std::string& path, OpenReport& report) {
     }
     if (result == SQLITE_OK) {
         Harden(db);
+        KeepJournal(db, HasJournal(path));
         result = db.Execute("PRAGMA locking_mode = EXCLUSIVE");
     }
     if (result == SQLITE_OK) result = QueryVersion(db, applicationId, version);
     if (result == SQLITE_OK && !CheckVersion(applicationId, version, path, report)) return {};
-    if (result == SQLITE_OK) result = db.Execute("BEGIN IMMEDIATE; COMMIT");
+    // Takes the lock. Even a transaction without content would put a wrong header right if it were committed.
+    if (result == SQLITE_OK) result = db.Execute("BEGIN IMMEDIATE; ROLLBACK");
     if (result == SQLITE_OK) return db;
     const bool damaged = (result & 0xff) == SQLITE_CORRUPT;
     Refuse(report, FileMessage(result, db, path), damaged);
@@ -391,6 +424,7 @@ bool LoadModel(SqliteHandle& db, const std::string& path, CDataBase& database, O
 
 int FinishOpening(SqliteHandle& db, const CDataBase& database, const std::string& settings) {
     std::int64_t version = 0;
+    KeepJournal(db, false);
     int result = db.QueryNumber("PRAGMA user_version", version);
     if (result == SQLITE_OK && version < kModelSchemaVersion) {
         result = db.Execute("BEGIN IMMEDIATE");
@@ -408,10 +442,11 @@ int FinishOpening(SqliteHandle& db, const CDataBase& database, const std::string
 
 bool ReadModelFile(const std::string& path, CDataBase& database, OpenReport& report) {
     if (!CheckPlace(path, report)) return false;
+    SqliteHandle lock;
     SqliteHandle db;
     std::int64_t applicationId = 0;
     std::int64_t& version = report.formatVersion;
-    const int result = OpenToRead(db, path, applicationId, version);
+    const int result = OpenToRead(lock, db, path, applicationId, version);
     if (result != SQLITE_OK) return Refuse(report, FileMessage(result, db, path));
     if (!CheckVersion(applicationId, version, path, report) && !report.canOpenReadOnly) return false;
     report.canOpenReadOnly = false;

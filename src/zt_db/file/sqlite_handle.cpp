@@ -16,7 +16,10 @@ std::string Quoted(std::string_view text, char quote) {
 
 int SqliteHandle::Open(const std::string& path, int flags) {
     Close();
-    const int result = sqlite3_open_v2(path.c_str(), &db_, flags | SQLITE_OPEN_NOMUTEX, nullptr);
+    // Names such as ":memory:" and "file:x" would stand for something else than a file.
+    const bool isRelative = (flags & SQLITE_OPEN_URI) == 0 && !path.empty() && !path.starts_with('/');
+    const std::string name = isRelative ? "./" + path : path;
+    const int result = sqlite3_open_v2(name.c_str(), &db_, flags | SQLITE_OPEN_NOMUTEX, nullptr);
     if (db_) sqlite3_extended_result_codes(db_, 1);
     return result;
 }

@@ -1,0 +1,155 @@
+#pragma once
+
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "zt_db/record_texts.h"
+#include "zt_db/test_support.h"
+
+namespace zt {
+
+/// What a user can see of a model: its records, its history, the last changes.
+struct ModelState {
+    std::vector<std::string> records;
+    std::vector<std::string> undoNames;
+    std::vector<std::string> redoNames;
+    std::vector<std::uint64_t> changes;
+    std::uint64_t transactions = 0;
+    bool operator==(const ModelState&) const = default;
+};
+
+inline ModelState StateOf(CDBDoc& doc) {
+    CDataBase& database = *doc.GetMDBCtrl()->GetCurrentDB();
+    ModelState state{AllRecords(doc), database.GetUndoNames(), database.GetRedoNames(), {},
+                     database.GetTransactionCount()};
+    const CViewBuff& buffer = *database.GetViewBuff();
+    for (POSITION position = buffer.GetHeadPosition(); position;) state.changes.push_back(buffer.GetNext(position));
+    return state;
+}
+
+/// Puts two or more records of most classes into an empty model, with references of every kind between them.
+inline void FillSmallModel(CDBDoc& doc) {
+    CDataBase& database = *doc.GetMDBCtrl()->GetCurrentDB();
+    const auto add = [&]<class Class>(Class* records, const std::vector<typename Class::Record>& values) {
+        std::vector<std::uint32_t> keys;
+        for (std::uint32_t key = 1; key <= values.size(); ++key) keys.push_back(key);
+        ASSERT_TRUE(records->TR_Add(keys, values)) << database.GetLastReason();
+    };
+    const auto node = [](double x, std::uint32_t no) {
+        T_PONT_D point;
+        point.x = x;
+        point.story = 1;
+        point.no = no;
+        return point;
+    };
+    T_MDUL_D module;
+    module.name = "M";
+    T_STOR_D story;
+    story.name = "1F";
+    story.mdul = 1;
+    story.height = 3.6;
+    T_MATL_D material;
+    material.name = "C30";
+    T_SECT_D section;
+    section.name = "400x600";
+    section.base.size[0] = 0.4;
+    T_THIK_D thickness;
+    thickness.thickness = 0.2;
+    add(database.GetClass<CClassMdul>(), {module});
+    add(database.GetClass<CClassStor>(), {story, story});
+    add(database.GetClass<CClassPont>(), {node(0.0, 11), node(6.0, 12), node(12.0, 13)});
+    add(database.GetClass<CClassMatl>(), {material, material});
+    add(database.GetClass<CClassSect>(), {section, section});
+    add(database.GetClass<CClassThik>(), {thickness});
+    T_MEMB_D member;
+    member.story = 1;
+    member.prop = 1;
+    member.matl = 1;
+    member.nodes = {1, 2};
+    T_MEMB_D second = member;
+    second.nodes = {2, 3};
+    add(database.GetClass<CClassMemb>(), {member, second});
+    T_STLD_D load;
+    load.name = "DL";
+    load.type = "D";
+    add(database.GetClass<CClassStld>(), {load, load});
+    T_LCOM_D inner;
+    inner.name = "C1";
+    inner.items = {{LoadCaseKind::Static, 1, 1.2}, {LoadCaseKind::Static, 2, 1.4}};
+    T_LCOM_D outer;
+    outer.name = "C2";
+    outer.items = {{LoadCaseKind::Combination, 1, 1.0}};
+    add(database.GetClass<CClassLcom>(), {inner, outer});
+    T_NAME_D nodes;
+    nodes.name = "기둥";
+    nodes.keys = {1, 2};
+    add(database.GetClass<CClassName>(), {nodes});
+    T_MBTP_D options;
+    options.memb = 1;
+    add(database.GetClass<CClassMbtp>(), {options});
+    T_PREL_D element;
+    element.memb = 2;
+    add(database.GetClass<CClassPrel>(), {element});
+    T_STND_D standards;
+    standards.concrete = "GB50010";
+    add(database.GetClass<CClassStnd>(), {standards});
+}
+
+inline std::string ReadBytes(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+inline void WriteBytes(const std::string& path, const std::string& bytes) {
+    std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
+}
+
+/// Every file of a folder with its size and a sum of its bytes.
+inline std::map<std::string, std::string> FolderContent(const std::filesystem::path& folder) {
+    std::map<std::string, std::string> content;
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        const std::string bytes = entry.is_regular_file() ? ReadBytes(entry.path().string()) : std::string{};
+        content[entry.path().filename().string()] =
+            std::to_string(bytes.size()) + " bytes, " + std::to_string(std::hash<std::string>{}(bytes));
+    }
+    return content;
+}
+
+/// Runs statements on a file behind the program's back.
+inline void RunSql(const std::string& path, const std::string& sql) {
+    sqlite3* db = nullptr;
+    ASSERT_EQ(sqlite3_open_v2(path.c_str(), &db, SQLITE_OPEN_READWRITE, nullptr), SQLITE_OK);
+    char* message = nullptr;
+    EXPECT_EQ(sqlite3_exec(db, sql.c_str(), nullptr, nullptr, &message), SQLITE_OK) << (message ? message : "");
+    sqlite3_free(message);
+    ASSERT_EQ(sqlite3_close(db), SQLITE_OK);
+}
+
+/// A test with a folder, and in it a small model file that is closed.
+class ModelFileTest : public testing::Test {
+protected:
+    ModelFileTest() : path(folder.File("model.ztm")) {
+        const auto doc = CDBDoc::New();
+        FillSmallModel(*doc);
+        records = AllRecords(*doc);
+        const velda::Outcome saved = doc->SaveAs(path);
+        EXPECT_TRUE(saved) << saved.Reason();
+    }
+
+    std::unique_ptr<CDBDoc> Open(OpenMode mode = OpenMode::Normal) { return CDBDoc::Open(path, mode, report); }
+
+    TemporaryFolder folder;
+    std::string path;
+    std::vector<std::string> records;
+    OpenReport report;
+};
+
+}  // namespace zt
