@@ -45,18 +45,20 @@ class NumberCollector {
 public:
     NumberListFault Add(const Range& range) {
         const std::uint64_t count = (std::uint64_t{range.last} - range.first) / range.step + 1;
-        if (count > CStrParser::kMaxNumbers) return NumberListFault::TooMany;
+        named_ += count;
+        if (named_ > CStrParser::kMaxNumbers) return NumberListFault::TooMany;
         for (std::uint64_t i = 0; i < count; ++i) {
             const auto number = static_cast<std::uint32_t>(range.first + i * range.step);
             if (seen_.Put(number, 0)) numbers_.push_back(number);
         }
-        return numbers_.size() > CStrParser::kMaxNumbers ? NumberListFault::TooMany : NumberListFault::None;
+        return NumberListFault::None;
     }
     std::vector<std::uint32_t> Take() { return std::move(numbers_); }
 
 private:
     FlatIndex seen_;
     std::vector<std::uint32_t> numbers_;
+    std::uint64_t named_ = 0;
 };
 
 }  // namespace

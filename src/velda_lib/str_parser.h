@@ -13,7 +13,7 @@ enum class NumberListFault {
     NotANumber,  ///< neither a number from 1 up nor a range of such numbers
     Backwards,   ///< a range whose last number lies below its first
     ZeroStep,    ///< a range with a step of 0
-    TooMany,     ///< the list would hold more than CStrParser::kMaxNumbers numbers
+    TooMany,     ///< the list names more than CStrParser::kMaxNumbers numbers, repeated ones included
 };
 
 /// Result of reading a number list: true, or the first token that could not be read and why.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "velda_lib/msg_dll.h"
 #include "zt_db/file/model_file.h"
 
 namespace zt {
@@ -69,6 +70,9 @@ void CDBDoc::UseFile(std::unique_ptr<ModelFile> file, const std::string& path) {
 
 velda::Outcome CDBDoc::SaveAs(const std::string& path) {
     CDataBase& database = *databases_.GetCurrentDB();
+    if (readOnly_ && IsSameFile(path, path_)) {
+        return velda::Outcome::Refused(velda::FormatText("IDS_DB_FILE_SAVE_ELSEWHERE", {path}));
+    }
     velda::Outcome outcome = velda::Outcome::Done();
     const std::string current = file_ ? path_ : std::string{};
     std::unique_ptr<ModelFile> file = ModelFile::Create(path, current, init_.fileSafety, database, outcome);

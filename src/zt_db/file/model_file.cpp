@@ -43,11 +43,6 @@ std::string WorkingSettings(FileSafety safety) {
     return std::string(kCache) + "PRAGMA synchronous = " + (safety == FileSafety::Full ? "FULL;" : "NORMAL;");
 }
 
-bool IsSameFile(const std::string& a, const std::string& b) {
-    std::error_code error;
-    return !b.empty() && fs::equivalent(a, b, error) && !error;
-}
-
 void RemoveJournals(const std::string& path) {
     std::error_code error;
     for (const char* journal : {"-wal", "-shm", "-journal"}) fs::remove(path + journal, error);
@@ -143,6 +138,11 @@ Outcome WriteAndMove(const std::string& path, const CDataBase& database) {
 }
 
 }  // namespace
+
+bool IsSameFile(const std::string& a, const std::string& b) {
+    std::error_code error;
+    return !b.empty() && fs::equivalent(a, b, error) && !error;
+}
 
 ModelFile::ModelFile(SqliteHandle db, std::string path, const CDataBase& database)
     : db_(std::move(db)), path_(std::move(path)), database_(database), statements_(database.ClassCount()) {}

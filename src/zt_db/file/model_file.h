@@ -54,6 +54,9 @@ private:
     std::string lost_;  // why the unit of work that is open cannot be committed any more
 };
 
+/// Whether two paths lead to the same existing file.
+bool IsSameFile(const std::string& a, const std::string& b);
+
 /// Fills an empty database with what can be read of a model file, which is never written. False, with the reason in the
 /// report, when nothing can be read. What had to be left out of a damaged file is listed in the report; what is left in the
 /// database is consistent in itself.

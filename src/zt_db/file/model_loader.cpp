@@ -287,13 +287,16 @@ void Harden(SqliteHandle& db) {
     db.Execute("PRAGMA cell_size_check = ON");
 }
 
-/// A file whose texts are in another encoding than ours was not written by us, whatever its application id says.
 int QueryVersion(SqliteHandle& db, std::int64_t& applicationId, std::int64_t& version) {
-    std::int64_t ourEncoding = 0;
-    int result = db.QueryNumber("PRAGMA application_id", applicationId);
-    if (result == SQLITE_OK) result = db.QueryNumber("PRAGMA user_version", version);
-    if (result == SQLITE_OK) result = db.QueryNumber("SELECT encoding = 'UTF-8' FROM pragma_encoding", ourEncoding);
-    if (result == SQLITE_OK && ourEncoding == 0) applicationId = 0;
+    const int result = db.QueryNumber("PRAGMA application_id", applicationId);
+    return result == SQLITE_OK ? db.QueryNumber("PRAGMA user_version", version) : result;
+}
+
+/// A file whose texts are in another encoding than ours was not written by us, whatever its application id says.
+int CheckEncoding(SqliteHandle& db, std::int64_t& applicationId) {
+    std::int64_t isOurs = 0;
+    const int result = db.QueryNumber("SELECT encoding = 'UTF-8' FROM pragma_encoding", isOurs);
+    if (result == SQLITE_OK && isOurs == 0) applicationId = 0;
     return result;
 }
 
@@ -407,6 +410,7 @@ SqliteHandle OpenToWork(const std::string& path, OpenReport& report) {
         result = db.Execute("PRAGMA locking_mode = EXCLUSIVE");
     }
     if (result == SQLITE_OK) result = QueryVersion(db, applicationId, version);
+    if (result == SQLITE_OK) result = CheckEncoding(db, applicationId);
     if (result == SQLITE_OK && !CheckVersion(applicationId, version, path, report)) return {};
     // Takes the lock. Even a transaction without content would put a wrong header right if it were committed.
     if (result == SQLITE_OK) result = db.Execute("BEGIN IMMEDIATE; ROLLBACK");
