@@ -1,13 +1,13 @@
 #pragma once
 
-#include <benchmark/benchmark.h>
-
 #include <algorithm>
 #include <iomanip>
 #include <iostream>
 #include <map>
 #include <string>
 #include <vector>
+
+#include <benchmark/benchmark.h>
 
 namespace bench {
 
@@ -24,8 +24,8 @@ public:
     void ReportRuns(const std::vector<Run>& runs) override {
         for (const Run& run : runs) {
             if (run.run_type == Run::RT_Iteration && !run.error_occurred) {
-                times_[run.run_name.function_name + (run.run_name.args.empty() ? "" : "/" + run.run_name.args)].push_back(
-                    run.GetAdjustedRealTime());
+                times_[run.run_name.function_name + (run.run_name.args.empty() ? "" : "/" + run.run_name.args)]
+                    .push_back(run.GetAdjustedRealTime());
             }
         }
         ConsoleReporter::ReportRuns(runs);
@@ -34,7 +34,9 @@ public:
     /// Prints the ratios; whether all keep their limits.
     bool ReportRatios(const std::vector<Limit>& limits) const {
         bool good = true;
-        std::cout << "\n" << std::left << std::setw(40) << "ours / peer (medians)" << "ratio   limit\n";
+        std::cout << "\n"
+                  << std::left << std::setw(40) << "ours / peer (medians)"
+                  << "ratio   limit\n";
         for (const Limit& limit : limits) {
             const double ours = Median(limit.work + "/ours");
             const double peer = Median(limit.work + "/peer");
@@ -51,7 +53,9 @@ public:
     bool ReportGrowth(const std::vector<std::string>& works, long n) const {
         constexpr double kMost = 2.0 * 1.15 * 1.3;  // doubling, the logarithm, noise
         bool good = true;
-        std::cout << "\n" << std::setw(40) << "growth (medians)" << "n to 2n  2n to 4n\n";
+        std::cout << "\n"
+                  << std::setw(40) << "growth (medians)"
+                  << "n to 2n  2n to 4n\n";
         for (const std::string& work : works) {
             const double t1 = Median(work + "/scale/" + std::to_string(n));
             const double t2 = Median(work + "/scale/" + std::to_string(2 * n));

@@ -1,5 +1,5 @@
-// The model database against what a careful developer writes by hand: a hash map of records for reading, prepared SQLite
-// statements for writing and opening.
+// The model database against what a careful developer writes by hand: a hash map of records for reading, prepared
+// SQLite statements for writing and opening.
 
 #include <sqlite3.h>
 #include <unistd.h>
@@ -39,9 +39,7 @@ Keys KeysTo(std::uint32_t count) {
     return keys;
 }
 
-T_PONT_D NodeAt(std::uint32_t key) {
-    return T_PONT_D{.x = 0.1 * key, .y = 0.2 * key, .z = 0.3, .plan = 1, .no = key};
-}
+T_PONT_D NodeAt(std::uint32_t key) { return T_PONT_D{.x = 0.1 * key, .y = 0.2 * key, .z = 0.3, .plan = 1, .no = key}; }
 
 std::vector<T_PONT_D> Nodes(std::uint32_t count) {
     std::vector<T_PONT_D> nodes;
@@ -58,7 +56,7 @@ std::unique_ptr<CDBDoc> NodeModel(std::uint32_t count) {
 
 CDataBase& DatabaseOf(CDBDoc& doc) { return *doc.GetMDBCtrl()->GetCurrentDB(); }
 
-// ---- reading -----------------------------------------------------------------------------------------------------------
+// ---- reading ----
 
 /// The same members in a model and in a hash map.
 struct MemberData {
@@ -127,20 +125,22 @@ void IteratePeer(benchmark::State& state) {
     }
 }
 
-// ---- writing -----------------------------------------------------------------------------------------------------------
+// ---- writing ----
 
 /// A table of nodes in a file of its own, written by prepared statements.
 class RawFile {
 public:
     explicit RawFile(const fs::path& path) {
         sqlite3_open(path.c_str(), &db_);
-        Execute("PRAGMA locking_mode = EXCLUSIVE; PRAGMA journal_mode = WAL; PRAGMA synchronous = NORMAL;"
-                "PRAGMA cache_size = -65536;"
-                "CREATE TABLE PONT (\"key\" INTEGER PRIMARY KEY, x REAL NOT NULL, y REAL NOT NULL, z REAL NOT NULL, "
-                "\"plan\" INTEGER NOT NULL, story INTEGER NOT NULL, no INTEGER NOT NULL, name TEXT NOT NULL) STRICT");
+        Execute(
+            "PRAGMA locking_mode = EXCLUSIVE; PRAGMA journal_mode = WAL; PRAGMA synchronous = NORMAL;"
+            "PRAGMA cache_size = -65536;"
+            "CREATE TABLE PONT (\"key\" INTEGER PRIMARY KEY, x REAL NOT NULL, y REAL NOT NULL, z REAL NOT NULL, "
+            "\"plan\" INTEGER NOT NULL, story INTEGER NOT NULL, no INTEGER NOT NULL, name TEXT NOT NULL) STRICT");
         Prepare(insert_, "INSERT INTO PONT VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8)");
-        Prepare(update_, "UPDATE PONT SET x = ?2, y = ?3, z = ?4, \"plan\" = ?5, story = ?6, no = ?7, name = ?8 "
-                         "WHERE \"key\" = ?1");
+        Prepare(update_,
+                "UPDATE PONT SET x = ?2, y = ?3, z = ?4, \"plan\" = ?5, story = ?6, no = ?7, name = ?8 "
+                "WHERE \"key\" = ?1");
         Prepare(begin_, "BEGIN IMMEDIATE");
         Prepare(commit_, "COMMIT");
     }
@@ -156,9 +156,7 @@ public:
 
 private:
     void Execute(const char* sql) { sqlite3_exec(db_, sql, nullptr, nullptr, nullptr); }
-    void Prepare(sqlite3_stmt*& statement, const char* sql) {
-        sqlite3_prepare_v2(db_, sql, -1, &statement, nullptr);
-    }
+    void Prepare(sqlite3_stmt*& statement, const char* sql) { sqlite3_prepare_v2(db_, sql, -1, &statement, nullptr); }
     static void Run(sqlite3_stmt* statement) {
         sqlite3_step(statement);
         sqlite3_reset(statement);
@@ -219,7 +217,7 @@ void ModifyPeer(benchmark::State& state, std::uint32_t count) {
     for (auto _ : state) file.Update(states[++round % 2]);
 }
 
-// ---- opening -----------------------------------------------------------------------------------------------------------
+// ---- opening ----
 
 const std::string& LargeFile() {
     static const std::string path = [] {
@@ -271,7 +269,7 @@ void OpenPeer(benchmark::State& state) {
     }
 }
 
-// ---- growth ------------------------------------------------------------------------------------------------------------
+// ---- growth ----
 
 void ScaleAdd(benchmark::State& state) {
     const auto count = static_cast<std::uint32_t>(state.range(0));

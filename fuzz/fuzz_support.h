@@ -22,7 +22,9 @@ inline std::filesystem::path FuzzFolder() {
     static const auto& folder = *new std::filesystem::path([] {
         namespace fs = std::filesystem;
         const char* wanted = std::getenv("TMPDIR");
-        const fs::path parent = wanted ? fs::path(wanted) : fs::exists("/dev/shm") ? "/dev/shm" : fs::temp_directory_path();
+        const fs::path parent = wanted                   ? fs::path(wanted)
+                                : fs::exists("/dev/shm") ? "/dev/shm"
+                                                         : fs::temp_directory_path();
         const fs::path made = parent / ("zt_fuzz_" + std::to_string(getpid()));
         fs::create_directories(made);
         std::atexit([] {

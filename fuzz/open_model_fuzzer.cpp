@@ -82,7 +82,8 @@ void RunSql(const std::string& path, const std::string& sql) {
     sqlite3_open(path.c_str(), &db);
     sqlite3_exec(db, "PRAGMA journal_mode = DELETE", nullptr, nullptr, nullptr);
     sqlite3_set_authorizer(db, &IsLasting, nullptr);
-    sqlite3_progress_handler(db, kSteps, [](void*) { return 1; }, nullptr);
+    sqlite3_progress_handler(
+        db, kSteps, [](void*) { return 1; }, nullptr);
     sqlite3_limit(db, SQLITE_LIMIT_LENGTH, 100'000);
     for (std::size_t at = 0; at < sql.size();) {
         const std::size_t end = std::min(sql.find(';', at), sql.size());

@@ -70,8 +70,8 @@ private:
         std::uint32_t value = 0;
     };
 
-    /// First place to look at. Keys below the size of the table, as they are mostly given, have places of their own, in their
-    /// order; what lies above is added in scattered, so that no stride of keys piles up.
+    /// First place to look at. Keys below the size of the table, as they are mostly given, have places of their own, in
+    /// their order; what lies above is added in scattered, so that no stride of keys piles up.
     std::size_t Home(std::uint32_t key) const {
         const std::uint32_t above = static_cast<std::uint32_t>(std::uint64_t{key} >> bits_);
         return (key + above * 0x9E3779B9u) & mask_;

@@ -15,8 +15,8 @@ template <class Result, class... Args>
 class FunctionRef<Result(Args...)> {
 public:
     template <class Callable>
-        requires(!std::is_same_v<std::remove_cvref_t<Callable>, FunctionRef>)
-    FunctionRef(Callable&& callable)  // NOLINT: implicit on purpose, so that a lambda can be passed as it stands
+    requires(!std::is_same_v<std::remove_cvref_t<Callable>, FunctionRef>)
+        FunctionRef(Callable&& callable)  // NOLINT: implicit on purpose, so that a lambda can be passed as it stands
         : object_(const_cast<void*>(static_cast<const void*>(std::addressof(callable)))),
           call_([](void* object, Args... args) -> Result {
               return (*static_cast<std::remove_reference_t<Callable>*>(object))(std::forward<Args>(args)...);

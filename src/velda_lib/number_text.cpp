@@ -90,7 +90,8 @@ std::string DoubleText(double value, Precision... precision) {
 
 std::string FormatDouble(double value) { return DoubleText(value, 15); }
 
-// Most numbers have few decimals; a number that is the nearest one to a decimal of up to 15 digits is its own text's number.
+// Most numbers have few decimals; a number that is the nearest one to a decimal of up to 15 digits is its own text's
+// number.
 double RoundToShown(double value) {
     constexpr double kDecimals = 1.0e6;
     constexpr double kLargest = 1.0e9;

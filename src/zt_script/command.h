@@ -39,7 +39,8 @@ struct CommandResult {
 
 using ScriptWords = std::span<const ScriptWord>;
 
-/// A command: the words it begins with, and what it does with the rest. Among commands that fit, the one with most words counts.
+/// A command: the words it begins with, and what it does with the rest. Among commands that fit, the one with most
+/// words counts.
 struct ScriptCommand {
     std::string_view name;
     CommandResult (*run)(ScriptSession& session, ScriptWords words);

@@ -19,8 +19,7 @@ CommandResult OpenModel(ScriptSession& session, ScriptWords words) {
     if (words.empty() || words.size() > 2) return CommandResult::Unreadable("model open FILE [readonly]");
     const bool readOnly = words.size() == 2;
     if (readOnly && words[1].value != "readonly") return CommandResult::Unreadable("unknown word " + words[1].value);
-    return CommandResult::Of(
-        session.OpenModel(words[0].value, readOnly ? OpenMode::ReadOnly : OpenMode::Normal));
+    return CommandResult::Of(session.OpenModel(words[0].value, readOnly ? OpenMode::ReadOnly : OpenMode::Normal));
 }
 
 CommandResult SaveModel(ScriptSession& session, ScriptWords words) {

@@ -19,8 +19,8 @@ struct ScriptCount {
     int ExitStatus() const { return unreadable > 0 ? 2 : failed > 0 ? 1 : 0; }
 };
 
-/// Runs scripts against a model, each on a session of its own. What they print and every failure goes to the output, a failure as
-/// "file:line: expected ..., found ...".
+/// Runs scripts against a model, each on a session of its own. What they print and every failure goes to the output, a
+/// failure as "file:line: expected ..., found ...".
 class ScriptRunner {
 public:
     explicit ScriptRunner(std::ostream& output) : output_(output) {}

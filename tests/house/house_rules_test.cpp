@@ -1,5 +1,3 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <stdlib.h>
 
 #include <algorithm>
@@ -15,6 +13,8 @@
 #include <vector>
 
 #include "velda_lib/language.h"
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 namespace velda {
 namespace {
@@ -217,7 +217,11 @@ Findings KeyFindings(const fs::path& root, const std::vector<std::string_view>& 
 
 /// Work that is not done is not left behind as a note. The words are put together here so that this file may hold them.
 Findings LeftoverFindings(const fs::path& root) {
-    static const std::regex note("\\b(TO" "DO|FIX" "ME|X" "XX)\\b");
+    static const std::regex note(
+        "\\b(TO"
+        "DO|FIX"
+        "ME|X"
+        "XX)\\b");
     const auto anyFile = [](const fs::path&) { return true; };
     Findings findings;
     ForEachLine(root, {"src", "apps", "tests", "bench", "fuzz", "cmake"}, anyFile, [&](const SourceLine& line) {
@@ -337,12 +341,26 @@ TEST(TextKey, MayBeAPrefixOnlyWhereItEndsWithAnUnderscore) {
 }
 
 TEST_F(ExampleTree, ANoteOfUndoneWorkIsFound) {
-    Write("cmake/Floor.cmake", "# TO" "DO: later\n");
-    Write("fuzz/a.cpp", "// FIX" "ME\n");
-    Write("tests/scripts/b.zts", "ok\n# X" "XX\n");
-    Write("src/zt_db/c.cpp", "struct T_XX" "XX_D;  // TO" "DOS, fix" "me\n");
-    EXPECT_THAT(LeftoverFindings(root),
-                ElementsAre("cmake/Floor.cmake:1: TO" "DO", "fuzz/a.cpp:1: FIX" "ME", "tests/scripts/b.zts:2: X" "XX"));
+    Write("cmake/Floor.cmake",
+          "# TO"
+          "DO: later\n");
+    Write("fuzz/a.cpp",
+          "// FIX"
+          "ME\n");
+    Write("tests/scripts/b.zts",
+          "ok\n# X"
+          "XX\n");
+    Write("src/zt_db/c.cpp",
+          "struct T_XX"
+          "XX_D;  // TO"
+          "DOS, fix"
+          "me\n");
+    EXPECT_THAT(LeftoverFindings(root), ElementsAre("cmake/Floor.cmake:1: TO"
+                                                    "DO",
+                                                    "fuzz/a.cpp:1: FIX"
+                                                    "ME",
+                                                    "tests/scripts/b.zts:2: X"
+                                                    "XX"));
 }
 
 }  // namespace

@@ -1,8 +1,5 @@
 #include "velda_lib/language.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-#include <sys/mman.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -19,6 +16,9 @@
 #include <vector>
 
 #include "velda_lib/msg_dll.h"
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/mman.h>
 
 namespace velda {
 namespace {

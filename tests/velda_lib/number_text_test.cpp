@@ -1,7 +1,5 @@
 #include "velda_lib/number_text.h"
 
-#include <gtest/gtest.h>
-
 #include <array>
 #include <bit>
 #include <clocale>
@@ -12,6 +10,8 @@
 #include <random>
 #include <string>
 #include <vector>
+
+#include <gtest/gtest.h>
 
 namespace velda {
 namespace {

@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -15,6 +13,7 @@
 #include "velda_lib/msg_dll.h"
 #include "velda_lib/outcome.h"
 #include "velda_lib/specialchar.h"
+#include <gtest/gtest.h>
 
 namespace velda {
 namespace {

@@ -1,13 +1,12 @@
 #include "velda_lib/str_parser.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <random>
 #include <set>
 
 #include "velda_lib/numeric_optimizer.h"
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 namespace velda {
 namespace {
@@ -40,8 +39,7 @@ std::string PlainList(const Numbers& numbers) {
 }
 
 TEST(NodeList, ReadsNumbersAndEveryKindOfRange) {
-    EXPECT_THAT(Read("1 3to7 10-12 20to40by5"),
-                ElementsAre(1, 3, 4, 5, 6, 7, 10, 11, 12, 20, 25, 30, 35, 40));
+    EXPECT_THAT(Read("1 3to7 10-12 20to40by5"), ElementsAre(1, 3, 4, 5, 6, 7, 10, 11, 12, 20, 25, 30, 35, 40));
     EXPECT_THAT(Read("10-16by3"), ElementsAre(10, 13, 16));
 }
 
@@ -81,9 +79,29 @@ TEST(NodeList, TheLargestNumberCanBeRead) {
 }
 
 TEST(NodeList, ATokenThatIsNoNumberIsNamed) {
-    for (const std::string_view token :
-         {"0", "-3", "+3", "3to", "to7", "3-", "-", "to", "abc", "5x", "3to7x", "3to7by", "3to7byx", "3by2", "3to7to9",
-          "3--7", "3to-7", "1.5", "1to4294967296", "4294967296", "1to5by4294967296", "0to5", "99999999999999999999"}) {
+    for (const std::string_view token : {"0",
+                                         "-3",
+                                         "+3",
+                                         "3to",
+                                         "to7",
+                                         "3-",
+                                         "-",
+                                         "to",
+                                         "abc",
+                                         "5x",
+                                         "3to7x",
+                                         "3to7by",
+                                         "3to7byx",
+                                         "3by2",
+                                         "3to7to9",
+                                         "3--7",
+                                         "3to-7",
+                                         "1.5",
+                                         "1to4294967296",
+                                         "4294967296",
+                                         "1to5by4294967296",
+                                         "0to5",
+                                         "99999999999999999999"}) {
         ExpectFault("1 2," + std::string(token) + "\t9", NumberListFault::NotANumber, token);
         ExpectFault(token, NumberListFault::NotANumber, token);
     }

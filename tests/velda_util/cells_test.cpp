@@ -1,11 +1,10 @@
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <random>
 
 #include "velda_lib/number_text.h"
 #include "velda_util/cells/cell_data.h"
 #include "velda_util/cells/row_sort.h"
+#include <gtest/gtest.h>
 
 namespace velda {
 namespace {
@@ -108,9 +107,9 @@ TEST(CellStore, TextsComeBackAsTheyWereKept) {
     CGXData data(2);
     const RowId row = data.NewRow();
     EXPECT_EQ(data.Text(row, 0), "");
-    const std::string texts[] = {"",      "a",     "123456", "1234567", "층",     "지하 1층",         "0.30",  "1e5",
-                                 "-0",    "+5",    " 7 ",    "007",     "inf",    "nan",              "1e400", "2,5",
-                                 "a\tb",  "x\ny",  "0.3",    "-12.5",   "1e+20",  "0.333333333333333"};
+    const std::string texts[] = {
+        "",    "a",   "123456", "1234567", "층",  "지하 1층", "0.30", "1e5", "-0",    "+5",    " 7 ",
+        "007", "inf", "nan",    "1e400",   "2,5", "a\tb",     "x\ny", "0.3", "-12.5", "1e+20", "0.333333333333333"};
     for (const std::string& text : texts) {
         for (const bool numeric : {false, true}) {
             data.StoreText(row, 1, text, numeric);
@@ -208,7 +207,8 @@ TEST_F(SortedTable, SortsByEverySpecificationAndKeepsEqualRowsInOrder) {
         for (const int order : {0, 1}) {
             for (const int first : {0, 1, 2}) {
                 ExpectSortAgreesWithComparison({{first, 0, order}});
-                for (const int second : {0, 1, 2}) ExpectSortAgreesWithComparison({{first, 0, order}, {second, 0, 1 - order}});
+                for (const int second : {0, 1, 2})
+                    ExpectSortAgreesWithComparison({{first, 0, order}, {second, 0, 1 - order}});
             }
         }
         ExpectSortAgreesWithComparison({{2, 0, 1}, {0, 0, 0}, {1, 0, 1}});
@@ -282,8 +282,8 @@ TEST_F(SortedTable, AMergeOfManyRowsKeepsTheOrder) {
     data.MergeRows(removed, added);
     EXPECT_EQ(data.Order().Count(), 8000u - removed.size() + fresh.size());
     const std::vector<RowId> merged = data.Order().ToVector();
-    EXPECT_TRUE(std::is_sorted(merged.begin(), merged.end(),
-                               [&](RowId a, RowId b) { return comparison.Compare(a, b) < 0; }));
+    EXPECT_TRUE(
+        std::is_sorted(merged.begin(), merged.end(), [&](RowId a, RowId b) { return comparison.Compare(a, b) < 0; }));
     EXPECT_FALSE(data.HasRow(removed.front()));
 }
 

@@ -1,17 +1,18 @@
 #pragma once
 
-#include <gtest/gtest.h>
 #include <signal.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <array>
 #include <functional>
 
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
 namespace zt {
 
-/// A fork of the test program that does some work of its own, and speaks with the test in single bytes. It is ended with
-/// the object.
+/// A fork of the test program that does some work of its own, and speaks with the test in single bytes. It is ended
+/// with the object.
 class ChildProcess {
 public:
     /// The child's side.

@@ -98,7 +98,8 @@ TEST(Declarations, ATextThatIsNoValueLeavesTheFieldAlone) {
             const bool isPlainText = store->ColumnKinds()[static_cast<std::size_t>(column)] == ColumnKind::Text &&
                                      !images->FieldText(original, column).starts_with('[');
             if (isPlainText) continue;
-            for (const char* wrong : {"", "abc", "1x", "[", "[1", "[[", "[\"", "inf", "nan", "1e999", "[1,]", "[1] 2"}) {
+            for (const char* wrong :
+                 {"", "abc", "1x", "[", "[1", "[[", "[\"", "inf", "nan", "1e999", "[1,]", "[1] 2"}) {
                 EXPECT_FALSE(images->SetFieldText(changed, column, wrong))
                     << store->Identity().mnemonic << " " << store->ColumnNames()[static_cast<std::size_t>(column)]
                     << " took " << wrong;
@@ -196,8 +197,8 @@ TEST(Declarations, EveryFieldTakesPartInComparison) {
     });
 }
 
-// A change here means that files of the released version have other tables: raise kModelSchemaVersion, and add a file with the new
-// tables beside this one.
+// A change here means that files of the released version have other tables: raise kModelSchemaVersion, and add a file
+// with the new tables beside this one.
 TEST(Declarations, TheTablesOfTheFileAreThoseOfItsVersion) {
     std::string tables;
     for (const auto& store : MakeRecordStores()) tables += CreateTableSql(*store) + ";\n";

@@ -1,13 +1,12 @@
-#include <gmock/gmock.h>
-#include <sys/stat.h>
-#include <sys/wait.h>
-
 #include <algorithm>
 #include <random>
 
 #include "velda_lib/msg_dll.h"
 #include "zt_db/child_process.h"
 #include "zt_db/model_fixture.h"
+#include <gmock/gmock.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
 
 namespace zt {
 namespace {
@@ -87,7 +86,7 @@ protected:
     }
 };
 
-// ---- a good file -----------------------------------------------------------------------------------------------------
+// ---- a good file ----
 
 TEST_F(FileOpen, AGoodFileIsReadWholeAndLeftAsItIs) {
     const auto before = FolderContent(folder.Path());
@@ -131,11 +130,12 @@ TEST_F(FileOpen, CommittedTransactionsAreThereWhenTheFileIsOpenedAgain) {
     EXPECT_NE(changed, records);
 }
 
-// ---- an older file ---------------------------------------------------------------------------------------------------
+// ---- an older file ----
 
 TEST_F(FileOpen, AnOlderFileIsBroughtUpToDate) {
-    RunSql(path, "DROP TABLE STND; ALTER TABLE MATL DROP COLUMN dampingRatio; ALTER TABLE THIK DROP COLUMN name;"
-                 "PRAGMA user_version = 0");
+    RunSql(path,
+           "DROP TABLE STND; ALTER TABLE MATL DROP COLUMN dampingRatio; ALTER TABLE THIK DROP COLUMN name;"
+           "PRAGMA user_version = 0");
     std::unique_ptr<CDBDoc> doc = Open();
     ASSERT_NE(doc, nullptr) << report.message;
     EXPECT_EQ(report.formatVersion, 0);
@@ -155,7 +155,7 @@ TEST_F(FileOpen, AnOlderFileIsReadReadOnlyWithoutBeingBroughtUpToDate) {
     EXPECT_THAT(report.losses, IsEmpty());
 }
 
-// ---- no model file ---------------------------------------------------------------------------------------------------
+// ---- no model file ----
 
 TEST_F(FileOpen, AFileThatDoesNotExistIsNotMade) {
     fs::remove(path);
@@ -193,7 +193,7 @@ TEST_F(FileOpen, ANewerFileIsOnlyRead) {
     EXPECT_EQ(report.message, Text("IDS_DB_FILE_NEWER", {"2", "1"}));
 }
 
-// ---- damaged content -------------------------------------------------------------------------------------------------
+// ---- damaged content ----
 
 TEST_F(FileOpen, AMissingTableIsNamed) {
     RunSql(path, "DROP TABLE STND");
@@ -263,14 +263,14 @@ INSTANTIATE_TEST_SUITE_P(
         BadValue{"NothingForText", kNothingForText.c_str(), "STND 1", "steel", {"STND 1"}},
         BadValue{"BytesForText", kBytesForText.c_str(), "STND 1", "steel", {"STND 1"}},
         BadValue{"TextForReal", kTextForReal.c_str(), "MATL 2", "dampingRatio", {"MATL 2"}},
-        BadValue{"Infinity", "UPDATE MATL SET dampingRatio = 9e999 WHERE \"key\" = 2", "MATL 2", "dampingRatio",
-                 {"MATL 2"}},
+        BadValue{
+            "Infinity", "UPDATE MATL SET dampingRatio = 9e999 WHERE \"key\" = 2", "MATL 2", "dampingRatio", {"MATL 2"}},
         BadValue{"TooLarge", "UPDATE SECT SET kind = 5000000000 WHERE \"key\" = 2", "SECT 2", "kind", {"SECT 2"}},
         BadValue{"NegativeKey", "UPDATE PREL SET memb = -1", "PREL 1", "memb", {"PREL 1"}},
         BadValue{"OpenList", "UPDATE LCOM SET items = '[[1,1,1.2]' WHERE \"key\" = 2", "LCOM 2", "items", {"LCOM 2"}},
         BadValue{"ListOfTexts", "UPDATE NAME SET keys = '[\"1\"]'", "NAME 1", "keys", {"NAME 1"}},
-        BadValue{"ShortList", "UPDATE SECT SET base_size = '[1,2]' WHERE \"key\" = 2", "SECT 2", "base_size",
-                 {"SECT 2"}},
+        BadValue{
+            "ShortList", "UPDATE SECT SET base_size = '[1,2]' WHERE \"key\" = 2", "SECT 2", "base_size", {"SECT 2"}},
         BadValue{"NoList", "UPDATE MEMB SET nodes = '' WHERE \"key\" = 2", "MEMB 2", "nodes", {"MEMB 2", "PREL 1"}}),
     [](const auto& value) { return std::string(value.param.name); });
 
@@ -348,7 +348,7 @@ TEST_F(FileOpen, ATriggerInTheFileDoesNotRun) {
     EXPECT_EQ(AllRecords(*doc).size(), records.size() + 1);
 }
 
-// ---- damaged bytes ---------------------------------------------------------------------------------------------------
+// ---- damaged bytes ----
 
 TEST_F(FileOpen, AFileThatIsCutOffAnywhereIsRefusedAndReadAsFarAsItGoes) {
     const std::string good = ReadBytes(path);
@@ -400,7 +400,8 @@ TEST_F(FileOpen, RandomlyChangedBytesNeverBreakTheProgramOrTheFile) {
     std::uniform_int_distribution<int> byte(0, 255);
     for (int round = 0; round < 150; ++round) {
         std::string bad = good;
-        for (int i = 0; i < 40; ++i) bad[round % 2 ? place(random) : place(random) % 4096] = static_cast<char>(byte(random));
+        for (int i = 0; i < 40; ++i)
+            bad[round % 2 ? place(random) : place(random) % 4096] = static_cast<char>(byte(random));
         WriteBytes(path, bad);
         const auto before = FolderContent(folder.Path());
         const bool opened = Open() != nullptr;
@@ -414,7 +415,7 @@ TEST_F(FileOpen, RandomlyChangedBytesNeverBreakTheProgramOrTheFile) {
     }
 }
 
-// ---- rights and locks ------------------------------------------------------------------------------------------------
+// ---- rights and locks ----
 
 TEST_F(FileOpen, AWriteProtectedFileIsOnlyRead) {
     ASSERT_EQ(chmod(folder.Path().c_str(), 0777), 0);
@@ -482,7 +483,7 @@ TEST_F(FileOpen, AModelThatIsOnlyReadDoesNotKeepTheFile) {
     EXPECT_NE(Open(), nullptr) << report.message;
 }
 
-// ---- a file whose program was killed ---------------------------------------------------------------------------------
+// ---- a file whose program was killed ----
 
 /// A file beside which the journal of a killed program stands.
 class FileOfKilledProgram : public FileOpen {

@@ -1,9 +1,8 @@
-#include <gmock/gmock.h>
-#include <sys/stat.h>
-
 #include "velda_lib/msg_dll.h"
 #include "zt_db/child_process.h"
 #include "zt_db/model_fixture.h"
+#include <gmock/gmock.h>
+#include <sys/stat.h>
 
 namespace zt {
 namespace {
@@ -48,7 +47,8 @@ protected:
         EXPECT_EQ(doc->GetPath(), target);
         const std::vector<std::string> saved = AllRecords(*doc);
         doc.reset();
-        for (const char* ending : {".part", "-wal", "-shm", "-journal"}) EXPECT_FALSE(fs::exists(target + ending)) << ending;
+        for (const char* ending : {".part", "-wal", "-shm", "-journal"})
+            EXPECT_FALSE(fs::exists(target + ending)) << ending;
         doc = CDBDoc::Open(target, OpenMode::Normal, report);
         ASSERT_NE(doc, nullptr) << report.message;
         EXPECT_EQ(AllRecords(*doc), saved);

@@ -52,14 +52,10 @@ std::string UndoOne(CDBDoc& doc) { return DatabaseOf(doc).Undo() ? std::string{}
 std::string RedoOne(CDBDoc& doc) { return DatabaseOf(doc).Redo() ? std::string{} : DatabaseOf(doc).GetLastReason(); }
 
 constexpr ModelOperation kOperations[] = {
-    {"Transaction", &PrepareNothing, &RenameModule},
-    {"LaterTransaction", &AddTwoSections, &RenameModule},
-    {"Batch", &PrepareNothing, &AddBatch},
-    {"Deletion", &AddTwoSections, &DeleteNode},
-    {"Group", &AddTwoSections, &RunGroup},
-    {"Undo", &AddTwoSections, &UndoOne},
-    {"UndoOfGroup", &RunGroupBefore, &UndoOne},
-    {"Redo", &AddAndTakeBack, &RedoOne},
+    {"Transaction", &PrepareNothing, &RenameModule}, {"LaterTransaction", &AddTwoSections, &RenameModule},
+    {"Batch", &PrepareNothing, &AddBatch},           {"Deletion", &AddTwoSections, &DeleteNode},
+    {"Group", &AddTwoSections, &RunGroup},           {"Undo", &AddTwoSections, &UndoOne},
+    {"UndoOfGroup", &RunGroupBefore, &UndoOne},      {"Redo", &AddAndTakeBack, &RedoOne},
 };
 
 using WriteFaultParameters = std::tuple<ModelOperation, FileSafety, int, bool>;
@@ -88,12 +84,12 @@ class FileWriteFaultInLargeBatch : public WriteFaultTest {};
 
 TEST_F(FileWriteFaultInLargeBatch, LeavesMemoryAndFileAsTheyWere) {
     for (const bool stays : {false, true}) {
-        FailEverywhere({"LargeBatch", &PrepareNothing, &AddLargeBatch}, FileSafety::Normal,
-                       {0, SQLITE_FULL, stays}, [](int at) { return at + std::max(1, at / 3); });
+        FailEverywhere({"LargeBatch", &PrepareNothing, &AddLargeBatch}, FileSafety::Normal, {0, SQLITE_FULL, stays},
+                       [](int at) { return at + std::max(1, at / 3); });
     }
 }
 
-// ---- opening and saving ----------------------------------------------------------------------------------------------
+// ---- opening and saving ----
 
 class FileSaveFault : public WriteFaultTest, public testing::WithParamInterface<std::tuple<int, bool>> {
 protected:
@@ -143,9 +139,10 @@ TEST_P(FileSaveFault, LeavesTheFileThatWasToBeReplaced) { SaveWithFaults(path); 
 
 TEST_P(FileSaveFault, LeavesAnOlderFileThatCannotBeBroughtUpToDate) {
     const auto [result, stays] = GetParam();
-    RunSql(path, "PRAGMA locking_mode = EXCLUSIVE; DROP TABLE STND;"
-                 "ALTER TABLE MATL DROP COLUMN dampingRatio; PRAGMA user_version = 0;"
-                 "PRAGMA journal_mode = DELETE");
+    RunSql(path,
+           "PRAGMA locking_mode = EXCLUSIVE; DROP TABLE STND;"
+           "ALTER TABLE MATL DROP COLUMN dampingRatio; PRAGMA user_version = 0;"
+           "PRAGMA journal_mode = DELETE");
     const std::string older = ReadBytes(path);
     std::unique_ptr<CDBDoc> doc;
     for (int at = 1; !doc && !HasFailure(); ++at) {
@@ -169,7 +166,7 @@ TEST_P(FileSaveFault, LeavesAnOlderFileThatCannotBeBroughtUpToDate) {
 INSTANTIATE_TEST_SUITE_P(Faults, FileSaveFault,
                          testing::Combine(testing::Values(SQLITE_FULL, SQLITE_IOERR_WRITE), testing::Bool()));
 
-// ---- inside a group --------------------------------------------------------------------------------------------------
+// ---- inside a group ----
 
 TEST_F(FileWriteFaultInLargeBatch, ClosingOnAFullDiskLosesNothing) {
     std::unique_ptr<CDBDoc> doc = Prepared({"", &AddTwoSections, nullptr}, FileSafety::Normal);

@@ -11,8 +11,8 @@
 
 namespace zt {
 
-/// A program that works on a model file is killed at any moment. Each of its steps writes a set of records of two classes
-/// with one stamp, and is reported once the call has returned.
+/// A program that works on a model file is killed at any moment. Each of its steps writes a set of records of two
+/// classes with one stamp, and is reported once the call has returned.
 class KillTest : public ModelFileTest {
 protected:
     void KillOften(int rounds, unsigned seed) {
@@ -29,8 +29,8 @@ private:
     static constexpr std::uint32_t kStamps = 400;
     static constexpr std::uint32_t kSetSize = 7;
 
-    /// What the child does with one stamp. The stamps from 1 up are written in turn; every third is taken back again, and
-    /// every sixth of those made again.
+    /// What the child does with one stamp. The stamps from 1 up are written in turn; every third is taken back again,
+    /// and every sixth of those made again.
     struct Report {
         enum Kind : char { Ready = 'r', Written = 'w', TakenBack = 'b', MadeAgain = 'a' };
     };

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <gtest/gtest.h>
 #include <sqlite3.h>
 #include <unistd.h>
 
@@ -13,6 +12,7 @@
 
 #include "zt_db/record_texts.h"
 #include "zt_db/test_support.h"
+#include <gtest/gtest.h>
 
 namespace zt {
 
@@ -28,8 +28,8 @@ struct ModelState {
 
 inline ModelState StateOf(CDBDoc& doc) {
     CDataBase& database = *doc.GetMDBCtrl()->GetCurrentDB();
-    ModelState state{AllRecords(doc), database.GetUndoNames(), database.GetRedoNames(), {},
-                     database.GetTransactionCount()};
+    ModelState state{
+        AllRecords(doc), database.GetUndoNames(), database.GetRedoNames(), {}, database.GetTransactionCount()};
     const CViewBuff& buffer = *database.GetViewBuff();
     for (POSITION position = buffer.GetHeadPosition(); position;) state.changes.push_back(buffer.GetNext(position));
     return state;

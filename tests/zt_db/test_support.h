@@ -1,6 +1,5 @@
 #pragma once
 
-#include <gtest/gtest.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -11,6 +10,7 @@
 
 #include "zt_db/doc/doc.h"
 #include "zt_db/records/record_list.h"
+#include <gtest/gtest.h>
 
 namespace zt {
 
@@ -41,7 +41,8 @@ protected:
     std::vector<std::string> Changes() {
         std::vector<std::string> texts;
         const CViewBuff& buffer = *Db().GetViewBuff();
-        for (POSITION position = buffer.GetHeadPosition(); position;) texts.push_back(EntryText(buffer.GetNext(position)));
+        for (POSITION position = buffer.GetHeadPosition(); position;)
+            texts.push_back(EntryText(buffer.GetNext(position)));
         return texts;
     }
 
@@ -55,7 +56,8 @@ private:
         CDataOf<Record> data;
         if (!buffer.ReadData(entry, data)) return false;
         for (std::size_t kind = 0; kind < kChangeEntryKinds; ++kind) {
-            if (static_cast<std::uint32_t>(IdentityOf<Record>::value.codes[kind]) == static_cast<std::uint32_t>(entry)) {
+            if (static_cast<std::uint32_t>(IdentityOf<Record>::value.codes[kind]) ==
+                static_cast<std::uint32_t>(entry)) {
                 text = std::string(Class::kMnemonic) + kKinds[kind] + std::to_string(data.key);
             }
         }
@@ -77,8 +79,8 @@ class TemporaryFolder {
 public:
     explicit TemporaryFolder(const std::string& use = "") {
         const auto* info = testing::UnitTest::GetInstance()->current_test_info();
-        path_ = std::filesystem::temp_directory_path() /
-                ("zt_" + use + NameOf(info) + "_" + std::to_string(::getpid()));
+        path_ =
+            std::filesystem::temp_directory_path() / ("zt_" + use + NameOf(info) + "_" + std::to_string(::getpid()));
         std::filesystem::remove_all(path_);
         std::filesystem::create_directories(path_);
     }

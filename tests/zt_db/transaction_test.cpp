@@ -39,12 +39,12 @@ private:
     std::string before_;
 };
 
-#define EXPECT_REFUSED(call, reason)                          \
-    do {                                                      \
-        const Untouched untouched(Db());                      \
-        EXPECT_FALSE(call);                                   \
-        EXPECT_EQ(Db().GetLastReason(), reason);              \
-        EXPECT_TRUE(untouched.Holds());                       \
+#define EXPECT_REFUSED(call, reason)             \
+    do {                                         \
+        const Untouched untouched(Db());         \
+        EXPECT_FALSE(call);                      \
+        EXPECT_EQ(Db().GetLastReason(), reason); \
+        EXPECT_TRUE(untouched.Holds());          \
     } while (false)
 
 TEST_F(Transaction, KeysAreValidated) {
@@ -159,8 +159,8 @@ TEST_F(Transaction, DeletingANodeTakesWhatCannotExistWithoutIt) {
 
     ASSERT_TRUE(Records<CClassPont>().TR_Del(1));
     EXPECT_EQ(Db().GetTransactionCount(), before + 1);
-    EXPECT_EQ(Changes(), (Texts{"NAME MFD 70", "NAME MFS 70", "NAME MFD 71", "NAME MFS 71", "PREL DEL 60", "MBTP DEL 50",
-                                "MEMB DEL 10", "PONT DEL 1"}));
+    EXPECT_EQ(Changes(), (Texts{"NAME MFD 70", "NAME MFS 70", "NAME MFD 71", "NAME MFS 71", "PREL DEL 60",
+                                "MBTP DEL 50", "MEMB DEL 10", "PONT DEL 1"}));
     T_NAME_D group;
     ASSERT_TRUE(Records<CClassName>().Get(70, group));
     EXPECT_EQ(group.keys, (Keys{3}));

@@ -113,7 +113,8 @@ TEST_F(Units, FixedUnitsDoNotFollow) {
 TEST_F(Units, KnownConversions) {
     CUnitCtrl& units = *doc->GetUnitCtrl();
     const auto in = [&](const char* force, const char* length) {
-        SetUnits(CUnitCtrl::FindChoice(UnitQuantity::Force, force), CUnitCtrl::FindChoice(UnitQuantity::Length, length));
+        SetUnits(CUnitCtrl::FindChoice(UnitQuantity::Force, force),
+                 CUnitCtrl::FindChoice(UnitQuantity::Length, length));
     };
     in("kip", "ft");
     EXPECT_NEAR(units.ToCurrent(Unit::Moment, 1.0e6), 737.562149277, 1e-8);

@@ -1,12 +1,11 @@
 #pragma once
 
-#include <gmock/gmock.h>
-
 #include <algorithm>
 
 #include "velda_lib/msg_dll.h"
 #include "zt_db/failing_vfs.h"
 #include "zt_db/model_fixture.h"
+#include <gmock/gmock.h>
 
 namespace zt {
 

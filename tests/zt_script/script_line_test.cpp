@@ -1,9 +1,8 @@
 #include "zt_script/script_line.h"
 
+#include "velda_lib/language.h"
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include "velda_lib/language.h"
 
 namespace zt {
 namespace {

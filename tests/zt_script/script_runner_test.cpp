@@ -1,13 +1,12 @@
 #include "zt_script/script_runner.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <fstream>
 #include <sstream>
 
 #include "velda_lib/language.h"
 #include "zt_db/test_support.h"
+#include <gtest/gtest.h>
 
 namespace zt {
 namespace {
@@ -46,16 +45,18 @@ void ExpectUnreadable(std::string_view line, const std::string& why) {
 }
 
 TEST(ScriptRunner, ExpectationsThatHoldAreCountedAndSayNothing) {
-    const RunResult run = RunLines("record add THIK 1 name=\"W200\"\nexpect count THIK 1\n"
-                                   "expect record THIK 1 name=\"W200\"\n");
+    const RunResult run = RunLines(
+        "record add THIK 1 name=\"W200\"\nexpect count THIK 1\n"
+        "expect record THIK 1 name=\"W200\"\n");
     ExpectCounts(run, 2, 0, 0);
     EXPECT_EQ(run.output, "");
     EXPECT_EQ(run.count.ExitStatus(), 0);
 }
 
 TEST(ScriptRunner, AFailedExpectationTellsItsPlaceAndBothSides) {
-    const RunResult run = RunLines("record add THIK 1 name=\"W200\" thickness=0.2\n\n"
-                             "expect record THIK 1 name=\"W300\" thickness=0.2\nexpect count THIK 2\n");
+    const RunResult run = RunLines(
+        "record add THIK 1 name=\"W200\" thickness=0.2\n\n"
+        "expect record THIK 1 name=\"W300\" thickness=0.2\nexpect count THIK 2\n");
     EXPECT_EQ(run.output,
               "a.zts:3: expected THIK 1 name=\"W300\" thickness=0.2, found THIK 1 name=\"W200\" thickness=0.2\n"
               "a.zts:4: expected 2, found 1\n");
@@ -186,20 +187,24 @@ TEST(ScriptRunner, ALineThatCannotBeReadTellsWhy) {
 }
 
 TEST(ScriptRunner, OfCommandsThatBeginAlikeTheLongestCounts) {
-    const RunResult run = RunLines("record add THIK 1\nundo to \"Add Thickness\"\nexpect count THIK 0\n"
-                                   "redo\nexpect count THIK 1\n");
+    const RunResult run = RunLines(
+        "record add THIK 1\nundo to \"Add Thickness\"\nexpect count THIK 0\n"
+        "redo\nexpect count THIK 1\n");
     ExpectCounts(run, 2, 0, 0);
 }
 
 TEST(ScriptRunner, LinesAreCountedWithForeignLineEnds) {
-    const RunResult run = RunLines("# comment\r\n\r\nrecord add THIK 1 name=\"a\"\r\n"
-                                   "expect record THIK 1 name=\"a\"\r\nexpect count THIK 2\r\n");
+    const RunResult run = RunLines(
+        "# comment\r\n\r\nrecord add THIK 1 name=\"a\"\r\n"
+        "expect record THIK 1 name=\"a\"\r\nexpect count THIK 2\r\n");
     EXPECT_EQ(run.output, "a.zts:5: expected 2, found 1\n");
     ExpectCounts(run, 1, 1, 0);
 }
 
 TEST(ScriptRunner, AByteOrderMarkIsPassedOver) {
-    ExpectCounts(RunLines("\xef\xbb\xbf" "expect count THIK 0"), 1, 0, 0);
+    ExpectCounts(RunLines("\xef\xbb\xbf"
+                          "expect count THIK 0"),
+                 1, 0, 0);
 }
 
 TEST(ScriptRunner, AnEmptyScriptPassesWithNothing) {

@@ -1,13 +1,12 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-#include <sys/wait.h>
-
 #include <cstdlib>
 #include <fstream>
 #include <sstream>
 
 #include "zt_db/sample/sample_building.h"
 #include "zt_db/test_support.h"
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
 
 namespace zt {
 namespace {

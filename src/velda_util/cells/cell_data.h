@@ -11,8 +11,8 @@
 
 namespace velda {
 
-/// The cell texts of a table, by row id and column id, and the order of the rows. A cell is a text; a number is kept as a number,
-/// and its text is "%.15g", so that sorting need not read texts and a million rows take little room.
+/// The cell texts of a table, by row id and column id, and the order of the rows. A cell is a text; a number is kept as
+/// a number, and its text is "%.15g", so that sorting need not read texts and a million rows take little room.
 class CGXData {
 public:
     explicit CGXData(int columnCount = 0) { Reset(columnCount); }
@@ -23,12 +23,13 @@ public:
 
     // ---- rows
 
-    /// A new row with empty cells; it does not stand in the order yet. Ids of removed rows come back only after RecycleRows.
+    /// A new row with empty cells; it does not stand in the order yet. Ids of removed rows come back only after
+    /// RecycleRows.
     RowId NewRow();
     /// Removes a row, from the order too.
     void RemoveRow(RowId row);
-    /// Removes many rows and puts others to their places, in one pass. `added` stands in the order of its places, which count in the
-    /// order before the call.
+    /// Removes many rows and puts others to their places, in one pass. `added` stands in the order of its places, which
+    /// count in the order before the call.
     void MergeRows(std::span<const RowId> removed, std::span<const RowOrder::Arrival> added);
     bool HasRow(RowId row) const { return row < used_.size() && used_[row]; }
     /// Gives the ids of removed rows free for new rows; for a moment in which nobody holds the id of a removed row.
@@ -42,8 +43,8 @@ public:
 
     /// Keeps a text. With `numeric` set a text that is exactly the "%.15g" form of its number is kept as that number.
     void StoreText(RowId row, int column, std::string_view text, bool numeric);
-    /// Keeps a number as its "%.15g" text shows it, so that rows which look equal sort as equal. A number that is not finite is kept
-    /// as a text.
+    /// Keeps a number as its "%.15g" text shows it, so that rows which look equal sort as equal. A number that is not
+    /// finite is kept as a text.
     void StoreNumber(RowId row, int column, double value);
 
     CellValue Value(RowId row, int column) const { return columns_[static_cast<std::size_t>(column)][row]; }

@@ -9,8 +9,8 @@
 
 namespace velda {
 
-/// What a cell holds, in 8 bytes: nothing, a number, a text of up to 6 bytes, or the number of a longer text in a pool. Numbers
-/// stand as they are; the rest uses bit patterns that no number has (negative quiet NaNs).
+/// What a cell holds, in 8 bytes: nothing, a number, a text of up to 6 bytes, or the number of a longer text in a pool.
+/// Numbers stand as they are; the rest uses bit patterns that no number has (negative quiet NaNs).
 class CellValue {
 public:
     constexpr CellValue() = default;

@@ -5,8 +5,9 @@
 namespace velda {
 
 std::uint32_t RowOrder::ChunkAt(std::size_t position) const {
-    const auto above = std::upper_bound(sequence_.begin(), sequence_.end(), position,
-                                        [this](std::size_t p, std::uint32_t chunk) { return p < chunks_[chunk].start; });
+    const auto above =
+        std::upper_bound(sequence_.begin(), sequence_.end(), position,
+                         [this](std::size_t p, std::uint32_t chunk) { return p < chunks_[chunk].start; });
     return *(above - 1);
 }
 

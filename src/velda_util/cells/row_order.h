@@ -11,8 +11,9 @@ namespace velda {
 using RowId = std::uint32_t;
 inline constexpr RowId kNoRow = 0xFFFFFFFFu;
 
-/// The order in which rows stand: positions counted from 0, each holding a row id. Ids are kept in chunks, so that a row comes
-/// and goes in the middle at the cost of one chunk, and each id knows its chunk, so that its position is found without a search.
+/// The order in which rows stand: positions counted from 0, each holding a row id. Ids are kept in chunks, so that a
+/// row comes and goes in the middle at the cost of one chunk, and each id knows its chunk, so that its position is
+/// found without a search.
 class RowOrder {
 public:
     std::size_t Count() const { return count_; }
@@ -29,8 +30,8 @@ public:
     void Assign(std::span<const RowId> rows);
     void Clear() { Assign({}); }
 
-    /// Takes out the rows for which `goes(row)` holds, and puts each of `added` before the row that stands at its place in the order
-    /// before the call, in one pass. `added` stands in the order of its places.
+    /// Takes out the rows for which `goes(row)` holds, and puts each of `added` before the row that stands at its place
+    /// in the order before the call, in one pass. `added` stands in the order of its places.
     struct Arrival {
         std::size_t position;
         RowId row;
@@ -60,10 +61,10 @@ private:
     void RemoveChunk(std::uint32_t chunk);
     void Know(RowId row, std::uint32_t chunk);
 
-    std::vector<Chunk> chunks_;              ///< by chunk number, which never changes
-    std::vector<std::uint32_t> sequence_;    ///< chunk numbers in order
+    std::vector<Chunk> chunks_;            ///< by chunk number, which never changes
+    std::vector<std::uint32_t> sequence_;  ///< chunk numbers in order
     std::vector<std::uint32_t> freeChunks_;
-    std::vector<std::uint32_t> chunkOf_;     ///< by row id
+    std::vector<std::uint32_t> chunkOf_;  ///< by row id
     std::size_t count_ = 0;
 };
 

@@ -30,7 +30,8 @@ std::uint64_t OrderedBits(double value) {
 /// The first 8 bytes of a text; a shorter text is smaller.
 std::uint64_t OrderedPrefix(std::string_view text) {
     std::uint64_t bits = 0;
-    for (std::size_t i = 0; i < 8; ++i) bits = (bits << 8) | (i < text.size() ? static_cast<unsigned char>(text[i]) : 0u);
+    for (std::size_t i = 0; i < 8; ++i)
+        bits = (bits << 8) | (i < text.size() ? static_cast<unsigned char>(text[i]) : 0u);
     return bits;
 }
 
@@ -150,8 +151,8 @@ void RowComparison::SortRun(std::span<RowId> rows, std::size_t item) const {
     const std::uint64_t flip = items_[item].order == 0 ? 0 : ~std::uint64_t{0};
     std::vector<Sortable> list(rows.size());
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        const std::uint64_t key = IsNumeric(item) ? OrderedBits(data_.Number(rows[i], column))
-                                                  : OrderedPrefix(data_.Text(rows[i], column));
+        const std::uint64_t key =
+            IsNumeric(item) ? OrderedBits(data_.Number(rows[i], column)) : OrderedPrefix(data_.Text(rows[i], column));
         list[i] = {key ^ flip, rows[i]};
     }
     SortByKey(list);
@@ -166,8 +167,7 @@ void RowComparison::SortRun(std::span<RowId> rows, std::size_t item) const {
         if (run.size() > kLongRun && rest > item && rest < items_.size()) {
             SortRun(run, rest);
         } else if (run.size() > 1 && rest < items_.size()) {
-            std::stable_sort(run.begin(), run.end(),
-                             [&](RowId a, RowId b) { return CompareFrom(rest, a, b) < 0; });
+            std::stable_sort(run.begin(), run.end(), [&](RowId a, RowId b) { return CompareFrom(rest, a, b) < 0; });
         }
         start = end;
     }

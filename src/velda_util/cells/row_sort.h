@@ -11,7 +11,8 @@ namespace velda {
 /// Types of columns: long integers, doubles, texts.
 enum class ColumnType { Long = 1, Double = 2, String = 3 };
 
-/// One item of a sort specification: the column, a type that the engine does not read, and the order (0 ascending, 1 descending).
+/// One item of a sort specification: the column, a type that the engine does not read, and the order (0 ascending, 1
+/// descending).
 struct STBSortItem {
     int column = 0;
     int type = 0;
@@ -19,7 +20,8 @@ struct STBSortItem {
     bool operator==(const STBSortItem&) const = default;
 };
 
-/// Compares rows by a sort specification: numbers in columns of the types long and double, texts by bytes in the others.
+/// Compares rows by a sort specification: numbers in columns of the types long and double, texts by bytes in the
+/// others.
 class RowComparison {
 public:
     /// `types` by column id.

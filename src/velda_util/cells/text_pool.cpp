@@ -6,7 +6,7 @@ namespace velda {
 
 std::size_t TextPool::PlaceOf(std::string_view text) const {
     const std::size_t mask = numbers_.size() - 1;
-    std::size_t place = std::hash<std::string_view>{}(text) & mask;
+    std::size_t place = std::hash<std::string_view>{}(text)&mask;
     while (numbers_[place] != kFree && Get(numbers_[place]) != text) place = (place + 1) & mask;
     return place;
 }

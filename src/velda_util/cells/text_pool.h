@@ -26,8 +26,8 @@ private:
     void Grow();
 
     std::string bytes_;
-    std::vector<std::size_t> starts_{0};   ///< by number, with the end of the last behind it
-    std::vector<std::uint32_t> numbers_;   ///< open addressing by the hash of the text
+    std::vector<std::size_t> starts_{0};  ///< by number, with the end of the last behind it
+    std::vector<std::uint32_t> numbers_;  ///< open addressing by the hash of the text
 };
 
 }  // namespace velda

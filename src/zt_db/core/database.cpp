@@ -15,7 +15,8 @@ using velda::Outcome;
 
 }  // namespace
 
-/// While views are told of a change, no other change may begin: views that are still to be told would walk the wrong buffer.
+/// While views are told of a change, no other change may begin: views that are still to be told would walk the wrong
+/// buffer.
 class DB_CDataBase::TellGuard {
 public:
     explicit TellGuard(bool& telling) : telling_(telling) { telling_ = true; }
@@ -53,7 +54,7 @@ std::string DB_CDataBase::RecordLabel(std::uint16_t classIndex, std::uint32_t ke
     return store.DisplayName() + " " + velda::FormatLong(number);
 }
 
-// ---- transactions ----------------------------------------------------------------------------------------------------
+// ---- transactions ----
 
 int DB_CDataBase::Report(const Outcome& outcome) {
     reason_ = outcome.Reason();
@@ -122,7 +123,8 @@ Outcome DB_CDataBase::RunInGroup(Batch& batch) {
     return Outcome::Done();
 }
 
-// Memory first, since the references are checked on the result; then the storage. When either fails, memory is as before.
+// Memory first, since the references are checked on the result; then the storage. When either fails, memory is as
+// before.
 Outcome DB_CDataBase::ApplyChecked(const Batch& batch) {
     ApplyToMemory(batch, Direction::Forward);
     Outcome outcome = CheckReferences(*this, batch);
@@ -179,7 +181,7 @@ void DB_CDataBase::ForgetDeleted(const Step& step, Direction direction) {
     viewCtrl_.ForgetMemb(members);
 }
 
-// ---- groups ------------------------------------------------------------------------------------------------------------
+// ---- groups ----
 
 int DB_CDataBase::BeginGroup(std::string name) {
     Outcome outcome = MayChange();
@@ -222,7 +224,7 @@ void DB_CDataBase::TakeBackGroup() {
     if (storage_) storage_->Rollback();
 }
 
-// ---- history -----------------------------------------------------------------------------------------------------------
+// ---- history ----
 
 int DB_CDataBase::Undo(int count) { return Move(undo_, redo_, Direction::Backward, count, "IDS_DB_REASON_NO_UNDO"); }
 

@@ -90,10 +90,12 @@ constexpr Group<Owner, Member> Grouped(const char* name, Member Owner::*member) 
     return {name, member};
 }
 
-// ---- kinds of values ---------------------------------------------------------------------------------------------
+// ---- kinds of values ----
 
 template <class T>
-concept HasFields = requires { Fields<std::remove_cvref_t<T>>::list; };
+concept HasFields = requires {
+    Fields<std::remove_cvref_t<T>>::list;
+};
 
 template <class T>
 struct IsStdArray : std::false_type {};
@@ -107,17 +109,17 @@ struct IsStdVector<std::vector<T>> : std::true_type {};
 
 template <class T>
 concept ScalarValue = std::is_same_v<T, int> || std::is_same_v<T, std::uint32_t> || std::is_same_v<T, double> ||
-                      std::is_same_v<T, std::string>;
+    std::is_same_v<T, std::string>;
 /// Lists are vectors and arrays of scalars, and vectors of structures that have a field list.
 template <class T>
-concept ListValue = IsStdVector<T>::value || (IsStdArray<T>::value && !HasFields<typename T::value_type>);
+concept ListValue = IsStdVector<T>::value ||(IsStdArray<T>::value && !HasFields<typename T::value_type>);
 
 template <class T>
 inline constexpr bool kIsGroup = false;
 template <class Owner, class Member>
 inline constexpr bool kIsGroup<Group<Owner, Member>> = true;
 
-// ---- walks ---------------------------------------------------------------------------------------------------------
+// ---- walks ----
 
 /// Calls `visit(field, owner)` for every field of a record, in order, with groups opened. `R` may be const.
 /// Field is passed as a std::integral_constant-like type with a static constexpr `value`.
@@ -148,9 +150,8 @@ constexpr void VisitOneField(Owner& owner, Visit& visit) {
 template <class R, class Visit>
 constexpr void VisitFields(R& record, Visit&& visit) {
     using Owner = std::remove_cv_t<R>;
-    [&]<std::size_t... I>(std::index_sequence<I...>) {
-        (VisitOneField<FieldAt<Owner, I>>(record, visit), ...);
-    }(std::make_index_sequence<std::tuple_size_v<std::remove_cvref_t<decltype(Fields<Owner>::list)>>>{});
+    [&]<std::size_t... I>(std::index_sequence<I...>) { (VisitOneField<FieldAt<Owner, I>>(record, visit), ...); }
+    (std::make_index_sequence<std::tuple_size_v<std::remove_cvref_t<decltype(Fields<Owner>::list)>>>{});
 }
 
 /// Calls `visit(FieldTag, owner, scalar)` for every scalar of a record, those in lists included.
@@ -188,7 +189,7 @@ void AppendColumnNames(const std::string& prefix, std::vector<std::string>& name
     std::apply([&](const auto&... field) { (add(field), ...); }, Fields<R>::list);
 }
 
-// ---- unit codes ----------------------------------------------------------------------------------------------------
+// ---- unit codes ----
 
 /// Unit codes of the fields of one structure that carry one, in field order; the form of T_XXXX_D::unit.
 template <class R>

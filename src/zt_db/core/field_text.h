@@ -8,9 +8,9 @@
 
 namespace zt {
 
-/// Texts of field values in scripts and, for lists, in files. A scalar stands as it is; a list is a JSON array, a list of
-/// structures an array of arrays in field order: [[1,3,1.2],[1,4,1.6]]. Real numbers are written so that they read back
-/// exactly. Every reader returns false, and may leave a part of the value changed, when the text is no such value.
+/// Texts of field values in scripts and, for lists, in files. A scalar stands as it is; a list is a JSON array, a list
+/// of structures an array of arrays in field order: [[1,3,1.2],[1,4,1.6]]. Real numbers are written so that they read
+/// back exactly. Every reader returns false, and may leave a part of the value changed, when the text is no such value.
 
 void AppendQuoted(std::string& text, std::string_view value);
 

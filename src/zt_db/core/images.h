@@ -22,8 +22,8 @@ void RecordToCurrent(R& record, const CUnitCtrl& units) {
     });
 }
 
-/// Brings every number of a record that has a unit from the current units to SI units. A negative zero, which a file does not
-/// keep, becomes zero.
+/// Brings every number of a record that has a unit from the current units to SI units. A negative zero, which a file
+/// does not keep, becomes zero.
 template <class R>
 void RecordToBase(R& record, const CUnitCtrl& units) {
     VisitScalars(record, [&](auto tag, auto&, auto& value) {

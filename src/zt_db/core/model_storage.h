@@ -5,8 +5,8 @@
 
 namespace zt {
 
-/// Where committed transactions are kept beside memory. A unit of work is begun, filled batch by batch and ended; what is
-/// not ended is not kept.
+/// Where committed transactions are kept beside memory. A unit of work is begun, filled batch by batch and ended; what
+/// is not ended is not kept.
 class ModelStorage {
 public:
     virtual ~ModelStorage() = default;

@@ -69,9 +69,9 @@ public:
             records.ToBase(i, database_.Units());
             const int column = records.FirstNotFinite(i);
             if (column < 0) continue;
-            return Outcome::Refused(FormatText("IDS_DB_REASON_NOT_FINITE",
-                                               {store_.DisplayName(), velda::FormatLong(keys[i]),
-                                                store_.ColumnNames()[static_cast<std::size_t>(column)]}));
+            return Outcome::Refused(
+                FormatText("IDS_DB_REASON_NOT_FINITE", {store_.DisplayName(), velda::FormatLong(keys[i]),
+                                                        store_.ColumnNames()[static_cast<std::size_t>(column)]}));
         }
         return Outcome::Done();
     }
@@ -105,8 +105,8 @@ struct User {
     std::uint32_t targetKey;
 };
 
-/// The records that a deletion takes with it, found in rounds: each round looks for those that refer to what the round before
-/// found.
+/// The records that a deletion takes with it, found in rounds: each round looks for those that refer to what the round
+/// before found.
 class DeletionClosure {
 public:
     explicit DeletionClosure(const DB_CDataBase& database)
@@ -122,13 +122,15 @@ public:
         }
     }
 
-    /// The record with the lowest key that stays and needs one that goes, with the number of such records; null when there is none.
+    /// The record with the lowest key that stays and needs one that goes, with the number of such records; null when
+    /// there is none.
     const User* FirstRefusal(std::uint32_t& count) const {
         const User* first = nullptr;
         count = 0;
         for (const User& user : refusals_) {
             if (gone_[user.classIndex].Contains(user.key)) continue;
-            const bool lower = !first || std::pair(user.classIndex, user.key) < std::pair(first->classIndex, first->key);
+            const bool lower =
+                !first || std::pair(user.classIndex, user.key) < std::pair(first->classIndex, first->key);
             if (lower) first = &user;
             ++count;
         }

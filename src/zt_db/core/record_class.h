@@ -72,25 +72,25 @@ private:
 };
 
 /// The names of a record class: its identifier and its change codes, as variables assigned at start-up.
-#define ZT_CLASS_NAMES(XXXX)                                                                    \
-    static inline const int& m_nClassID = ::zt::IdentityOf<T_##XXXX##_D>::value.classId;        \
-    static inline const int& UR_##XXXX##_ADD = ::zt::IdentityOf<T_##XXXX##_D>::value.codes[0];  \
-    static inline const int& UR_##XXXX##_DEL = ::zt::IdentityOf<T_##XXXX##_D>::value.codes[1];  \
-    static inline const int& UR_##XXXX##_MFD = ::zt::IdentityOf<T_##XXXX##_D>::value.codes[2];  \
-    static inline const int& UR_##XXXX##_MFS = ::zt::IdentityOf<T_##XXXX##_D>::value.codes[3];  \
+#define ZT_CLASS_NAMES(XXXX)                                                                   \
+    static inline const int& m_nClassID = ::zt::IdentityOf<T_##XXXX##_D>::value.classId;       \
+    static inline const int& UR_##XXXX##_ADD = ::zt::IdentityOf<T_##XXXX##_D>::value.codes[0]; \
+    static inline const int& UR_##XXXX##_DEL = ::zt::IdentityOf<T_##XXXX##_D>::value.codes[1]; \
+    static inline const int& UR_##XXXX##_MFD = ::zt::IdentityOf<T_##XXXX##_D>::value.codes[2]; \
+    static inline const int& UR_##XXXX##_MFS = ::zt::IdentityOf<T_##XXXX##_D>::value.codes[3]; \
     static constexpr std::string_view kMnemonic = #XXXX;
 
 /// What follows the field list of a record: its unit codes T_XXXX_D::unit and its transport object CDataXxxx.
-#define ZT_RECORD(XXXX, Xxxx)                                  \
-    struct T_##XXXX##_UNIT : UnitCodesOf<T_##XXXX##_D> {};     \
-    inline const T_##XXXX##_UNIT T_##XXXX##_D::unit{};         \
+#define ZT_RECORD(XXXX, Xxxx)                              \
+    struct T_##XXXX##_UNIT : UnitCodesOf<T_##XXXX##_D> {}; \
+    inline const T_##XXXX##_UNIT T_##XXXX##_D::unit{};     \
     using CData##Xxxx = CDataOf<T_##XXXX##_D>;
 
 /// A record class without operations of its own.
-#define ZT_PLAIN_CLASS(XXXX, Xxxx)                             \
-    class CClass##Xxxx : public CClassOf<T_##XXXX##_D> {       \
-    public:                                                    \
-        ZT_CLASS_NAMES(XXXX)                                   \
+#define ZT_PLAIN_CLASS(XXXX, Xxxx)                       \
+    class CClass##Xxxx : public CClassOf<T_##XXXX##_D> { \
+    public:                                              \
+        ZT_CLASS_NAMES(XXXX)                             \
     };
 
 }  // namespace zt

@@ -18,8 +18,8 @@ public:
 
     bool Exists(std::uint32_t key) const { return index_.Contains(key); }
     std::uint32_t Count() const { return static_cast<std::uint32_t>(index_.Count()); }
-    /// The next free key: one above the largest, or the lowest gap when that would pass 31 bits (table cells read keys as
-    /// signed numbers).
+    /// The next free key: one above the largest, or the lowest gap when that would pass 31 bits (table cells read keys
+    /// as signed numbers).
     std::uint32_t NewKey() const;
     /// All keys, ascending.
     std::vector<std::uint32_t> SortedKeys() const;
@@ -35,7 +35,8 @@ public:
     std::uint32_t NewNumber() const;
     virtual std::uint32_t NumberOfKey(std::uint32_t key) const = 0;
     virtual bool HasNumbers() const = 0;
-    /// Keys of records whose number another record has as well: all of those but one. For content that comes from outside.
+    /// Keys of records whose number another record has as well: all of those but one. For content that comes from
+    /// outside.
     std::vector<std::uint32_t> KeysWithTakenNumber() const;
 
     // ---- what a class looks like
@@ -52,8 +53,8 @@ public:
     virtual void Remove(std::uint32_t key) = 0;
     /// Appends a copy of the record to `images`; returns its index there. The key must exist.
     virtual std::uint32_t CopyTo(std::uint32_t key, ImageList& images) const = 0;
-    /// Adds a record from a storage, under a key that has not been met before. Returns -1, or the column whose value is of the
-    /// wrong kind. The records can be reached only after FinishLoading.
+    /// Adds a record from a storage, under a key that has not been met before. Returns -1, or the column whose value is
+    /// of the wrong kind. The records can be reached only after FinishLoading.
     virtual int LoadRow(std::uint32_t key, RowReader& reader) = 0;
     void FinishLoading();
     /// Visits the references of every record as (key of the record, target, key referred to, policy).
@@ -179,8 +180,8 @@ public:
         }
         return bad;
     }
-    void ForEachReference(velda::FunctionRef<void(std::uint32_t, const RecordIdentity&, std::uint32_t, IfGone)> visit)
-        const override {
+    void ForEachReference(
+        velda::FunctionRef<void(std::uint32_t, const RecordIdentity&, std::uint32_t, IfGone)> visit) const override {
         if constexpr (!RefersToOthers<R>()) return;
         for (std::uint32_t slot = FirstSlot(); slot != kNoSlot; slot = NextSlot(slot)) {
             VisitReferences(At(slot), [&](const RecordIdentity& target, std::uint32_t key, IfGone ifGone) {
@@ -204,10 +205,14 @@ private:
 
     template <class Value>
     static constexpr ColumnKind KindOf() {
-        if constexpr (std::is_same_v<Value, double>) return ColumnKind::Real;
-        else if constexpr (std::is_same_v<Value, std::string>) return ColumnKind::Text;
-        else if constexpr (ScalarValue<Value>) return ColumnKind::Integer;
-        else return ColumnKind::List;
+        if constexpr (std::is_same_v<Value, double>)
+            return ColumnKind::Real;
+        else if constexpr (std::is_same_v<Value, std::string>)
+            return ColumnKind::Text;
+        else if constexpr (ScalarValue<Value>)
+            return ColumnKind::Integer;
+        else
+            return ColumnKind::List;
     }
 
     template <class Value>

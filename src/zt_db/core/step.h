@@ -76,8 +76,8 @@ void ForEachChange(const Batch& batch, Direction direction, Visit&& visit) {
     }
 }
 
-/// Calls the three operations that bring a keyed collection from one side of a batch to the other: first everything that
-/// leaves its key, then what is replaced in place, then what comes to a key. So no key is ever held twice.
+/// Calls the three operations that bring a keyed collection from one side of a batch to the other: first everything
+/// that leaves its key, then what is replaced in place, then what comes to a key. So no key is ever held twice.
 template <class Remove, class Replace, class Insert>
 bool ApplyInPhases(const Batch& batch, Direction direction, Remove&& remove, Replace&& replace, Insert&& insert) {
     const auto keepsKey = [direction](const Change& change) {

@@ -80,7 +80,7 @@ velda::Outcome CDBDoc::SaveAs(const std::string& path) {
     return outcome;
 }
 
-// ---- views -----------------------------------------------------------------------------------------------------------
+// ---- views ----
 
 void CDBDoc::AddView(CDBUpdateConnector* view) {
     views_.push_back(view);
@@ -112,7 +112,7 @@ void CDBDoc::UpdateAllViews(CDBUpdateConnector* sender, int code, T_UPDATE_HINT*
     }
 }
 
-// ---- state -----------------------------------------------------------------------------------------------------------
+// ---- state ----
 
 void CDBDoc::SetModePre() {
     postMode_ = false;

@@ -5,7 +5,8 @@ namespace zt {
 class CDBDoc;
 struct T_UPDATE_HINT;
 
-/// A listener of a document: a view, a pane, a grid. It is told from ConnectToDoc on until it is disconnected or destroyed.
+/// A listener of a document: a view, a pane, a grid. It is told from ConnectToDoc on until it is disconnected or
+/// destroyed.
 class CDBUpdateConnector {
 public:
     CDBUpdateConnector() = default;

@@ -31,12 +31,13 @@ std::uint32_t BigEndian(const unsigned char* bytes, int count) {
 
 }  // namespace
 
-// The header is read through SQLite's own file handle: closing a second handle of the same file would drop the locks that
-// the process holds on it.
+// The header is read through SQLite's own file handle: closing a second handle of the same file would drop the locks
+// that the process holds on it.
 bool IsCutOff(const SqliteHandle& db, const std::string& path) {
     constexpr int kHeaderSize = 100;
     sqlite3_file* file = nullptr;
-    if (!db.Get() || sqlite3_file_control(db.Get(), "main", SQLITE_FCNTL_FILE_POINTER, &file) != SQLITE_OK) return false;
+    if (!db.Get() || sqlite3_file_control(db.Get(), "main", SQLITE_FCNTL_FILE_POINTER, &file) != SQLITE_OK)
+        return false;
     unsigned char header[kHeaderSize];
     if (!file || !file->pMethods || file->pMethods->xRead(file, header, kHeaderSize, 0) != SQLITE_OK) return false;
     const std::uint32_t storedSize = BigEndian(header + 16, 2);

@@ -63,7 +63,8 @@ Outcome CheckTarget(const std::string& path) {
     return busy ? Outcome::Refused(FileMessage(result, old, path)) : Outcome::Done();
 }
 
-/// Makes sure that nobody works on the file that is to be replaced, and that no journal is left to be played into the new one.
+/// Makes sure that nobody works on the file that is to be replaced, and that no journal is left to be played into the
+/// new one.
 Outcome ReleaseTarget(const std::string& path) {
     Outcome outcome = CheckTarget(path);
     if (outcome) RemoveJournals(path);
@@ -100,10 +101,10 @@ int WriteClass(SqliteHandle& db, const RecordStoreBase& store) {
 
 // The file is finished here, so that opening it at its place has nothing to write.
 int WriteWholeModel(SqliteHandle& db, const CDataBase& database) {
-    int result = db.Execute("PRAGMA locking_mode = EXCLUSIVE; PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF;"
-                            "BEGIN; PRAGMA application_id = " +
-                            std::to_string(kModelApplicationId) +
-                            "; PRAGMA user_version = " + std::to_string(kModelSchemaVersion) + ";");
+    int result = db.Execute(
+        "PRAGMA locking_mode = EXCLUSIVE; PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF;"
+        "BEGIN; PRAGMA application_id = " +
+        std::to_string(kModelApplicationId) + "; PRAGMA user_version = " + std::to_string(kModelSchemaVersion) + ";");
     for (std::uint16_t i = 0; result == SQLITE_OK && i < database.ClassCount(); ++i) {
         result = WriteClass(db, database.StoreAt(i));
     }
@@ -196,8 +197,8 @@ Outcome ModelFile::Begin() {
     return result == SQLITE_OK ? Outcome::Done() : Failure(result);
 }
 
-// A failure takes back this batch alone: to the savepoint, or, for the first batch, to the beginning. Some failures make the
-// engine take back the whole unit of work; then nothing of it may be committed.
+// A failure takes back this batch alone: to the savepoint, or, for the first batch, to the beginning. Some failures
+// make the engine take back the whole unit of work; then nothing of it may be committed.
 Outcome ModelFile::Write(const Batch& batch, Direction direction) {
     if (!lost_.empty()) return Outcome::Refused(lost_);
     const bool first = writes_ == 0;

@@ -11,16 +11,17 @@
 
 namespace zt {
 
-/// The model file that a database lives in. It is locked for the time that it is open, and holds every transaction from the
-/// moment in which its commit returns.
+/// The model file that a database lives in. It is locked for the time that it is open, and holds every transaction from
+/// the moment in which its commit returns.
 class ModelFile final : public ModelStorage {
 public:
-    /// Opens a file and fills an empty database from it. Null, with the reason in the report, when anything is wrong with it;
-    /// the file is not changed then.
+    /// Opens a file and fills an empty database from it. Null, with the reason in the report, when anything is wrong
+    /// with it; the file is not changed then.
     static std::unique_ptr<ModelFile> Open(const std::string& path, FileSafety safety, CDataBase& database,
                                            OpenReport& report);
-    /// Writes the content of a database to a new file, in place of what stands there, and opens it. The file appears whole or
-    /// not at all. Null with a refusal when that fails; null without one when `path` is the file `current` itself.
+    /// Writes the content of a database to a new file, in place of what stands there, and opens it. The file appears
+    /// whole or not at all. Null with a refusal when that fails; null without one when `path` is the file `current`
+    /// itself.
     static std::unique_ptr<ModelFile> Create(const std::string& path, const std::string& current, FileSafety safety,
                                              const CDataBase& database, velda::Outcome& outcome);
 
@@ -58,8 +59,8 @@ private:
 bool IsSameFile(const std::string& a, const std::string& b);
 
 /// Fills an empty database with what can be read of a model file, which is never written. False, with the reason in the
-/// report, when nothing can be read. What had to be left out of a damaged file is listed in the report; what is left in the
-/// database is consistent in itself.
+/// report, when nothing can be read. What had to be left out of a damaged file is listed in the report; what is left in
+/// the database is consistent in itself.
 bool ReadModelFile(const std::string& path, CDataBase& database, OpenReport& report);
 
 }  // namespace zt

@@ -21,8 +21,8 @@ namespace {
 using velda::FormatText;
 namespace fs = std::filesystem;
 
-/// Reads the columns of the current row of a statement, from the second on. The connection is used by one thread, so that
-/// values can be read without being locked one by one.
+/// Reads the columns of the current row of a statement, from the second on. The connection is used by one thread, so
+/// that values can be read without being locked one by one.
 class StatementReader final : public RowReader {
 public:
     explicit StatementReader(sqlite3_stmt* statement) : statement_(statement) {}
@@ -52,8 +52,8 @@ private:
     sqlite3_stmt* statement_;
 };
 
-/// What is found wrong while a file is read. When loading to work the first fault ends the load; when only reading, each
-/// becomes a line of the report.
+/// What is found wrong while a file is read. When loading to work the first fault ends the load; when only reading,
+/// each becomes a line of the report.
 class Faults {
 public:
     Faults(OpenReport& report, bool collect) : report_(report), collect_(collect) {}
@@ -107,9 +107,10 @@ private:
 
     bool FindColumns(std::unordered_set<std::string>& present) {
         SqliteStatement info;
-        int result = info.Prepare(db_, "SELECT name FROM pragma_table_info(" + SqlText(Mnemonic()) +
-                                           ") WHERE EXISTS (SELECT 1 FROM sqlite_schema WHERE type = 'table' AND name = " +
-                                           SqlText(Mnemonic()) + ")");
+        int result =
+            info.Prepare(db_, "SELECT name FROM pragma_table_info(" + SqlText(Mnemonic()) +
+                                  ") WHERE EXISTS (SELECT 1 FROM sqlite_schema WHERE type = 'table' AND name = " +
+                                  SqlText(Mnemonic()) + ")");
         while (result == SQLITE_OK || result == SQLITE_ROW) {
             result = info.Step();
             const auto* name = result == SQLITE_ROW ? sqlite3_column_text(info.Get(), 0) : nullptr;
@@ -157,8 +158,8 @@ private:
         if (!backward_) lastKey_ = number;
         const int bad = store_.LoadRow(number, reader);
         if (bad < 0) return true;
-        return faults_.Note(FormatText("IDS_DB_FILE_BAD_VALUE",
-                                       {path_, LabelOf(store_, key), store_.ColumnNames()[static_cast<std::size_t>(bad)]}));
+        return faults_.Note(FormatText("IDS_DB_FILE_BAD_VALUE", {path_, LabelOf(store_, key),
+                                                                 store_.ColumnNames()[static_cast<std::size_t>(bad)]}));
     }
 
     SqliteHandle& db_;
@@ -200,16 +201,16 @@ private:
             RecordStoreBase& store = database_.StoreAt(i);
             std::vector<std::uint32_t> broken;
             std::vector<std::uint32_t> dangling;
-            store.ForEachReference(
-                [&](std::uint32_t key, const RecordIdentity& target, std::uint32_t targetKey, IfGone ifGone) {
-                    if (Exists(target, targetKey)) return;
-                    std::vector<std::uint32_t>& list = ifGone == IfGone::Cascade ? broken : dangling;
-                    if (!list.empty() && list.back() == key) return;
-                    faults_.Note(FormatText("IDS_DB_FILE_REFERENCE", {path_, LabelOf(store, key),
-                                                                      std::string(target.mnemonic) + " " +
-                                                                          velda::FormatLong(targetKey)}));
-                    list.push_back(key);
-                });
+            store.ForEachReference([&](std::uint32_t key, const RecordIdentity& target, std::uint32_t targetKey,
+                                       IfGone ifGone) {
+                if (Exists(target, targetKey)) return;
+                std::vector<std::uint32_t>& list = ifGone == IfGone::Cascade ? broken : dangling;
+                if (!list.empty() && list.back() == key) return;
+                faults_.Note(FormatText(
+                    "IDS_DB_FILE_REFERENCE",
+                    {path_, LabelOf(store, key), std::string(target.mnemonic) + " " + velda::FormatLong(targetKey)}));
+                list.push_back(key);
+            });
             if (faults_.Stopped()) return false;
             for (const std::uint32_t key : dangling) ClearDangling(store, key);
             for (const std::uint32_t key : broken) store.Remove(key);
@@ -275,7 +276,8 @@ bool CheckPlace(const std::string& path, OpenReport& report) {
     std::error_code error;
     if (!fs::exists(path, error)) return Refuse(report, FormatText("IDS_DB_FILE_NOT_FOUND", {path}));
     if (!fs::is_regular_file(path, error)) return Refuse(report, FormatText("IDS_DB_FILE_IS_FOLDER", {path}));
-    if (fs::file_size(path, error) < kSmallestFile) return Refuse(report, FormatText("IDS_DB_FILE_NOT_A_MODEL", {path}));
+    if (fs::file_size(path, error) < kSmallestFile)
+        return Refuse(report, FormatText("IDS_DB_FILE_NOT_A_MODEL", {path}));
     return true;
 }
 
@@ -309,8 +311,7 @@ bool CheckVersion(std::int64_t applicationId, std::int64_t version, const std::s
     if (applicationId != kModelApplicationId) return Refuse(report, FormatText("IDS_DB_FILE_NOT_A_MODEL", {path}));
     if (version <= kModelSchemaVersion) return true;
     return Refuse(report,
-                  FormatText("IDS_DB_FILE_NEWER",
-                             {path, std::to_string(version), std::to_string(kModelSchemaVersion)}),
+                  FormatText("IDS_DB_FILE_NEWER", {path, std::to_string(version), std::to_string(kModelSchemaVersion)}),
                   true);
 }
 
@@ -342,8 +343,8 @@ std::string UriOf(const std::string& path) {
     return uri;
 }
 
-/// Opens a file without a journal as it stands, so that nothing is made beside it. `lock` keeps others from writing to it
-/// meanwhile.
+/// Opens a file without a journal as it stands, so that nothing is made beside it. `lock` keeps others from writing to
+/// it meanwhile.
 int OpenAsItStands(SqliteHandle& lock, SqliteHandle& db, const std::string& path) {
     int result = lock.Open(path, SQLITE_OPEN_READONLY);
     sqlite3_file* file = nullptr;
@@ -380,7 +381,8 @@ int AddWhatIsMissing(SqliteHandle& db, const RecordStoreBase& store) {
         const std::string from = " FROM pragma_table_info(" + SqlText(mnemonic) + ")";
         int result = db.QueryNumber("SELECT count(*)" + from, columns);
         if (result == SQLITE_OK && columns == 0) return db.Execute(CreateTableSql(store));
-        if (result == SQLITE_OK) result = db.QueryNumber("SELECT count(*)" + from + " WHERE name = " + SqlText(name), present);
+        if (result == SQLITE_OK)
+            result = db.QueryNumber("SELECT count(*)" + from + " WHERE name = " + SqlText(name), present);
         if (result == SQLITE_OK && present == 0) result = db.Execute(AddColumnSql(store, column));
         if (result != SQLITE_OK) return result;
         ++column;

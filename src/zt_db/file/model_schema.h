@@ -7,8 +7,8 @@
 
 namespace zt {
 
-/// The model file is an SQLite database of this application id ("ZTBM") with one table for each record class: the key, then a
-/// column for each field of the record's field list.
+/// The model file is an SQLite database of this application id ("ZTBM") with one table for each record class: the key,
+/// then a column for each field of the record's field list.
 inline constexpr std::int64_t kModelApplicationId = 0x5A54424D;
 /// Raised whenever a record class or a field is declared anew. An older file gets what it lacks when it is opened.
 inline constexpr std::int64_t kModelSchemaVersion = 1;

@@ -28,9 +28,7 @@ void SqliteHandle::Close() {
     if (db_) sqlite3_close(std::exchange(db_, nullptr));
 }
 
-int SqliteHandle::Execute(const std::string& sql) {
-    return sqlite3_exec(db_, sql.c_str(), nullptr, nullptr, nullptr);
-}
+int SqliteHandle::Execute(const std::string& sql) { return sqlite3_exec(db_, sql.c_str(), nullptr, nullptr, nullptr); }
 
 int SqliteHandle::QueryNumber(const std::string& sql, std::int64_t& number) {
     SqliteStatement statement;

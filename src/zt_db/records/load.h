@@ -81,11 +81,8 @@ struct T_LCOM_D {
 template <>
 struct Fields<T_LCOM_D> {
     static constexpr auto list = std::tuple{
-        Plain("name", &T_LCOM_D::name),
-        Plain("active", &T_LCOM_D::active),
-        Plain("type", &T_LCOM_D::type),
-        Plain("items", &T_LCOM_D::items),
-        Plain("description", &T_LCOM_D::description),
+        Plain("name", &T_LCOM_D::name),   Plain("active", &T_LCOM_D::active),           Plain("type", &T_LCOM_D::type),
+        Plain("items", &T_LCOM_D::items), Plain("description", &T_LCOM_D::description),
     };
 };
 

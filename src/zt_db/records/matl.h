@@ -37,8 +37,8 @@ inline const T_MATL_ANALYSIS_UNIT T_MATL_ANALYSIS::unit{};
 
 struct T_MATL_UNIT;
 
-/// A material: steel "S", concrete "C", a composite of both "SRC", or one of the user's own "U". The second group of values
-/// is that of the second material of a composite.
+/// A material: steel "S", concrete "C", a composite of both "SRC", or one of the user's own "U". The second group of
+/// values is that of the second material of a composite.
 struct T_MATL_D {
     std::string name{};
     std::string type{};

@@ -20,7 +20,8 @@ struct Fields<T_MBTP_CHOICE> {
         std::tuple{Plain("value", &T_MBTP_CHOICE::value), Plain("automatic", &T_MBTP_CHOICE::automatic)};
 };
 
-/// Member type data: options of one member that the design stages read. Which of them count depends on the member's type.
+/// Member type data: options of one member that the design stages read. Which of them count depends on the member's
+/// type.
 struct T_MBTP_D {
     std::uint32_t memb = 0;
     // beams

@@ -71,9 +71,7 @@ public:
     ZT_CLASS_NAMES(MEMB)
 
     // The further arguments are part of the interface of this class; no value of theirs changes what is stored.
-    int TR_Add(std::uint32_t key, const T_MEMB_D& record, int = 1, int = -1) {
-        return CClassOf::TR_Add(key, record);
-    }
+    int TR_Add(std::uint32_t key, const T_MEMB_D& record, int = 1, int = -1) { return CClassOf::TR_Add(key, record); }
     int TR_Add(const std::vector<std::uint32_t>& keys, const std::vector<T_MEMB_D>& records, int = 1, int = -1) {
         return CClassOf::TR_Add(keys, records);
     }

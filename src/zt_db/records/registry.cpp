@@ -16,7 +16,8 @@ template <class Visit>
 void ForEachClass(Visit visit) {
     [&]<std::size_t... I>(std::index_sequence<I...>) {
         (visit.template operator()<std::tuple_element_t<I, RecordClassList>>(static_cast<int>(I)), ...);
-    }(std::make_index_sequence<kClassCount>{});
+    }
+    (std::make_index_sequence<kClassCount>{});
 }
 
 bool AssignIdentities() {

@@ -39,9 +39,9 @@ struct T_SECT_STIFFNESS {
 template <>
 struct Fields<T_SECT_STIFFNESS> {
     static constexpr auto list = std::tuple{
-        Measured("area", &T_SECT_STIFFNESS::area, Unit::Area),   Measured("asy", &T_SECT_STIFFNESS::asy, Unit::Area),
-        Measured("asz", &T_SECT_STIFFNESS::asz, Unit::Area),     Measured("ixx", &T_SECT_STIFFNESS::ixx, Unit::Inertia),
-        Measured("iyy", &T_SECT_STIFFNESS::iyy, Unit::Inertia),  Measured("izz", &T_SECT_STIFFNESS::izz, Unit::Inertia),
+        Measured("area", &T_SECT_STIFFNESS::area, Unit::Area),  Measured("asy", &T_SECT_STIFFNESS::asy, Unit::Area),
+        Measured("asz", &T_SECT_STIFFNESS::asz, Unit::Area),    Measured("ixx", &T_SECT_STIFFNESS::ixx, Unit::Inertia),
+        Measured("iyy", &T_SECT_STIFFNESS::iyy, Unit::Inertia), Measured("izz", &T_SECT_STIFFNESS::izz, Unit::Inertia),
     };
 };
 
@@ -60,9 +60,9 @@ struct T_SECT_DESIGN {
     double wpz = 0.0;
     double ry = 0.0;  ///< radii of gyration
     double rz = 0.0;
-    double cw = 0.0;   ///< warping constant
-    double j = 0.0;    ///< torsion constant of the design code
-    double rp = 0.0;   ///< polar radius of gyration
+    double cw = 0.0;  ///< warping constant
+    double j = 0.0;   ///< torsion constant of the design code
+    double rp = 0.0;  ///< polar radius of gyration
 
     static const T_SECT_DESIGN_UNIT unit;
     bool operator==(const T_SECT_DESIGN&) const = default;

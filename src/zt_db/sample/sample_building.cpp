@@ -59,12 +59,12 @@ private:
     T_MATL_ANALYSIS Analysis(double elasticity, double poisson, double thermal, double density, const char* code,
                              const char* grade) const {
         const CUnitCtrl& units = database_.Units();
-        return {units.ToBase(Unit::FixedStress, elasticity), poisson, thermal,
-                units.ToBase(Unit::FixedWeightDensity, density), code, grade};
+        return {units.ToBase(Unit::FixedStress, elasticity),     poisson, thermal,
+                units.ToBase(Unit::FixedWeightDensity, density), code,    grade};
     }
 
-    /// Values of a solid rectangle of width b and depth h. Torsion constant: Roark, formulas for stress and strain, table
-    /// 10.1; shear areas 5/6 of the area.
+    /// Values of a solid rectangle of width b and depth h. Torsion constant: Roark, formulas for stress and strain,
+    /// table 10.1; shear areas 5/6 of the area.
     static T_SECT_D Rectangle(const char* name, double b, double h) {
         T_SECT_D section{.name = name, .kind = 1, .type = 1, .shape = "Solid Rectangle"};
         section.base.size[0] = h;
@@ -73,13 +73,13 @@ private:
         const double longer = std::max(b, h) / 2.0;
         const double shorter = std::min(b, h) / 2.0;
         const double ratio = shorter / longer;
-        section.stiffness = {area,
-                             area * 5.0 / 6.0,
-                             area * 5.0 / 6.0,
-                             longer * std::pow(shorter, 3) *
-                                 (16.0 / 3.0 - 3.36 * ratio * (1.0 - std::pow(ratio, 4) / 12.0)),
-                             b * std::pow(h, 3) / 12.0,
-                             h * std::pow(b, 3) / 12.0};
+        section.stiffness = {
+            area,
+            area * 5.0 / 6.0,
+            area * 5.0 / 6.0,
+            longer * std::pow(shorter, 3) * (16.0 / 3.0 - 3.36 * ratio * (1.0 - std::pow(ratio, 4) / 12.0)),
+            b * std::pow(h, 3) / 12.0,
+            h * std::pow(b, 3) / 12.0};
         section.perimeterOut = 2.0 * (b + h);
         return section;
     }
@@ -166,8 +166,8 @@ private:
     bool AddGroupsAndStandards() {
         T_NAME_D base{.name = "Base nodes", .type = T_NAME_D::kNodeGroup};
         for (std::uint32_t key = 1; key < NodeKey(0, 0, 1); ++key) base.keys.push_back(key);
-        const T_STND_D standards{.concrete = "KDS 14 20 00", .steel = "KDS 14 31 00", .load = "KDS 41 12 00",
-                                 .seismic = "KDS 41 17 00"};
+        const T_STND_D standards{
+            .concrete = "KDS 14 20 00", .steel = "KDS 14 31 00", .load = "KDS 41 12 00", .seismic = "KDS 41 17 00"};
         return Put<CClassName>(1, base) && Put<CClassStnd>(1, standards);
     }
 

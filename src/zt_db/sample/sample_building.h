@@ -14,7 +14,7 @@ struct SampleBuilding {
     int baysX;
     int baysY;
     int stories;
-    double bayX = 8.0;         ///< spans and story height in m
+    double bayX = 8.0;  ///< spans and story height in m
     double bayY = 7.0;
     double storyHeight = 3.6;
 };
@@ -22,8 +22,8 @@ struct SampleBuilding {
 /// The sample buildings by name.
 const std::vector<SampleBuilding>& SampleBuildings();
 
-/// Adds a sample building to an empty model, as one step. Refused for a name that no sample has and in a model that holds
-/// nodes already.
+/// Adds a sample building to an empty model, as one step. Refused for a name that no sample has and in a model that
+/// holds nodes already.
 velda::Outcome BuildSample(CDataBase& database, std::string_view name);
 
 }  // namespace zt

@@ -16,13 +16,9 @@ constexpr double kInch = 0.0254;
 
 constexpr UnitChoice kMass[] = {{"kg", 1.0}, {"t", 1000.0}, {"lb", kPound}};
 constexpr UnitChoice kLength[] = {{"m", 1.0}, {"mm", 0.001}, {"cm", 0.01}, {"in", kInch}, {"ft", 12.0 * kInch}};
-constexpr UnitChoice kForce[] = {{"kgf", kGravity},
-                                 {"tonf", 1000.0 * kGravity},
-                                 {"N", 1.0},
-                                 {"kN", 1000.0},
-                                 {"MN", 1.0e6},
-                                 {"lbf", kPound * kGravity},
-                                 {"kip", 1000.0 * kPound * kGravity}};
+constexpr UnitChoice kForce[] = {
+    {"kgf", kGravity},         {"tonf", 1000.0 * kGravity},       {"N", 1.0}, {"kN", 1000.0}, {"MN", 1.0e6},
+    {"lbf", kPound* kGravity}, {"kip", 1000.0 * kPound* kGravity}};
 constexpr UnitChoice kTemperature[] = {{"K", 1.0, 273.15}, {"F", 1.0 / 1.8, 32.0}, {"C", 1.0, 0.0}};
 
 constexpr UnitDefinition kDefinitions[] = {

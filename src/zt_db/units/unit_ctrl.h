@@ -33,15 +33,15 @@ struct UnitChoice {
 /// The current unit system. Numbers are kept in SI units (m, N, kg, s, rad; temperatures in degrees Celsius) and cross
 /// the interface of the database in the current units. A switch of units rewrites no stored number.
 ///
-/// A number with up to 15 digits comes back from the store with the same digits, because it is multiplied and divided by
-/// the same factor. A temperature keeps its first 13 decimals.
+/// A number with up to 15 digits comes back from the store with the same digits, because it is multiplied and divided
+/// by the same factor. A temperature keeps its first 13 decimals.
 class CUnitCtrl {
 public:
     CUnitCtrl();
 
     void GetUnitIndexCurrent(T_UNIT_INDEX& index) const { index = current_; }
-    /// Makes a unit system current. With `tell` not 0 the previous system is remembered for ConvertUnitPrev and the views
-    /// are told. Returns 0, and changes nothing, when an index names no unit.
+    /// Makes a unit system current. With `tell` not 0 the previous system is remembered for ConvertUnitPrev and the
+    /// views are told. Returns 0, and changes nothing, when an index names no unit.
     int SetUnitIndexCurrent(const T_UNIT_INDEX& index, int tell = 0);
 
     /// What a value in SI units is multiplied by to give current units; 1 for codes without unit. Temperature scales
@@ -64,7 +64,8 @@ public:
     /// Converts the length in a value between the current length unit and that of the model.
     static double ConvValueCurUnit2ModelLengthUnit(int unitCode, double value);
     static double ConvValueModelLengthUnit2CurUnit(int unitCode, double value);
-    /// Label of a unit code in the current units, such as "kN/m"; empty for codes without unit. Returns whether there is one.
+    /// Label of a unit code in the current units, such as "kN/m"; empty for codes without unit. Returns whether there
+    /// is one.
     static int GetUnitSystem(int unitCode, std::string& text);
 
     /// Label of a unit code in the units of this control.

@@ -25,7 +25,8 @@ class FileSpillFault : public WriteFaultTest {};
 int MuchLater(int at) { return at * 3 + 1; }
 
 TEST_F(FileSpillFault, InABatchLeavesMemoryAndFileAsTheyWere) {
-    FailEverywhere({"HugeBatch", [](CDBDoc&) {}, &AddHugeBatch}, FileSafety::Normal, {0, SQLITE_FULL, true}, &MuchLater);
+    FailEverywhere({"HugeBatch", [](CDBDoc&) {}, &AddHugeBatch}, FileSafety::Normal, {0, SQLITE_FULL, true},
+                   &MuchLater);
 }
 
 TEST_F(FileSpillFault, InAGroupLeavesMemoryAndFileAsTheyWere) {
@@ -33,7 +34,8 @@ TEST_F(FileSpillFault, InAGroupLeavesMemoryAndFileAsTheyWere) {
                    {0, SQLITE_FULL, false}, &MuchLater);
 }
 
-/// Whoever goes on in a group after a failure either gets all that was not refused, or is told that nothing can be kept.
+/// Whoever goes on in a group after a failure either gets all that was not refused, or is told that nothing can be
+/// kept.
 TEST_F(FileSpillFault, AGroupThatGoesOnAfterAFailureIsKeptAsMemoryHasIt) {
     for (const int result : {SQLITE_FULL, SQLITE_IOERR_WRITE}) {
         std::unique_ptr<CDBDoc> doc = Prepared({"", [](CDBDoc&) {}, nullptr}, FileSafety::Normal);
