@@ -243,16 +243,16 @@ TEST_F(SortedTable, ARowIsFoundByItsSortTextsAndTheSearchBehindAgrees) {
     for (std::size_t position = 0; position < rows.size(); position += 13) {
         const std::string texts[] = {data.Text(rows[position], 2), FormatDouble(data.Number(rows[position], 1))};
         const auto key = comparison.ReadKey(texts);
-        const std::size_t found = comparison.LowerBound(key, 0, rows.size());
+        const std::size_t found = comparison.LowerBound(key);
         ASSERT_LE(found, position);
         ASSERT_EQ(comparison.Compare(rows[found], rows[position]), 0);
-        ASSERT_EQ(comparison.LowerBound(rows[position], 0, rows.size()), found);
+        const auto before = [&](std::size_t at) { return comparison.Compare(rows[at], rows[position]) < 0; };
         for (const std::size_t start : {std::size_t{0}, found / 2, found}) {
-            ASSERT_EQ(comparison.LowerBoundBehind(rows[position], start), found);
+            ASSERT_EQ(FirstWhereNotBehind(start, rows.size(), before), found);
         }
     }
     const std::string beyond[] = {std::string("zzz"), std::string("0")};
-    EXPECT_EQ(comparison.LowerBound(comparison.ReadKey(beyond), 0, rows.size()), rows.size());
+    EXPECT_EQ(comparison.LowerBound(comparison.ReadKey(beyond)), rows.size());
 }
 
 TEST_F(SortedTable, AMergeOfManyRowsKeepsTheOrder) {
@@ -276,7 +276,9 @@ TEST_F(SortedTable, AMergeOfManyRowsKeepsTheOrder) {
     std::vector<RowOrder::Arrival> added;
     std::size_t position = 0;
     for (const RowId row : fresh) {
-        position = comparison.LowerBoundBehind(row, position);
+        position = FirstWhereNotBehind(position, data.Order().Count(), [&](std::size_t at) {
+            return comparison.Compare(data.Order().At(at), row) < 0;
+        });
         added.push_back({position, row});
     }
     data.MergeRows(removed, added);

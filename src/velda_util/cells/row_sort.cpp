@@ -106,41 +106,6 @@ int RowComparison::Compare(RowId row, const Key& key) const {
     return 0;
 }
 
-std::size_t RowComparison::LowerBound(const Key& key, std::size_t first, std::size_t last) const {
-    while (first < last) {
-        const std::size_t middle = first + (last - first) / 2;
-        if (Compare(data_.Order().At(middle), key) < 0) {
-            first = middle + 1;
-        } else {
-            last = middle;
-        }
-    }
-    return first;
-}
-
-std::size_t RowComparison::LowerBound(RowId row, std::size_t first, std::size_t last) const {
-    while (first < last) {
-        const std::size_t middle = first + (last - first) / 2;
-        if (Compare(data_.Order().At(middle), row) < 0) {
-            first = middle + 1;
-        } else {
-            last = middle;
-        }
-    }
-    return first;
-}
-
-std::size_t RowComparison::LowerBoundBehind(RowId row, std::size_t first) const {
-    const std::size_t count = data_.Order().Count();
-    std::size_t step = 1;
-    std::size_t low = first;
-    while (low + step <= count && Compare(data_.Order().At(low + step - 1), row) < 0) {
-        low += step;
-        step *= 2;
-    }
-    return LowerBound(row, low, std::min(count, low + step));
-}
-
 void RowComparison::Sort(std::vector<RowId>& rows) const {
     if (!items_.empty()) SortRun(rows, 0);
 }

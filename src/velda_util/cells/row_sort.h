@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <span>
 #include <string>
 #include <vector>
@@ -20,6 +21,32 @@ struct STBSortItem {
     bool operator==(const STBSortItem&) const = default;
 };
 
+/// First place between `first` and `last` for which `before` does not hold, where it holds for all places up to some
+/// one.
+template <class Before>
+std::size_t FirstWhereNot(std::size_t first, std::size_t last, Before before) {
+    while (first < last) {
+        const std::size_t middle = first + (last - first) / 2;
+        if (before(middle)) {
+            first = middle + 1;
+        } else {
+            last = middle;
+        }
+    }
+    return first;
+}
+
+/// The same for a place that is expected close behind `first`: costs the logarithm of the distance.
+template <class Before>
+std::size_t FirstWhereNotBehind(std::size_t first, std::size_t last, Before before) {
+    std::size_t step = 1;
+    while (first + step <= last && before(first + step - 1)) {
+        first += step;
+        step *= 2;
+    }
+    return FirstWhereNot(first, std::min(last, first + step), before);
+}
+
 /// Compares rows by a sort specification: numbers in columns of the types long and double, texts by bytes in the
 /// others.
 class RowComparison {
@@ -38,11 +65,11 @@ public:
     int Compare(RowId a, RowId b) const;
     int Compare(RowId row, const Key& key) const;
 
-    /// First position whose row does not stand before the key, between `first` and `last`.
-    std::size_t LowerBound(const Key& key, std::size_t first, std::size_t last) const;
-    std::size_t LowerBound(RowId row, std::size_t first, std::size_t last) const;
-    /// The same for a row that is expected close behind `first`: costs the logarithm of the distance.
-    std::size_t LowerBoundBehind(RowId row, std::size_t first) const;
+    /// First position whose row does not stand before the key.
+    std::size_t LowerBound(const Key& key) const {
+        const RowOrder& order = data_.Order();
+        return FirstWhereNot(0, order.Count(), [&](std::size_t at) { return Compare(order.At(at), key) < 0; });
+    }
 
     /// Sorts row ids; rows that compare equal keep their order.
     void Sort(std::vector<RowId>& rows) const;
