@@ -294,11 +294,11 @@ int QueryVersion(SqliteHandle& db, std::int64_t& applicationId, std::int64_t& ve
     return result == SQLITE_OK ? db.QueryNumber("PRAGMA user_version", version) : result;
 }
 
-/// A file whose texts are in another encoding than ours was not written by us, whatever its application id says.
-int CheckEncoding(SqliteHandle& db, std::int64_t& applicationId) {
-    std::int64_t isOurs = 0;
-    const int result = db.QueryNumber("SELECT encoding = 'UTF-8' FROM pragma_encoding", isOurs);
-    if (result == SQLITE_OK && isOurs == 0) applicationId = 0;
+/// Whether the texts of a file are in our encoding; a file of another one was not written by us.
+int QueryEncoding(SqliteHandle& db, bool& isOurs) {
+    std::int64_t found = 0;
+    const int result = db.QueryNumber("SELECT encoding = 'UTF-8' FROM pragma_encoding", found);
+    isOurs = found != 0;
     return result;
 }
 
@@ -412,8 +412,13 @@ SqliteHandle OpenToWork(const std::string& path, OpenReport& report) {
         result = db.Execute("PRAGMA locking_mode = EXCLUSIVE");
     }
     if (result == SQLITE_OK) result = QueryVersion(db, applicationId, version);
-    if (result == SQLITE_OK) result = CheckEncoding(db, applicationId);
     if (result == SQLITE_OK && !CheckVersion(applicationId, version, path, report)) return {};
+    bool encodingIsOurs = true;
+    if (result == SQLITE_OK) result = QueryEncoding(db, encodingIsOurs);
+    if (result == SQLITE_OK && !encodingIsOurs) {
+        Refuse(report, FormatText("IDS_DB_FILE_NOT_A_MODEL", {path}));
+        return {};
+    }
     // Takes the lock. Even a transaction without content would put a wrong header right if it were committed.
     if (result == SQLITE_OK) result = db.Execute("BEGIN IMMEDIATE; ROLLBACK");
     if (result == SQLITE_OK) return db;
