@@ -98,7 +98,11 @@ public:
             node.story = static_cast<std::uint16_t>((node.story + 71) % kStories);
             node.level = (node.story + 1) * 3.3;
         }
-        rows.Replay(keys, keys, Writer());
+        Replay(keys, keys);
+    }
+    void Replay(std::span<const std::uint32_t> gone, std::span<const std::uint32_t> come) {
+        rows.Replay(gone, come, Writer());
+        rows.Data().RecycleRows();
     }
     void Write(std::uint32_t key, CGXData& data, RowId row) const {
         const Node& node = changed[key - kFirstKey];
@@ -231,8 +235,8 @@ void DeleteAndInsertOurs(benchmark::State& state, bool timeInsert) {
     table.Fill(kRows);
     const auto keys = BatchKeys();
     for (auto _ : state) {
-        Run(state, !timeInsert, [&] { table.rows.Replay(keys, {}, table.Writer()); });
-        Run(state, timeInsert, [&] { table.rows.Replay({}, keys, table.Writer()); });
+        Run(state, !timeInsert, [&] { table.Replay(keys, {}); });
+        Run(state, timeInsert, [&] { table.Replay({}, keys); });
     }
 }
 

@@ -79,11 +79,50 @@ TEST(RowOrder, AMergeRemovesAndAddsInOnePass) {
         while (next < added.size() && added[next].position == position) expected.push_back(added[next++].row);
         if (position < plain.size() && !goes(plain[position])) expected.push_back(plain[position]);
     }
-    order.Merge(goes, added);
+    std::vector<RowId> removed;
+    std::copy_if(plain.begin(), plain.end(), std::back_inserter(removed), goes);
+    order.Merge(removed, added);
     EXPECT_EQ(order.ToVector(), expected);
     EXPECT_FALSE(order.Contains(3));
     for (std::size_t position = 0; position < expected.size(); position += 37) {
         ASSERT_EQ(order.PositionOf(expected[position]), position);
+    }
+}
+
+TEST(RowOrder, MergesOfEverySizeKeepPositionsRight) {
+    std::mt19937 random(8);
+    RowOrder order;
+    std::vector<RowId> plain;
+    RowId next = 0;
+    for (int round = 0; round < 40; ++round) {
+        std::vector<RowId> removed;
+        for (const RowId row : plain) {
+            if (Pick(random, 10) < (round % 7 == 6 ? 10 : 2)) removed.push_back(row);
+        }
+        std::vector<RowOrder::Arrival> added;
+        for (std::uint32_t i = 0; i < (round % 5 == 0 ? 6000u : 20u); ++i) {
+            added.push_back({round % 3 == 0 ? plain.size() / 2 : Pick(random, plain.size() + 1), next++});
+        }
+        std::stable_sort(added.begin(), added.end(),
+                         [](const auto& a, const auto& b) { return a.position < b.position; });
+        std::sort(removed.begin(), removed.end());
+        std::vector<RowId> expected;
+        std::size_t arrival = 0;
+        for (std::size_t position = 0; position <= plain.size(); ++position) {
+            for (; arrival < added.size() && added[arrival].position == position; ++arrival) {
+                expected.push_back(added[arrival].row);
+            }
+            if (position < plain.size() && !std::binary_search(removed.begin(), removed.end(), plain[position])) {
+                expected.push_back(plain[position]);
+            }
+        }
+        order.Merge(removed, added);
+        plain = expected;
+        ASSERT_EQ(order.ToVector(), plain) << "round " << round;
+        for (std::size_t position = 0; position < plain.size(); position += 101) {
+            ASSERT_EQ(order.At(position), plain[position]);
+            ASSERT_EQ(order.PositionOf(plain[position]), position);
+        }
     }
 }
 

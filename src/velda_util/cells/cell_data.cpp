@@ -52,9 +52,9 @@ void CGXData::RemoveRow(RowId row) {
 }
 
 void CGXData::MergeRows(std::span<const RowId> removed, std::span<const RowOrder::Arrival> added) {
-    for (const RowId row : removed) used_[row] = false;
-    order_.Merge([this](RowId row) { return !used_[row]; }, added);
+    order_.Merge(removed, added);
     for (const RowId row : removed) {
+        used_[row] = false;
         for (auto& column : columns_) column[row] = CellValue{};
         removed_.push_back(row);
     }

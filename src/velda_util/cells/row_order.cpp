@@ -1,6 +1,7 @@
 #include "velda_util/cells/row_order.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace velda {
 
@@ -89,6 +90,65 @@ void RowOrder::Remove(RowId row) {
 void RowOrder::RemoveChunk(std::uint32_t number) {
     sequence_.erase(sequence_.begin() + chunks_[number].place);
     freeChunks_.push_back(number);
+}
+
+// Only the chunks that lose or take rows are touched, and rows that stay know their chunk already.
+void RowOrder::Merge(std::span<const RowId> removed, std::span<const Arrival> added) {
+    if (sequence_.empty()) sequence_.push_back(NewChunk());
+    std::vector<bool> loses(chunks_.size());
+    for (const RowId row : removed) {
+        if (!Contains(row)) continue;
+        loses[chunkOf_[row]] = true;
+        chunkOf_[row] = kNoChunk;
+    }
+    std::size_t next = 0;
+    for (std::size_t place = 0; place < sequence_.size(); ++place) {
+        const std::uint32_t number = sequence_[place];
+        const bool isLast = place + 1 == sequence_.size();
+        const std::size_t end = chunks_[number].start + chunks_[number].rows.size();
+        const std::size_t first = next;
+        while (next < added.size() && (isLast || added[next].position < end)) ++next;
+        if (next > first || loses[number]) MergeInto(number, added.subspan(first, next - first));
+    }
+    TidyChunks();
+}
+
+void RowOrder::MergeInto(std::uint32_t number, std::span<const Arrival> added) {
+    Chunk& chunk = chunks_[number];
+    std::vector<RowId> merged;
+    merged.reserve(chunk.rows.size() + added.size());
+    std::size_t next = 0;
+    const auto arrive = [&](std::size_t position) {
+        for (; next < added.size() && added[next].position <= position; ++next) {
+            merged.push_back(added[next].row);
+            Know(added[next].row, number);
+        }
+    };
+    for (std::size_t i = 0; i < chunk.rows.size(); ++i) {
+        arrive(chunk.start + i);
+        if (chunkOf_[chunk.rows[i]] == number) merged.push_back(chunk.rows[i]);
+    }
+    arrive(std::numeric_limits<std::size_t>::max());
+    chunk.rows = std::move(merged);
+}
+
+/// Splits chunks that have grown too large, gives back empty ones and counts anew.
+void RowOrder::TidyChunks() {
+    std::erase_if(sequence_, [this](std::uint32_t number) {
+        const bool empty = chunks_[number].rows.empty();
+        if (empty) freeChunks_.push_back(number);
+        return empty;
+    });
+    Renumber(0);
+    for (std::size_t place = 0; place < sequence_.size();) {
+        if (chunks_[sequence_[place]].rows.size() < 2 * kChunkRows) {
+            ++place;
+        } else {
+            Split(sequence_[place]);
+            Renumber(static_cast<std::uint32_t>(place));
+        }
+    }
+    count_ = sequence_.empty() ? 0 : chunks_[sequence_.back()].start + chunks_[sequence_.back()].rows.size();
 }
 
 void RowOrder::Assign(std::span<const RowId> rows) {

@@ -30,14 +30,13 @@ public:
     void Assign(std::span<const RowId> rows);
     void Clear() { Assign({}); }
 
-    /// Takes out the rows for which `goes(row)` holds, and puts each of `added` before the row that stands at its place
-    /// in the order before the call, in one pass. `added` stands in the order of its places.
+    /// Takes rows out, and puts each of `added` before the row that stands at its place in the order before the call,
+    /// in one pass. `added` stands in the order of its places.
     struct Arrival {
         std::size_t position;
         RowId row;
     };
-    template <class Goes>
-    void Merge(Goes goes, std::span<const Arrival> added);
+    void Merge(std::span<const RowId> removed, std::span<const Arrival> added);
 
     /// Copies `count` rows from `position` on.
     void CopyTo(std::size_t position, std::size_t count, RowId* rows) const;
@@ -59,6 +58,8 @@ private:
     void Renumber(std::uint32_t fromPlace);
     void Split(std::uint32_t chunk);
     void RemoveChunk(std::uint32_t chunk);
+    void MergeInto(std::uint32_t chunk, std::span<const Arrival> added);
+    void TidyChunks();
     void Know(RowId row, std::uint32_t chunk);
 
     std::vector<Chunk> chunks_;            ///< by chunk number, which never changes
@@ -67,26 +68,5 @@ private:
     std::vector<std::uint32_t> chunkOf_;  ///< by row id
     std::size_t count_ = 0;
 };
-
-template <class Goes>
-void RowOrder::Merge(Goes goes, std::span<const Arrival> added) {
-    std::vector<RowId> merged;
-    merged.reserve(count_ + added.size());
-    std::size_t position = 0;
-    std::size_t next = 0;
-    for (const std::uint32_t number : sequence_) {
-        for (const RowId row : chunks_[number].rows) {
-            while (next < added.size() && added[next].position <= position) merged.push_back(added[next++].row);
-            if (goes(row)) {
-                chunkOf_[row] = kNoChunk;
-            } else {
-                merged.push_back(row);
-            }
-            ++position;
-        }
-    }
-    while (next < added.size()) merged.push_back(added[next++].row);
-    Assign(merged);
-}
 
 }  // namespace velda

@@ -8,7 +8,8 @@
 
 namespace velda {
 
-/// Texts that many cells share, each kept once and known by a number.
+/// Texts of cells, each known by a number. A text that was put not long ago is kept once, so that the names of stories
+/// and materials take little room; texts that hardly repeat cost no search.
 class TextPool {
 public:
     std::uint32_t Put(std::string_view text);
@@ -20,14 +21,11 @@ public:
     std::size_t MemoryBytes() const;
 
 private:
-    static constexpr std::uint32_t kFree = 0xFFFFFFFFu;
-
-    std::size_t PlaceOf(std::string_view text) const;
-    void Grow();
+    static constexpr std::size_t kRemembered = 4096;
 
     std::string bytes_;
     std::vector<std::size_t> starts_{0};  ///< by number, with the end of the last behind it
-    std::vector<std::uint32_t> numbers_;  ///< open addressing by the hash of the text
+    std::vector<std::uint32_t> recent_;   ///< one number for each place of the hash of a text
 };
 
 }  // namespace velda
