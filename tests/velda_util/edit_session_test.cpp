@@ -26,9 +26,7 @@ constexpr RowId kAppendRow = 100;
 constexpr CellId kName{1, 1};
 constexpr CellId kThickness{1, 2};
 
-std::string Text(CellId cell) {
-    return std::to_string(cell.row) + "," + std::to_string(cell.column);
-}
+std::string Text(CellId cell) { return std::to_string(cell.row) + "," + std::to_string(cell.column); }
 
 /// A table with rows 1 to 3, an append row, and a log of what the session called.
 class TableDouble : public EditHost {

@@ -15,9 +15,7 @@ namespace {
 
 using Random = std::mt19937;
 
-std::size_t Below(Random& random, std::size_t end) {
-    return random() % end;
-}
+std::size_t Below(Random& random, std::size_t end) { return random() % end; }
 
 /// A plain recursive-descent evaluator of well-formed formulas, to compare with. A fault shows as a value that is not
 /// finite.

@@ -34,9 +34,7 @@ void ExpectFault(std::string_view formula, FormulaFault fault, std::size_t place
     EXPECT_THAT(result.reason, HasSubstr(std::string(named))) << formula;
 }
 
-std::string Nested(std::size_t depth) {
-    return std::string(depth, '(') + "1+1" + std::string(depth, ')');
-}
+std::string Nested(std::size_t depth) { return std::string(depth, '(') + "1+1" + std::string(depth, ')'); }
 
 TEST(FormulaEvaluator, ComputesWithOperatorsInTheOrderOfArithmetic) {
     EXPECT_DOUBLE_EQ(ValueOf("2*3.2+0.15"), 6.55);
@@ -298,9 +296,7 @@ TEST(FormulaText, AnExpressionBeyondTheLimitsIsStillOneSoThatItsFaultIsTold) {
     EXPECT_TRUE(IsExpression("1+" + std::string(2000, '1')));
 }
 
-TEST(FormulaText, AnEndlessTextIsNoExpression) {
-    EXPECT_FALSE(IsExpression("1+" + std::string(5000, '1')));
-}
+TEST(FormulaText, AnEndlessTextIsNoExpression) { EXPECT_FALSE(IsExpression("1+" + std::string(5000, '1'))); }
 
 TEST(FormulaText, AFormulaIsMarkedOrAnExpression) {
     for (const char* text : {"=W200", "=5", "2-1"}) EXPECT_TRUE(IsFormula(text)) << text;

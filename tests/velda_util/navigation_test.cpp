@@ -11,9 +11,7 @@ namespace {
 
 using Step = NavigationStep;
 
-GridPosition Go(const GridDouble& grid, GridPosition from, Step step) {
-    return Navigate(grid, from, step);
-}
+GridPosition Go(const GridDouble& grid, GridPosition from, Step step) { return Navigate(grid, from, step); }
 
 // Signs of a cell: x text, . empty, # disabled and empty, D disabled with text.
 

@@ -71,8 +71,6 @@ private:
 };
 
 /// Preferences of a table with two columns, the first of the given width.
-inline TablePreferences TwoColumns(int width) {
-    return {{{1, 2, 0, width}, {3, 2, 0, 80}}, {}};
-}
+inline TablePreferences TwoColumns(int width) { return {{{1, 2, 0, width}, {3, 2, 0, 80}}, {}}; }
 
 }  // namespace velda

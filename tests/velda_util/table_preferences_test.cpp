@@ -57,9 +57,7 @@ TEST(TablePreferences, IdsThatDoNotExistAreDroppedAndTheOthersStay) {
     EXPECT_EQ(layout.locked, (Ids{1}));
 }
 
-TEST(TablePreferences, ATableWithoutColumnsHasNoLayout) {
-    EXPECT_EQ(FitLayout({{0}, {0}, {0}}, 0), TableLayout());
-}
+TEST(TablePreferences, ATableWithoutColumnsHasNoLayout) { EXPECT_EQ(FitLayout({{0}, {0}, {0}}, 0), TableLayout()); }
 
 }  // namespace
 }  // namespace velda

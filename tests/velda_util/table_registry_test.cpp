@@ -18,12 +18,8 @@ using Widths = std::vector<int>;
 
 const Items kThik{{1, 2, 0, 45}, {3, 2, 0, 80}, {2, 2, 4, 120}};
 
-void ThikDefaults(Items& items) {
-    items.insert(items.end(), kThik.begin(), kThik.end());
-}
-void MembDefaults(Items& items) {
-    items.push_back({1, 2, 0, 60});
-}
+void ThikDefaults(Items& items) { items.insert(items.end(), kThik.begin(), kThik.end()); }
+void MembDefaults(Items& items) { items.push_back({1, 2, 0, 60}); }
 void WiderThikDefaults(Items& items) {
     ThikDefaults(items);
     items.push_back({3, 2, 0, 80});

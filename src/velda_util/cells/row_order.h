@@ -5,11 +5,9 @@
 #include <span>
 #include <vector>
 
-namespace velda {
+#include "velda_util/cells/cell_id.h"
 
-/// Names a row for as long as it exists, wherever it stands.
-using RowId = std::uint32_t;
-inline constexpr RowId kNoRow = 0xFFFFFFFFu;
+namespace velda {
 
 /// The order in which rows stand: positions counted from 0, each holding a row id. Ids are kept in chunks, so that a
 /// row comes and goes in the middle at the cost of one chunk, and each id knows its chunk, so that its position is

@@ -47,9 +47,7 @@ void CurrentCell::Set(const NavigationSpace& space, GridPosition position) {
     extent_ = anchor_;
 }
 
-void CurrentCell::Extend(const NavigationSpace& space, GridPosition position) {
-    extent_ = EndAt(space, position);
-}
+void CurrentCell::Extend(const NavigationSpace& space, GridPosition position) { extent_ = EndAt(space, position); }
 
 void CurrentCell::RowReplaced(RowId from, RowId to) {
     for (End* end : {&anchor_, &extent_}) {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "velda_util/edit/cell_id.h"
+#include "velda_util/cells/cell_id.h"
 
 namespace velda {
 

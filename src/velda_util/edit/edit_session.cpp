@@ -40,9 +40,7 @@ constexpr auto kReasons = std::to_array<Reason>({
     {EditRefusal::Lost, "IDS_TB_ENGINE_EDIT_DELETED_ELSEWHERE"},
 });
 
-std::string TextOf(std::string_view key) {
-    return CMsgDll::pfuncLoadStr(key, 0);
-}
+std::string TextOf(std::string_view key) { return CMsgDll::pfuncLoadStr(key, 0); }
 
 void Enter(std::vector<EditedCell>& cells, ColumnId column, const std::string& text) {
     const auto found =
@@ -248,9 +246,7 @@ EditRefusal EditSession::TakeRowBack() {
     return EditRefusal::None;
 }
 
-EditRefusal EditSession::LeaveOpenRow() {
-    return Raise(EditEvent::LeaveRow, {});
-}
+EditRefusal EditSession::LeaveOpenRow() { return Raise(EditEvent::LeaveRow, {}); }
 
 EditRefusal EditSession::ValidateRecord() {
     const std::uint64_t losses = losses_;

@@ -107,9 +107,7 @@ constexpr EditTransition Go(S state, E event, A action, S next, F then = F::None
 constexpr EditTransition Refuse(S state, E event, R refusal) {
     return {state, event, refusal, A::None, state, F::None};
 }
-constexpr EditTransition Never(S state, E event) {
-    return Refuse(state, event, R::Unreachable);
-}
+constexpr EditTransition Never(S state, E event) { return Refuse(state, event, R::Unreachable); }
 
 /// Every state with every event, in their order.
 inline constexpr auto kTransitions = std::to_array<EditTransition>({

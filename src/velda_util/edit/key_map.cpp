@@ -112,21 +112,11 @@ constexpr auto kMoves = std::to_array<MoveEntry>({
     {C::PreviousCell, {S::Previous, false}},
 });
 
-constexpr KeyChord Plain(Key key) {
-    return {key, false, false, false};
-}
-constexpr KeyChord Ctrl(Key key) {
-    return {key, true, false, false};
-}
-constexpr KeyChord Shift(Key key) {
-    return {key, false, true, false};
-}
-constexpr KeyChord CtrlShift(Key key) {
-    return {key, true, true, false};
-}
-constexpr KeyChord Alt(Key key) {
-    return {key, false, false, true};
-}
+constexpr KeyChord Plain(Key key) { return {key, false, false, false}; }
+constexpr KeyChord Ctrl(Key key) { return {key, true, false, false}; }
+constexpr KeyChord Shift(Key key) { return {key, false, true, false}; }
+constexpr KeyChord CtrlShift(Key key) { return {key, true, true, false}; }
+constexpr KeyChord Alt(Key key) { return {key, false, false, true}; }
 
 constexpr auto kBindings = std::to_array<KeyBinding>({
     {X::Browsing, Plain(Key::F2), C::EditInPlace},
@@ -222,9 +212,7 @@ struct ContextEntry {
     KeyContext context;
     bool (*applies)(const KeySituation&);
 };
-bool IsEditing(const KeySituation& situation) {
-    return situation.editor != KeySituation::Editor::None;
-}
+bool IsEditing(const KeySituation& situation) { return situation.editor != KeySituation::Editor::None; }
 constexpr auto kContexts = std::to_array<ContextEntry>({
     {X::OpenList, [](const KeySituation& s) { return s.listOpen; }},
     {X::ListCell, [](const KeySituation& s) { return s.cell == KeySituation::Cell::List; }},
@@ -237,13 +225,9 @@ constexpr auto kContexts = std::to_array<ContextEntry>({
 
 }  // namespace
 
-std::span<const TableCommandInfo> TableCommands() {
-    return kCommands;
-}
+std::span<const TableCommandInfo> TableCommands() { return kCommands; }
 
-std::string_view TextKeyOf(TableCommand command) {
-    return kCommands[static_cast<std::size_t>(command)].textKey;
-}
+std::string_view TextKeyOf(TableCommand command) { return kCommands[static_cast<std::size_t>(command)].textKey; }
 
 std::optional<CommandMove> MoveOf(TableCommand command) {
     const auto found =
@@ -251,9 +235,7 @@ std::optional<CommandMove> MoveOf(TableCommand command) {
     return found == kMoves.end() ? std::nullopt : std::optional(found->move);
 }
 
-std::span<const KeyBinding> KeyBindings() {
-    return kBindings;
-}
+std::span<const KeyBinding> KeyBindings() { return kBindings; }
 
 std::optional<TableCommand> CommandIn(KeyContext context, KeyChord chord) {
     const auto found = std::find_if(kBindings.begin(), kBindings.end(), [&](const KeyBinding& binding) {

@@ -7,9 +7,7 @@ namespace {
 
 constexpr GridPosition kNowhere;
 
-constexpr bool IsVertical(Direction direction) {
-    return direction == Direction::Up || direction == Direction::Down;
-}
+constexpr bool IsVertical(Direction direction) { return direction == Direction::Up || direction == Direction::Down; }
 
 bool IsInside(const NavigationSpace& space, GridPosition position) {
     return position.IsValid() && position.row <= space.RowCount() && position.column <= space.ColumnCount();
@@ -39,9 +37,7 @@ GridPosition FirstEnterable(const NavigationSpace& space, GridPosition position,
     return kNowhere;
 }
 
-GridPosition Or(GridPosition position, GridPosition otherwise) {
-    return position.IsValid() ? position : otherwise;
-}
+GridPosition Or(GridPosition position, GridPosition otherwise) { return position.IsValid() ? position : otherwise; }
 
 GridPosition FirstOfRow(const NavigationSpace& space, int row) {
     return FirstEnterable(space, Beside(space, {row, 0}, Direction::Right), Direction::Right);

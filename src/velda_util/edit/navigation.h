@@ -3,7 +3,7 @@
 #include <compare>
 #include <cstdint>
 
-#include "velda_util/edit/cell_id.h"
+#include "velda_util/cells/cell_id.h"
 
 namespace velda {
 

@@ -19,9 +19,7 @@ bool ReadLong(std::string_view text, std::int64_t& value) {
     return ReadWholeLong(text, value) && value >= kLowestLong && value <= kHighestLong;
 }
 
-bool ReadDouble(std::string_view text, double& value) {
-    return ReadWholeDouble(text, value) && std::isfinite(value);
-}
+bool ReadDouble(std::string_view text, double& value) { return ReadWholeDouble(text, value) && std::isfinite(value); }
 
 /// Reads a plain number at once, any other text as the formula that it may be.
 template <class Number>

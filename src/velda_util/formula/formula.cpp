@@ -5,9 +5,7 @@
 
 namespace velda {
 
-bool IsMarkedFormula(std::string_view text) {
-    return TrimBlanks(text).starts_with('=');
-}
+bool IsMarkedFormula(std::string_view text) { return TrimBlanks(text).starts_with('='); }
 
 bool IsExpression(std::string_view text) {
     // Most cells hold a plain number or name: they are told apart without a scan.
@@ -17,9 +15,7 @@ bool IsExpression(std::string_view text) {
     return scan.wellFormed && scan.hasOperation;
 }
 
-bool IsFormula(std::string_view text) {
-    return IsMarkedFormula(text) || IsExpression(text);
-}
+bool IsFormula(std::string_view text) { return IsMarkedFormula(text) || IsExpression(text); }
 
 FormulaConversion ConvertFormulaToValue(std::string& text, bool numeric) {
     const bool formula = numeric ? IsFormula(text) : IsMarkedFormula(text);

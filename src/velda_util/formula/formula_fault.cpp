@@ -8,9 +8,7 @@
 namespace velda {
 namespace {
 
-bool BeginsCharacter(char c) {
-    return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
-}
+bool BeginsCharacter(char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }
 
 std::string_view KeyOf(FormulaFault fault) {
     switch (fault) {

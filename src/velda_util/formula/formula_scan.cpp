@@ -11,12 +11,8 @@
 namespace velda {
 namespace {
 
-bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-bool BeginsNumber(char c) {
-    return IsDigit(c) || c == '.';
-}
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool BeginsNumber(char c) { return IsDigit(c) || c == '.'; }
 
 /// Bytes of characters beyond ASCII count as letters, so that a word of any language is named as a whole.
 bool BeginsName(char c) {
@@ -194,9 +190,7 @@ std::size_t NumberLength(std::string_view text) {
     return static_cast<std::size_t>(result.ptr - text.data());
 }
 
-FormulaScan ScanFormula(std::string_view formula) {
-    return Scanner(formula).Run();
-}
+FormulaScan ScanFormula(std::string_view formula) { return Scanner(formula).Run(); }
 
 std::vector<FormulaToken> OrderOfOperations(const std::vector<FormulaToken>& tokens) {
     std::vector<FormulaToken> order;

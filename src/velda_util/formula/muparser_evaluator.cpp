@@ -38,39 +38,19 @@ double Finish(double result) {
     return result;
 }
 
-double Add(double a, double b) {
-    return Finish(a + b);
-}
-double Subtract(double a, double b) {
-    return Finish(a - b);
-}
-double Multiply(double a, double b) {
-    return Finish(a * b);
-}
-double Divide(double a, double b) {
-    return b == 0.0 ? Fail(FormulaFault::DivisionByZero) : Finish(a / b);
-}
+double Add(double a, double b) { return Finish(a + b); }
+double Subtract(double a, double b) { return Finish(a - b); }
+double Multiply(double a, double b) { return Finish(a * b); }
+double Divide(double a, double b) { return b == 0.0 ? Fail(FormulaFault::DivisionByZero) : Finish(a / b); }
 double Power(double a, double b) {
     return a == 0.0 && b < 0.0 ? Fail(FormulaFault::DivisionByZero) : Finish(std::pow(a, b));
 }
-double Plus(double a) {
-    return a;
-}
-double Minus(double a) {
-    return -a;
-}
-double Ln(double a) {
-    return a == 0.0 ? Fail(FormulaFault::NoValue) : Finish(std::log(a));
-}
-double Log10(double a) {
-    return a == 0.0 ? Fail(FormulaFault::NoValue) : Finish(std::log10(a));
-}
-double Min(const double* values, int count) {
-    return Finish(*std::min_element(values, values + count));
-}
-double Max(const double* values, int count) {
-    return Finish(*std::max_element(values, values + count));
-}
+double Plus(double a) { return a; }
+double Minus(double a) { return -a; }
+double Ln(double a) { return a == 0.0 ? Fail(FormulaFault::NoValue) : Finish(std::log(a)); }
+double Log10(double a) { return a == 0.0 ? Fail(FormulaFault::NoValue) : Finish(std::log10(a)); }
+double Min(const double* values, int count) { return Finish(*std::min_element(values, values + count)); }
+double Max(const double* values, int count) { return Finish(*std::max_element(values, values + count)); }
 
 /// Reads a number for the library: exact and independent of the locale.
 int ReadNumber(const char* text, int* at, double* value) {

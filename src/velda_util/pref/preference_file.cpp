@@ -64,9 +64,7 @@ Outcome PreferenceFile::WriteTable(std::string_view name, const TablePreferences
     return Outcome::Done();
 }
 
-std::string PreferenceFile::TakeMessage() {
-    return std::exchange(message_, {});
-}
+std::string PreferenceFile::TakeMessage() { return std::exchange(message_, {}); }
 
 // Refused when the file must be left as it is. Of a file that was damaged while the program ran, what was known before
 // stays in memory, so that the next writing restores it; of a file that somebody removed nothing stays.

@@ -87,13 +87,9 @@ std::string HeaderOf(std::string_view name) {
     return header + ']';
 }
 
-bool IsHeader(std::string_view line) {
-    return line.starts_with('[') && line.ends_with(']');
-}
+bool IsHeader(std::string_view line) { return line.starts_with('[') && line.ends_with(']'); }
 
-std::string_view KeyOf(std::string_view line) {
-    return CutPiece(line, ' ');
-}
+std::string_view KeyOf(std::string_view line) { return CutPiece(line, ' '); }
 
 std::vector<int> NumbersOf(std::string_view line) {
     std::vector<int> numbers;

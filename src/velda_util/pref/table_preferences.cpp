@@ -5,13 +5,9 @@
 namespace velda {
 namespace {
 
-int InRangeOr(int value, int highest, int usual) {
-    return value >= 0 && value <= highest ? value : usual;
-}
+int InRangeOr(int value, int highest, int usual) { return value >= 0 && value <= highest ? value : usual; }
 
-bool IsColumn(int id, std::size_t columnCount) {
-    return id >= 0 && static_cast<std::size_t>(id) < columnCount;
-}
+bool IsColumn(int id, std::size_t columnCount) { return id >= 0 && static_cast<std::size_t>(id) < columnCount; }
 
 std::vector<int> FitIds(std::vector<int> ids, std::size_t columnCount) {
     std::erase_if(ids, [&](int id) { return !IsColumn(id, columnCount); });

@@ -79,9 +79,7 @@ Outcome TableRegistry::WriteToRegistry(std::string_view name) {
     return outcome;
 }
 
-std::string TableRegistry::TakeMessage() {
-    return LoadedFile().TakeMessage();
-}
+std::string TableRegistry::TakeMessage() { return LoadedFile().TakeMessage(); }
 
 TableRegistry::Entry* TableRegistry::Find(std::string_view name) {
     const auto place = entries_.find(name);

@@ -17,9 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::error_code LastError() {
-    return {errno, std::generic_category()};
-}
+std::error_code LastError() { return {errno, std::generic_category()}; }
 
 /// Closes a file that is only read, or whose loss has been told already.
 class OpenFile {
