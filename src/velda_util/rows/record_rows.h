@@ -20,7 +20,7 @@ namespace velda {
 /// equal rows stand in the order of their keys.
 class RecordRows {
 public:
-    /// `types` are the column types by column id, `sort` the specification; an empty one stands for the key column,
+    /// `types` are the column types by column id, `sort` the items to sort by; no items stand for the key column,
     /// ascending.
     void Configure(std::vector<ColumnType> types, int keyColumn, std::vector<STBSortItem> sort);
     const std::vector<STBSortItem>& SortItems() const { return comparison_ ? comparison_->Items() : noItems_; }

@@ -177,22 +177,23 @@ double CUnitCtrl::TemperatureToBase(double value, const T_UNIT_INDEX& index) {
     return scale.zero == 0.0 ? value : (value - scale.zero) * scale.size;
 }
 
-double CUnitCtrl::ConvertCurUnitData2TgtUnit(int unitCode, int force, int length, double value) const {
+std::optional<CUnitCtrl> CUnitCtrl::WithForceAndLength(int force, int length) const {
     T_UNIT_INDEX target = current_;
     target.force = force;
     target.length = length;
     CUnitCtrl other;
-    if (!other.SetUnitIndexCurrent(target)) return value;
-    return other.ToCurrent(unitCode, ToBase(unitCode, value));
+    if (!other.SetUnitIndexCurrent(target)) return std::nullopt;
+    return other;
+}
+
+double CUnitCtrl::ConvertCurUnitData2TgtUnit(int unitCode, int force, int length, double value) const {
+    const auto other = WithForceAndLength(force, length);
+    return other ? other->ToCurrent(unitCode, ToBase(unitCode, value)) : value;
 }
 
 double CUnitCtrl::ConvertTgtUnitData2CurUnit(int unitCode, int force, int length, double value) const {
-    T_UNIT_INDEX target = current_;
-    target.force = force;
-    target.length = length;
-    CUnitCtrl other;
-    if (!other.SetUnitIndexCurrent(target)) return value;
-    return ToCurrent(unitCode, other.ToBase(unitCode, value));
+    const auto other = WithForceAndLength(force, length);
+    return other ? ToCurrent(unitCode, other->ToBase(unitCode, value)) : value;
 }
 
 double CUnitCtrl::ConvValueTgtUnit2CurUnit(int unitCode, int force, int length, double value) {

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -55,7 +56,8 @@ public:
         return ToCurrent(unitCode, IntoBase(unitCode, value, previousSize_, previous_));
     }
 
-    /// Converts between the current system and one that differs from it in its force and length units.
+    /// Converts between the current system and one that differs from it in its force and length units. Indexes that
+    /// name no unit leave the value as it is.
     double ConvertCurUnitData2TgtUnit(int unitCode, int force, int length, double value) const;
     double ConvertTgtUnitData2CurUnit(int unitCode, int force, int length, double value) const;
 
@@ -97,6 +99,8 @@ private:
     static double TemperatureFromBase(double celsius, const T_UNIT_INDEX& index);
     static double TemperatureToBase(double value, const T_UNIT_INDEX& index);
     double ModelLengthRatio(int unitCode) const;
+    /// This system with other units of force and length; none for indexes that name no unit.
+    std::optional<CUnitCtrl> WithForceAndLength(int force, int length) const;
 
     T_UNIT_INDEX current_;
     T_UNIT_INDEX previous_;
