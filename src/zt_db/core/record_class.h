@@ -80,11 +80,22 @@ private:
     static inline const int& UR_##XXXX##_MFS = ::zt::IdentityOf<T_##XXXX##_D>::value.codes[3]; \
     static constexpr std::string_view kMnemonic = #XXXX;
 
-/// What follows the field list of a record: its unit codes T_XXXX_D::unit and its transport object CDataXxxx.
+/// What follows the field list of a record: its unit codes T_XXXX_D::unit and its transport object CDataXxxx. What the
+/// machinery needs of the record is compiled once, in the source file that says ZT_DEFINE_RECORD.
 #define ZT_RECORD(XXXX, Xxxx)                              \
     struct T_##XXXX##_UNIT : UnitCodesOf<T_##XXXX##_D> {}; \
     inline const T_##XXXX##_UNIT T_##XXXX##_D::unit{};     \
-    using CData##Xxxx = CDataOf<T_##XXXX##_D>;
+    using CData##Xxxx = CDataOf<T_##XXXX##_D>;             \
+    extern template class Images<T_##XXXX##_D>;            \
+    extern template class RecordStore<T_##XXXX##_D>;       \
+    extern template class CDataOf<T_##XXXX##_D>;           \
+    extern template class CClassOf<T_##XXXX##_D>;
+
+#define ZT_DEFINE_RECORD(XXXX)                \
+    template class Images<T_##XXXX##_D>;      \
+    template class RecordStore<T_##XXXX##_D>; \
+    template class CDataOf<T_##XXXX##_D>;     \
+    template class CClassOf<T_##XXXX##_D>;
 
 /// A record class without operations of its own.
 #define ZT_PLAIN_CLASS(XXXX, Xxxx)                       \

@@ -1,0 +1,8 @@
+#include "zt_db/records/load.h"
+
+namespace zt {
+
+ZT_DEFINE_RECORD(STLD)
+ZT_DEFINE_RECORD(LCOM)
+
+}  // namespace zt
