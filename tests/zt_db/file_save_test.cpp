@@ -18,7 +18,7 @@ using velda::FormatText;
 class FileSave : public ModelFileTest {
 protected:
     FileSave() : doc(CDBDoc::New()) { AddMaterial("new"); }
-    void TearDown() override { ASSERT_EQ(seteuid(0), 0) << "these tests have to be run by the superuser"; }
+    void TearDown() override { BecomeStartingUser(); }
 
     void AddMaterial(const std::string& name) {
         CClassMatl& materials = *doc->GetMDBCtrl()->GetCurrentDB()->GetClass<CClassMatl>();
@@ -173,13 +173,13 @@ TEST_F(FileSave, SavingOntoAFileThatAnotherProcessHasOpenIsRefused) {
 TEST_F(FileSave, SavingOntoAWriteProtectedFileIsRefused) {
     ASSERT_EQ(chmod(folder.Path().c_str(), 0777), 0);
     ASSERT_EQ(chmod(path.c_str(), 0444), 0);
-    ASSERT_EQ(seteuid(65534), 0);
+    BecomeOrdinaryUser();
     ExpectRefused(path, FormatText("IDS_DB_FILE_READ_ONLY", {path}));
 }
 
 TEST_F(FileSave, SavingIntoAWriteProtectedFolderIsRefused) {
     ASSERT_EQ(chmod(folder.Path().c_str(), 0555), 0);
-    ASSERT_EQ(seteuid(65534), 0);
+    BecomeOrdinaryUser();
     const std::string target = folder.File("new.ztm");
     ExpectRefused(target, FormatText("IDS_DB_FILE_CANNOT_OPEN", {target}));
 }

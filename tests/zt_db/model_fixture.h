@@ -16,6 +16,15 @@
 
 namespace zt {
 
+/// Rights bind everybody but the superuser. Tests of them give his up, where they have them, and take them back at
+/// their end.
+inline void BecomeOrdinaryUser() {
+    constexpr uid_t kNobody = 65534;
+    if (geteuid() != 0) return;
+    ASSERT_EQ(seteuid(kNobody), 0);
+}
+inline void BecomeStartingUser() { ASSERT_EQ(seteuid(getuid()), 0); }
+
 /// What a user can see of a model: its records, its history, the last changes.
 struct ModelState {
     std::vector<std::string> records;

@@ -372,6 +372,17 @@ int OpenToRead(SqliteHandle& lock, SqliteHandle& db, const std::string& path, st
     return QueryVersion(db, applicationId, version);
 }
 
+/// Whether the pages of a file that lie free are told rightly. They are not met when the records are read, but the next
+/// transactions write to them. A file without free pages costs no look.
+int CheckFreePages(SqliteHandle& db) {
+    std::int64_t freePages = 0;
+    std::int64_t faults = 0;
+    int result = db.QueryNumber("PRAGMA freelist_count", freePages);
+    if (result != SQLITE_OK || freePages == 0) return result;
+    result = db.QueryNumber("SELECT count(*) FROM pragma_quick_check(1) WHERE quick_check <> 'ok'", faults);
+    return result == SQLITE_OK && faults > 0 ? SQLITE_CORRUPT : result;
+}
+
 int AddWhatIsMissing(SqliteHandle& db, const RecordStoreBase& store) {
     const std::string mnemonic(store.Identity().mnemonic);
     int column = 0;
@@ -430,6 +441,8 @@ SqliteHandle OpenToWork(const std::string& path, OpenReport& report) {
 bool LoadModel(SqliteHandle& db, const std::string& path, CDataBase& database, OpenReport& report) {
     Faults faults(report, false);
     LoadTables(db, path, report.formatVersion < kModelSchemaVersion, database, faults);
+    const int result = faults.Stopped() ? SQLITE_OK : CheckFreePages(db);
+    if (result != SQLITE_OK) faults.Note(FileMessage(result, db, path));
     return !faults.Stopped();
 }
 
