@@ -11,8 +11,8 @@ bool IsColumn(int id, std::size_t columnCount) { return id >= 0 && static_cast<s
 
 std::vector<int> FitIds(std::vector<int> ids, std::size_t columnCount) {
     std::erase_if(ids, [&](int id) { return !IsColumn(id, columnCount); });
-    std::ranges::sort(ids);
-    ids.erase(std::ranges::unique(ids).begin(), ids.end());
+    std::sort(ids.begin(), ids.end());
+    ids.erase(std::unique(ids.begin(), ids.end()), ids.end());
     return ids;
 }
 
