@@ -80,4 +80,13 @@ private:
     std::map<std::string, std::vector<double>> times_;
 };
 
+/// Runs what is registered and reports it; whether all limits were kept and nothing grew too fast.
+inline bool RunAndReport(const std::vector<Limit>& limits, const std::vector<std::string>& growing, long n) {
+    RatioReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    const bool ratios = reporter.ReportRatios(limits);
+    const bool growth = reporter.ReportGrowth(growing, n);
+    return ratios && growth;
+}
+
 }  // namespace bench

@@ -80,15 +80,19 @@ private:
     static inline const int& UR_##XXXX##_MFS = ::zt::IdentityOf<T_##XXXX##_D>::value.codes[3]; \
     static constexpr std::string_view kMnemonic = #XXXX;
 
+/// What follows the field list of a structure that publishes unit codes: the type of STRUCTURE::unit, and that member.
+#define ZT_UNITS(UNIT, STRUCTURE)            \
+    struct UNIT : UnitCodesOf<STRUCTURE> {}; \
+    inline const UNIT STRUCTURE::unit{};
+
 /// What follows the field list of a record: its unit codes T_XXXX_D::unit and its transport object CDataXxxx. What the
 /// machinery needs of the record is compiled once, in the source file that says ZT_DEFINE_RECORD.
-#define ZT_RECORD(XXXX, Xxxx)                              \
-    struct T_##XXXX##_UNIT : UnitCodesOf<T_##XXXX##_D> {}; \
-    inline const T_##XXXX##_UNIT T_##XXXX##_D::unit{};     \
-    using CData##Xxxx = CDataOf<T_##XXXX##_D>;             \
-    extern template class Images<T_##XXXX##_D>;            \
-    extern template class RecordStore<T_##XXXX##_D>;       \
-    extern template class CDataOf<T_##XXXX##_D>;           \
+#define ZT_RECORD(XXXX, Xxxx)                        \
+    ZT_UNITS(T_##XXXX##_UNIT, T_##XXXX##_D)          \
+    using CData##Xxxx = CDataOf<T_##XXXX##_D>;       \
+    extern template class Images<T_##XXXX##_D>;      \
+    extern template class RecordStore<T_##XXXX##_D>; \
+    extern template class CDataOf<T_##XXXX##_D>;     \
     extern template class CClassOf<T_##XXXX##_D>;
 
 #define ZT_DEFINE_RECORD(XXXX)                \

@@ -15,18 +15,20 @@ std::string ColumnSql(const RecordStoreBase& store, int column) {
 
 int ColumnCount(const RecordStoreBase& store) { return static_cast<int>(store.ColumnNames().size()); }
 
+/// Default value of a column as a constant of its own kind, or as an integer where a real number is whole.
+std::string DefaultConstant(const RecordStoreBase& store, int column) {
+    const std::unique_ptr<ImageList> images = store.NewImages();
+    const std::string text = images->FieldText(images->AppendDefault(), column);
+    const ColumnKind kind = store.ColumnKinds()[static_cast<std::size_t>(column)];
+    return kind == ColumnKind::Text || kind == ColumnKind::List ? SqlText(text) : text;
+}
+
 }  // namespace
 
 std::string DefaultLiteral(const RecordStoreBase& store, int column) {
-    const std::unique_ptr<ImageList> images = store.NewImages();
-    const std::string text = images->FieldText(images->AppendDefault(), column);
-    switch (store.ColumnKinds()[static_cast<std::size_t>(column)]) {
-        case ColumnKind::Integer: return text;
-        case ColumnKind::Real: return "CAST(" + text + " AS REAL)";
-        case ColumnKind::Text:
-        case ColumnKind::List: break;
-    }
-    return SqlText(text);
+    const std::string constant = DefaultConstant(store, column);
+    const bool isReal = store.ColumnKinds()[static_cast<std::size_t>(column)] == ColumnKind::Real;
+    return isReal ? "CAST(" + constant + " AS REAL)" : constant;
 }
 
 std::string CreateTableSql(const RecordStoreBase& store) {
@@ -36,12 +38,8 @@ std::string CreateTableSql(const RecordStoreBase& store) {
 }
 
 std::string AddColumnSql(const RecordStoreBase& store, int column) {
-    const std::unique_ptr<ImageList> images = store.NewImages();
-    const std::string text = images->FieldText(images->AppendDefault(), column);
-    const ColumnKind kind = store.ColumnKinds()[static_cast<std::size_t>(column)];
-    const bool isText = kind == ColumnKind::Text || kind == ColumnKind::List;
     return "ALTER TABLE " + TableName(store) + " ADD COLUMN " + ColumnSql(store, column) + " DEFAULT " +
-           (isText ? SqlText(text) : text);
+           DefaultConstant(store, column);
 }
 
 std::string InsertSql(const RecordStoreBase& store) {

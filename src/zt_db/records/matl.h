@@ -32,8 +32,7 @@ struct Fields<T_MATL_ANALYSIS> {
     };
 };
 
-struct T_MATL_ANALYSIS_UNIT : UnitCodesOf<T_MATL_ANALYSIS> {};
-inline const T_MATL_ANALYSIS_UNIT T_MATL_ANALYSIS::unit{};
+ZT_UNITS(T_MATL_ANALYSIS_UNIT, T_MATL_ANALYSIS)
 
 struct T_MATL_UNIT;
 

@@ -45,8 +45,7 @@ struct Fields<T_SECT_STIFFNESS> {
     };
 };
 
-struct T_SECT_STIFFNESS_UNIT : UnitCodesOf<T_SECT_STIFFNESS> {};
-inline const T_SECT_STIFFNESS_UNIT T_SECT_STIFFNESS::unit{};
+ZT_UNITS(T_SECT_STIFFNESS_UNIT, T_SECT_STIFFNESS)
 
 struct T_SECT_DESIGN_UNIT;
 
@@ -85,8 +84,7 @@ struct Fields<T_SECT_DESIGN> {
     };
 };
 
-struct T_SECT_DESIGN_UNIT : UnitCodesOf<T_SECT_DESIGN> {};
-inline const T_SECT_DESIGN_UNIT T_SECT_DESIGN::unit{};
+ZT_UNITS(T_SECT_DESIGN_UNIT, T_SECT_DESIGN)
 
 struct T_SECT_UNIT;
 
