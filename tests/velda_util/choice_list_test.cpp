@@ -175,6 +175,58 @@ TEST(ChoiceList, CopiesShareOneList) {
     EXPECT_FALSE(ChoiceList("a\nb\n").SharesWith(list));
 }
 
+TEST(ChoiceList, IsEqualByLinesAndColumns) {
+    const ChoiceList list = KeysAndNames("1\ta\n");
+    EXPECT_EQ(list, ChoiceList(list));
+    EXPECT_EQ(list, KeysAndNames("1\ta\n"));
+    EXPECT_NE(list, KeysAndNames("1\ta"));
+    EXPECT_NE(list, ChoiceList("1\ta\n", 0, 0));
+    EXPECT_NE(list, ChoiceList("1\ta\n", 1, 1));
+    EXPECT_EQ(ChoiceList(), ChoiceList(""));
+}
+
+TEST(ChoiceList, OtherColumnsOfItsLinesAreAnotherListOfTheSameText) {
+    const ChoiceList names("1\tC24\tx\n2\tc30\ty\n");
+    const ChoiceList byName = names.ByColumns(1, 2);
+    EXPECT_EQ(&byName.Lines(), &names.Lines());
+    EXPECT_EQ(byName.KeyColumn(), 1);
+    EXPECT_EQ(byName.TextColumn(), 2);
+    EXPECT_EQ(byName, ChoiceList(names.Lines(), 1, 2));
+    EXPECT_NE(byName, names);
+    EXPECT_EQ(byName.ByColumns(0, 0), names);
+    EXPECT_FALSE(byName.ByColumns(1, 2).SharesWith(byName));
+    EXPECT_THROW(names.ByColumns(-1, 0), std::invalid_argument);
+    EXPECT_THROW(names.ByColumns(0, -1), std::invalid_argument);
+}
+
+TEST(ChoiceList, ListsOfOneTextLookUpEachByItsOwnColumns) {
+    const ChoiceList first("a\tB\nb\tA\n");
+    const ChoiceList second = first.ByColumns(1, 0);
+    for (int round = 0; round < 2; ++round) {
+        EXPECT_EQ(first.ShownText("a"), "a");
+        EXPECT_EQ(second.ShownText("A"), "b");
+        EXPECT_THAT(first.IndexOfText("B"), Optional(1u));
+        EXPECT_THAT(second.IndexOfText("B"), Optional(1u));
+        EXPECT_THAT(first.ByColumns(0, 1).IndexOfText("b"), Optional(0u));
+    }
+}
+
+TEST(ChoiceList, ListsOfOneTextOutliveEachOther) {
+    ChoiceList names;
+    {
+        const ChoiceList keys("1\tabc\n2\td\n");
+        names = keys.ByColumns(0, 1);
+    }
+    EXPECT_EQ(names.ShownText("1"), "abc");
+}
+
+TEST(ChoiceList, TheKeyOfALineWithoutAKeyColumnIsTheWholeLine) {
+    const ChoiceList list("a\nd\te\n", 1, 0);
+    EXPECT_THAT(list.IndexOfKey("a"), Optional(0u));
+    EXPECT_EQ(list.IndexOfKey(""), std::nullopt);
+    EXPECT_EQ(list.ShownText("e"), "d");
+}
+
 TEST(ChoiceList, ACopyOutlivesItsOriginal) {
     ChoiceList copy;
     {

@@ -140,12 +140,50 @@ TEST(DisplayText, AKeyOfATabbedListShowsItsName) {
     EXPECT_EQ(DisplayText("12", style), "12");
 }
 
-TEST(ChoiceText, TakesAnyColumnsOfTheLines) {
-    EXPECT_EQ(ChoiceText("a\tb\tc\nd\te\tf", "e", 1, 2), "f");
-    EXPECT_EQ(ChoiceText("a\tb\tc\nd\te\tf", "c", 2, 0), "a");
-    EXPECT_EQ(ChoiceText("a\nd\te\n", "a", 0, 1), "");
-    EXPECT_EQ(ChoiceText("", "a", 0, 1), "a");
-    EXPECT_EQ(ChoiceText("None\nA\n", "None", 0, 0), "None");
+CGXStyle Tabbed(std::string_view lines, std::string_view keyColumn, std::string_view textColumn) {
+    return CGXStyle()
+        .SetControl(ControlKind::TabbedDropDownList)
+        .SetChoiceList(lines)
+        .SetKeyColumn(keyColumn)
+        .SetTextColumn(textColumn);
+}
+
+TEST(DisplayText, ATabbedListTakesAnyColumnsOfItsLines) {
+    EXPECT_EQ(DisplayText("e", Tabbed("a\tb\tc\nd\te\tf", "1", "2")), "f");
+    EXPECT_EQ(DisplayText("c", Tabbed("a\tb\tc\nd\te\tf", "2", "0")), "a");
+    EXPECT_EQ(DisplayText("a", Tabbed("", "0", "1")), "a");
+    EXPECT_EQ(DisplayText("None", Tabbed("None\nA\n", "0", "0")), "None");
+}
+
+TEST(DisplayText, ALineWithoutTheShownColumnShowsItsKey) {
+    EXPECT_EQ(DisplayText("a", Tabbed("a\nd\te\n", "0", "1")), "a");
+}
+
+TEST(DisplayText, AnAttributeThatIsNoColumnNumberMeansTheFirst) {
+    EXPECT_EQ(DisplayText("a", Tabbed("a\tb\n", "-1", "1")), "b");
+    EXPECT_EQ(DisplayText("b", Tabbed("a\tb\n", "1", "x")), "a");
+    EXPECT_EQ(DisplayText("b", Tabbed("a\tb\n", "1", "")), "a");
+}
+
+TEST(DisplayText, TheFirstOfTheLinesWithOneKeyIsShown) {
+    EXPECT_EQ(DisplayText("1", Tabbed("2\tc\n1\ta\n1\tb\n", "0", "1")), "a");
+}
+
+TEST(DisplayText, TheValueOfAListWithoutTabsIsItsShownText) {
+    for (const ControlKind control :
+         {ControlKind::DropDownList, ControlKind::ComboBox, ControlKind::CheckListComboBox}) {
+        const CGXStyle style = Tabbed("a\nb\n1.25\n", "0", "1").SetControl(control);
+        EXPECT_EQ(DisplayText("a", style), "a");
+        EXPECT_EQ(DisplayText("a,b", style), "a,b");
+        EXPECT_EQ(DisplayText("c", style), "c");
+        EXPECT_EQ(DisplayText("1.25", CGXStyle(style).OverrideWith(Fixed(1))), "1.3");
+    }
+}
+
+TEST(DisplayText, ATabbedListIsNotRounded) {
+    const CGXStyle style = Tabbed("1\t1.25\n", "0", "1").OverrideWith(Fixed(1));
+    EXPECT_EQ(DisplayText("1", style), "1.25");
+    EXPECT_EQ(DisplayText("2.75", style), "2.75");
 }
 
 /// A decimal comma and points between thousands.

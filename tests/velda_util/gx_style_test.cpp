@@ -123,14 +123,14 @@ TEST(InternedText, EqualTextsAreKeptOnceAndDroppedWithTheirLastUser) {
     InternPool<std::string>& pool = InternPool<std::string>::Shared();
     const std::size_t before = pool.Count();
     {
-        const CGXStyle one = CGXStyle().SetChoiceList("interned once\n");
+        const CGXStyle one = CGXStyle().SetValue("interned once\n");
         const CGXStyle two = CGXStyle().SetToolTip("interned once\n");
         CGXStyle three = one;
         EXPECT_EQ(pool.Count(), before + 1);
-        EXPECT_EQ(&one.GetChoiceList(), &two.GetToolTip());
-        three.SetChoiceList("another\n");
+        EXPECT_EQ(&one.GetValue(), &two.GetToolTip());
+        three.SetValue("another\n");
         EXPECT_EQ(pool.Count(), before + 2);
-        EXPECT_EQ(one.GetChoiceList(), "interned once\n");
+        EXPECT_EQ(one.GetValue(), "interned once\n");
     }
     EXPECT_EQ(pool.Count(), before);
 }

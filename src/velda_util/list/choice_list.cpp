@@ -68,44 +68,59 @@ bool RepeatsOneCharacter(std::string_view text) {
 
 }  // namespace
 
-struct ChoiceList::Data {
-    Data(std::string lineText, int keyAt, int textAt)
-        : text(std::move(lineText)), lines(SplitLines(text)), keyColumn(keyAt), textColumn(textAt) {
-        if (keyColumn < 0 || textColumn < 0) throw std::invalid_argument("tab column of a choice list");
-    }
-    Data(const Data&) = delete;
-    Data& operator=(const Data&) = delete;
+/// The text of a list, which is the same whatever its columns are.
+struct ChoiceList::Source {
+    explicit Source(std::string lineText) : text(std::move(lineText)), lines(SplitLines(text)) {}
+    Source(const Source&) = delete;
+    Source& operator=(const Source&) = delete;
 
-    std::string_view Line(std::size_t line) const {
-        if (line >= lines.size()) throw std::invalid_argument("line of a choice list");
-        return lines[line];
-    }
-    std::string_view Key(std::size_t line) const { return TabColumn(Line(line), keyColumn).value_or(lines[line]); }
-    std::string_view Text(std::size_t line) const { return TabColumn(Line(line), textColumn).value_or(Key(line)); }
-
-    /// Folding leaves every text at its place, so that the folded text of a line stands where its text does.
-    std::string_view FoldedText(std::size_t line) const {
+    /// Folding leaves every text at its place, so that the folded text of a part stands where the part does.
+    std::string_view Folded(std::string_view part) const {
         if (folded.empty()) folded = FoldCase(text);
-        const std::string_view shown = Text(line);
-        return std::string_view(folded).substr(static_cast<std::size_t>(shown.data() - text.data()), shown.size());
+        return std::string_view(folded).substr(static_cast<std::size_t>(part.data() - text.data()), part.size());
     }
 
     const std::string text;
     const std::vector<std::string_view> lines;
+    mutable std::string folded;
+};
+
+struct ChoiceList::Data {
+    Data(std::shared_ptr<const Source> from, int keyAt, int textAt)
+        : source(std::move(from)), keyColumn(keyAt), textColumn(textAt) {
+        if (keyColumn < 0 || textColumn < 0) throw std::invalid_argument("tab column of a choice list");
+    }
+
+    std::string_view Line(std::size_t line) const {
+        if (line >= source->lines.size()) throw std::invalid_argument("line of a choice list");
+        return source->lines[line];
+    }
+    std::string_view Key(std::size_t line) const { return TabColumn(Line(line), keyColumn).value_or(Line(line)); }
+    std::string_view Text(std::size_t line) const { return TabColumn(Line(line), textColumn).value_or(Key(line)); }
+    std::string_view FoldedText(std::size_t line) const { return source->Folded(Text(line)); }
+
+    const std::shared_ptr<const Source> source;
     const int keyColumn;
     const int textColumn;
-    mutable std::string folded;
     mutable LineIndex byKey;
     mutable LineIndex byText;
     mutable LineIndex byFoldedText;
 };
 
 ChoiceList::ChoiceList(std::string lines, int keyColumn, int textColumn)
-    : data_(std::make_shared<const Data>(std::move(lines), keyColumn, textColumn)) {}
+    : data_(std::make_shared<const Data>(std::make_shared<const Source>(std::move(lines)), keyColumn, textColumn)) {}
 
-std::size_t ChoiceList::Count() const { return data_->lines.size(); }
+ChoiceList ChoiceList::ByColumns(int keyColumn, int textColumn) const {
+    return ChoiceList(std::make_shared<const Data>(data_->source, keyColumn, textColumn));
+}
 
-const std::string& ChoiceList::Lines() const { return data_->text; }
+std::size_t ChoiceList::Count() const { return data_->source->lines.size(); }
+
+const std::string& ChoiceList::Lines() const { return data_->source->text; }
+
+int ChoiceList::KeyColumn() const { return data_->keyColumn; }
+
+int ChoiceList::TextColumn() const { return data_->textColumn; }
 
 std::string_view ChoiceList::Line(std::size_t line) const { return data_->Line(line); }
 
@@ -197,6 +212,12 @@ Outcome ChoiceList::ReadJoinedText(std::string_view joined, std::vector<std::siz
     read.erase(std::unique(read.begin(), read.end()), read.end());
     lines = std::move(read);
     return Outcome::Done();
+}
+
+bool operator==(const ChoiceList& a, const ChoiceList& b) {
+    if (a.SharesWith(b)) return true;
+    const bool sameColumns = a.KeyColumn() == b.KeyColumn() && a.TextColumn() == b.TextColumn();
+    return sameColumns && (a.data_->source == b.data_->source || a.Lines() == b.Lines());
 }
 
 }  // namespace velda

@@ -6,6 +6,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "velda_lib/outcome.h"
@@ -22,10 +23,15 @@ public:
     ChoiceList() : ChoiceList(std::string()) {}
     explicit ChoiceList(std::string lines, int keyColumn = 0, int textColumn = 0);
 
+    /// The same lines by other columns. Both share the text, so that the same thread has to use them.
+    ChoiceList ByColumns(int keyColumn, int textColumn) const;
+
     std::size_t Count() const;
     bool IsEmpty() const { return Count() == 0; }
     /// The text that the list was made from.
     const std::string& Lines() const;
+    int KeyColumn() const;
+    int TextColumn() const;
 
     /// Views hold as long as a copy of the list does. All throw std::invalid_argument for a line that does not exist.
     std::string_view Line(std::size_t line) const;
@@ -54,9 +60,13 @@ public:
 
     /// Whether both are copies of one list.
     bool SharesWith(const ChoiceList& other) const { return data_ == other.data_; }
+    /// Equal lines by equal columns. Texts are compared only where they are not one and the same.
+    friend bool operator==(const ChoiceList& a, const ChoiceList& b);
 
 private:
+    struct Source;
     struct Data;
+    explicit ChoiceList(std::shared_ptr<const Data> data) : data_(std::move(data)) {}
     std::optional<std::size_t> FirstWithPrefix(std::string_view foldedPrefix, std::size_t from) const;
     /// The longest text of the list that a joined text begins with, and what it takes there.
     struct Chosen {

@@ -70,16 +70,6 @@ std::string FixedText(const Decimal& decimal, int places) {
     return text;
 }
 
-/// Column `number` of a line with tabs; empty when the line has fewer.
-std::string_view ColumnOf(std::string_view line, int number) {
-    for (; number > 0; --number) {
-        const std::size_t tab = line.find('\t');
-        if (tab == std::string_view::npos) return {};
-        line.remove_prefix(tab + 1);
-    }
-    return line.substr(0, line.find('\t'));
-}
-
 }  // namespace
 
 std::string RoundedText(std::string_view text, int places) {
@@ -92,22 +82,11 @@ std::string RoundedText(std::string_view text, int places) {
     return FixedText(*decimal, places);
 }
 
-std::string_view ChoiceText(std::string_view lines, std::string_view key, int keyColumn, int textColumn) {
-    while (!lines.empty()) {
-        const std::string_view line = lines.substr(0, lines.find('\n'));
-        if (ColumnOf(line, keyColumn) == key) return ColumnOf(line, textColumn);
-        lines.remove_prefix(std::min(lines.size(), line.size() + 1));
-    }
-    return key;
-}
-
 std::string DisplayText(std::string_view text, const CGXStyle& style) {
     switch (style.GetControl()) {
         case ControlKind::CheckBox:
         case ControlKind::CaptionCheckBox: return TrimBlanks(text) == "1" ? "1" : "0";
-        case ControlKind::TabbedDropDownList:
-            return std::string(
-                ChoiceText(style.GetChoiceList(), text, wtol(style.GetKeyColumn()), wtol(style.GetTextColumn())));
+        case ControlKind::TabbedDropDownList: return std::string(style.GetChoices().ShownText(text));
         default: break;
     }
     const bool isFixed = style.GetValueType() == ValueType::Numeric && style.GetFormat() == NumberFormat::Fixed;

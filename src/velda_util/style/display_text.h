@@ -15,8 +15,4 @@ std::string DisplayText(std::string_view text, const CGXStyle& style);
 /// that is no number, or one that no double can hold, comes back as it stands.
 std::string RoundedText(std::string_view text, int places);
 
-/// In a choice list of lines with tabs ("%d\t%s\n"): column `textColumn` of the first line whose column `keyColumn` is
-/// `key`; `key` itself when there is none. Columns count from 0.
-std::string_view ChoiceText(std::string_view lines, std::string_view key, int keyColumn, int textColumn);
-
 }  // namespace velda

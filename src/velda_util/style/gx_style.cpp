@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "velda_lib/number_text.h"
+
 namespace velda {
 
 template <class Visit>
@@ -17,6 +19,12 @@ void CGXStyle::ForEachField(Visit visit) {
     visit(Attribute::MaxLength, &CGXStyle::maxLength_);
     visit(Attribute::MergedSpan, &CGXStyle::spanRows_);
     visit(Attribute::MergedSpan, &CGXStyle::spanCols_);
+}
+
+template <class Visit>
+void CGXStyle::ForEachTextBeside(const CGXStyle& other, Visit visit) {
+    visit(choiceLines_, other.choiceLines_);
+    for (std::size_t i = 0; i < texts_.size(); ++i) visit(texts_[i], other.texts_[i]);
 }
 
 CGXStyle& CGXStyle::SetFontSize(double points) {
@@ -48,15 +56,21 @@ const std::string& CGXStyle::ColumnOf(Text text) const {
     return Includes(text) ? TextOf(text) : first;
 }
 
+ChoiceList CGXStyle::GetChoices() const {
+    const bool isTabbed = GetControl() == ControlKind::TabbedDropDownList;
+    const auto column = [&](Text text) { return isTabbed ? std::max(wtol(ColumnOf(text)), 0) : 0; };
+    return choiceLines_.Get().ListBy(column(Text::KeyColumn), column(Text::TextColumn));
+}
+
 CGXStyle& CGXStyle::OverrideWith(const CGXStyle& other) {
     flags_ = static_cast<std::uint8_t>((flags_ & ~unsigned{other.set_}) | other.flags_);
     set_ = static_cast<std::uint16_t>(set_ | other.set_);
     ForEachField([&](Attribute attribute, auto member) {
         if (other.Includes(attribute)) this->*member = other.*member;
     });
-    for (std::size_t i = 0; i < texts_.size(); ++i) {
-        if (other.texts_[i].IsSet()) texts_[i] = other.texts_[i];
-    }
+    ForEachTextBeside(other, [](auto& own, const auto& others) {
+        if (others.IsSet()) own = others;
+    });
     return *this;
 }
 
@@ -73,9 +87,9 @@ CGXStyle& CGXStyle::RemoveAttributesOf(const CGXStyle& other) {
     });
     flags_ = static_cast<std::uint8_t>(flags_ & kept);
     set_ = static_cast<std::uint16_t>(set_ & kept);
-    for (std::size_t i = 0; i < texts_.size(); ++i) {
-        if (other.texts_[i].IsSet()) texts_[i] = InternedText{};
-    }
+    ForEachTextBeside(other, [](auto& own, const auto& others) {
+        if (others.IsSet()) own = {};
+    });
     return *this;
 }
 
@@ -86,6 +100,7 @@ std::size_t CGXStyle::Hash() const {
         hash ^= hash >> 32;
     };
     ForEachField([&](Attribute, auto member) { mix(static_cast<std::uint64_t>(this->*member)); });
+    mix(choiceLines_.Id());
     for (const InternedText& text : texts_) mix(text.Id());
     return static_cast<std::size_t>(hash);
 }

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "velda_util/list/choice_list.h"
+#include "velda_util/style/choice_lines.h"
 #include "velda_util/style/interned.h"
 
 namespace velda {
@@ -77,7 +79,10 @@ public:
     /// A count of 0 is taken as 1.
     CGXStyle& SetMergedSpan(MergedSpan span);
 
-    CGXStyle& SetChoiceList(std::string_view lines) { return SetText(Text::ChoiceList, lines); }
+    CGXStyle& SetChoiceList(std::string_view lines) {
+        choiceLines_ = InternedChoiceLines(lines);
+        return *this;
+    }
     /// Attributes of a tabbed list: the column that holds the key, the one that is shown, and two more for the control.
     CGXStyle& SetKeyColumn(std::string_view column) { return SetText(Text::KeyColumn, column); }
     CGXStyle& SetTextColumn(std::string_view column) { return SetText(Text::TextColumn, column); }
@@ -112,7 +117,11 @@ public:
     ControlKind GetControl() const { return control_; }
     std::uint16_t GetMaxLength() const { return maxLength_; }
     MergedSpan GetMergedSpan() const { return IncludeMergedSpan() ? MergedSpan{spanRows_, spanCols_} : MergedSpan{}; }
-    const std::string& GetChoiceList() const { return TextOf(Text::ChoiceList); }
+    const std::string& GetChoiceList() const { return choiceLines_.Get().Text(); }
+    /// The choice list as the control takes it: by the key column and the text column for a tabbed list, a list of bare
+    /// names for any other control. Styles with equal lines and columns share one list, which is made once; to be asked
+    /// of the style that a cell is drawn with, since each attribute may come from another style.
+    ChoiceList GetChoices() const;
     /// "0" when not set, like the shown column: a list of bare names.
     const std::string& GetKeyColumn() const { return ColumnOf(Text::KeyColumn); }
     const std::string& GetTextColumn() const { return ColumnOf(Text::TextColumn); }
@@ -140,7 +149,7 @@ public:
     bool IncludeControl() const { return Includes(Attribute::Control); }
     bool IncludeMaxLength() const { return Includes(Attribute::MaxLength); }
     bool IncludeMergedSpan() const { return Includes(Attribute::MergedSpan); }
-    bool IncludeChoiceList() const { return Includes(Text::ChoiceList); }
+    bool IncludeChoiceList() const { return choiceLines_.IsSet(); }
     bool IncludeKeyColumn() const { return Includes(Text::KeyColumn); }
     bool IncludeTextColumn() const { return Includes(Text::TextColumn); }
     bool IncludeThirdAttribute() const { return Includes(Text::ThirdAttribute); }
@@ -184,7 +193,6 @@ private:
         MergedSpan,
     };
     enum class Text : std::uint8_t {
-        ChoiceList,
         KeyColumn,
         TextColumn,
         ThirdAttribute,
@@ -204,6 +212,9 @@ private:
     /// Calls `visit` with the attribute and the member of each field that is no flag and no text.
     template <class Visit>
     static void ForEachField(Visit visit);
+    /// Calls `visit` with each text of this style and that of `other`.
+    template <class Visit>
+    void ForEachTextBeside(const CGXStyle& other, Visit visit);
 
     bool Includes(Attribute attribute) const { return (set_ & Bit(attribute)) != 0; }
     bool Includes(Text text) const { return texts_[Slot(text)].IsSet(); }
@@ -235,6 +246,7 @@ private:
     std::uint16_t spanCols_ = 0;
     std::uint32_t textColor_ = 0;
     std::uint32_t interior_ = 0;
+    InternedChoiceLines choiceLines_;
     std::array<InternedText, static_cast<std::size_t>(Text::Count)> texts_;
 };
 
