@@ -10,8 +10,7 @@ void RecordRows::Configure(std::vector<ColumnType> types, int keyColumn, std::ve
     data_.Reset(static_cast<int>(types_.size()));
     rowOfKey_.Clear();
     keys_.clear();
-    if (sort.empty()) sort.push_back({keyColumn_, 0, 0});
-    comparison_.emplace(data_, std::move(sort), types_);
+    SetSort(std::move(sort));
 }
 
 int RecordRows::PositionOf(RowId row) const {
@@ -76,7 +75,7 @@ void RecordRows::PutInPlace(RowId row) {
     order.Insert(place, row);
 }
 
-void RecordRows::Replay(std::span<const std::uint32_t> gone, std::span<const std::uint32_t> come,
+std::vector<RowId> RecordRows::Replay(std::span<const std::uint32_t> gone, std::span<const std::uint32_t> come,
                         const WriteCells& write) {
     std::vector<RowId> removed;
     const auto leave = [&](std::uint32_t key) {
@@ -98,6 +97,7 @@ void RecordRows::Replay(std::span<const std::uint32_t> gone, std::span<const std
         Merge(removed, std::move(added));
     }
     for (const RowId row : removed) keys_[row] = 0;
+    return removed;
 }
 
 void RecordRows::Merge(std::span<const RowId> removed, std::vector<RowId> added) {
@@ -127,10 +127,9 @@ void RecordRows::SortTable() {
     data_.Order().Assign(rows);
 }
 
-void RecordRows::SortTable(std::vector<STBSortItem> sort) {
+void RecordRows::SetSort(std::vector<STBSortItem> sort) {
     if (sort.empty()) sort.push_back({keyColumn_, 0, 0});
     comparison_.emplace(data_, std::move(sort), types_);
-    SortTable();
 }
 
 int RecordRows::Replace(RowId row) {

@@ -50,14 +50,15 @@ public:
 
     /// Brings the rows up to a change of the database: the rows of `gone` leave, the records of `come` are written and
     /// stand at their places. A key may stand in both. Keys that are not shown may stand in `gone`, and keys that are
-    /// shown in `come`.
-    void Replay(std::span<const std::uint32_t> gone, std::span<const std::uint32_t> come, const WriteCells& write);
+    /// shown in `come`. Returns the rows that left.
+    std::vector<RowId> Replay(std::span<const std::uint32_t> gone, std::span<const std::uint32_t> come, const WriteCells& write);
 
     /// Removes a row, and nothing but the row.
     void RemoveRow(int position);
-    /// Sorts all rows anew, by another specification where one is given.
+    /// Takes another sort specification; the rows stay where they are until SortTable.
+    void SetSort(std::vector<STBSortItem> sort);
+    /// Sorts all rows anew.
     void SortTable();
-    void SortTable(std::vector<STBSortItem> sort);
     /// Puts a row whose cells were changed to its place; its new position.
     int Replace(RowId row);
 

@@ -1,0 +1,92 @@
+#include "velda_util/grid/tb_grid.h"
+
+#include "velda_lib/msg_dll.h"
+
+namespace velda {
+namespace {
+
+/// Whether the text of a number can hold this text: digits, signs, a point, an exponent.
+bool CanStandInNumber(std::string_view text) {
+    return text.find_first_not_of("0123456789.+-eE") == std::string_view::npos;
+}
+
+}  // namespace
+
+Outcome CTBGrid::SaveLayout() {
+    TableRegistry& registry = TableRegistry::OfProcess();
+    std::vector<int> widths;
+    TableLayout layout;
+    layout.order = columns_.Order();
+    for (int id = 0; id < columns_.Count(); ++id) {
+        widths.push_back(columns_.Width(id));
+        if (columns_.IsHidden(id) && !columns_.IsHiddenByIntend(PositionOfColumn(id))) layout.hidden.push_back(id);
+        if (columns_.IsLocked(id)) layout.locked.push_back(id);
+    }
+    registry.SetCurrColWithInPrefInfo(tableName_, widths);
+    registry.SetLayout(tableName_, layout);
+    return registry.WriteToRegistry(tableName_);
+}
+
+void CTBGrid::UpdateFindParam(STBFindStruct& find) {
+    int col = 0;
+    if (!GetCurrentCell(find.currentRow, col)) find.currentRow = find.direction > 0 ? 0 : RowCount() + 1;
+}
+
+std::string_view CTBGrid::SearchText(int row, int col, bool /*numbers*/, std::string& buffer) const {
+    buffer = ClipboardCellText(row, col);
+    return buffer;
+}
+
+bool CTBGrid::FindFrom(STBFindStruct& find, int column) {
+    FindArea area{RowCount() - (HasAppendRow() ? 1 : 0), {}, column};
+    for (int col = 1; col <= GetColCount(); ++col) area.columns.push_back({IdOfColumn(col), IsColumnHidden(col)});
+    if (area.columns.empty()) return false;
+    std::string buffer;
+    const bool numbers = CanStandInNumber(find.text);
+    const FindResult result =
+        FindText(find, area, [&](int row, int col) { return SearchText(row, col, numbers, buffer); });
+    if (!result.found) {
+        Host().OnMessage(FormatText("IDS_TB_ENGINE_FIND_NOT_FOUND", {find.text}));
+        return false;
+    }
+    if (result.wrapped) {
+        Host().OnMessage(CMsgDll::pfuncLoadStr(
+            find.direction > 0 ? "IDS_TB_ENGINE_FIND_WRAPPED_START" : "IDS_TB_ENGINE_FIND_WRAPPED_END", 0));
+    }
+    find.currentRow = result.row;
+    if (SetCurrentCell(result.row, result.column)) {
+        Redraw();
+        return true;
+    }
+    // A cell that cannot be entered is shown as selected instead.
+    SelectRange(PositionRange::Of({result.row, result.column}, {result.row, result.column}));
+    Redraw();
+    return true;
+}
+
+bool CTBGrid::Find(STBFindStruct& find) {
+    if (find.text.empty()) return false;
+    int row = 0;
+    int col = 1;
+    GetCurrentCell(row, col);
+    return FindFrom(find, std::max(col, 1));
+}
+
+bool CTBGrid::FindNext(STBFindStruct& find) {
+    if (find.text.empty()) return false;
+    UpdateFindParam(find);
+    int row = 0;
+    int col = 0;
+    if (!GetCurrentCell(row, col)) return FindFrom(find, 1);
+    if (find.onlyCurrentColumn) {
+        find.currentRow += find.direction > 0 ? 1 : -1;
+        return FindFrom(find, col);
+    }
+    // One cell on in reading order.
+    col += find.direction > 0 ? 1 : -1;
+    if (col >= 1 && col <= GetColCount()) return FindFrom(find, col);
+    find.currentRow += find.direction > 0 ? 1 : -1;
+    return FindFrom(find, col < 1 ? GetColCount() : 1);
+}
+
+}  // namespace velda

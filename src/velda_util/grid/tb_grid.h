@@ -1,0 +1,89 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "velda_util/clip/find_text.h"
+#include "velda_util/grid/gx_grid_wnd.h"
+#include "velda_util/pref/table_registry.h"
+
+namespace velda {
+
+struct T_GRAPH_D;
+
+/// An entry that a table adds to the right-button menu.
+struct TableMenuItem {
+    int id = 0;
+    std::string text{};
+    bool enabled = true;
+};
+using TableMenu = std::vector<TableMenuItem>;
+
+/// Colours of all tables, blue-green-red.
+struct STBColorSet {
+    std::uint32_t text = 0x000000;
+    std::uint32_t background = 0xFFFFFF;
+    std::uint32_t header = 0xF0F0F0;
+    std::uint32_t readOnly = 0xF5F5F5;
+    std::uint32_t rowInEdit = 0xCCFFFF;
+    bool operator==(const STBColorSet&) const = default;
+};
+
+/// A grid with the identity of a table: its registration name and column preferences, find, hooks for graph and menu.
+class CTBGrid : public CGXGridWnd {
+public:
+    // ---- preferences, kept per user and table name
+
+    /// Registers a table class; returns the name to keep.
+    static std::string RegisterTable(std::string_view name, DefaultPreferenceFunction defaults) {
+        return TableRegistry::OfProcess().RegisterTable(name, defaults);
+    }
+    static std::vector<STBPrefItem> GetPrefInfo(std::string_view name) {
+        return TableRegistry::OfProcess().GetPrefInfo(name);
+    }
+    static bool SetCurrColWithInPrefInfo(std::string_view name, const std::vector<int>& widths) {
+        return TableRegistry::OfProcess().SetCurrColWithInPrefInfo(name, widths);
+    }
+    static Outcome WriteToRegistry(std::string_view name) { return TableRegistry::OfProcess().WriteToRegistry(name); }
+
+    const std::string& GetTableName() const { return tableName_; }
+    /// Keeps the widths, the order, and what is hidden and locked, for the next time that the table opens.
+    Outcome SaveLayout();
+
+    // ---- find
+
+    /// Settings of the last search; they go from table to table.
+    static inline STBFindStruct m_Find;
+    /// Prepares a search that starts at the current cell.
+    virtual void UpdateFindParam(STBFindStruct& find);
+    /// Searches on from `find.currentRow` and makes the cell found the current one. The host is told when the search
+    /// wrapped or found nothing. False when nothing was found or the open row cannot be left.
+    bool Find(STBFindStruct& find);
+    /// The next occurrence in the direction of the settings, behind the current cell.
+    bool FindNext(STBFindStruct& find);
+
+    // ---- look
+
+    static inline STBColorSet m_Color;
+
+    // ---- hooks of tables
+
+    virtual bool GetGraphData(T_GRAPH_D& /*data*/) { return false; }
+    virtual CGXRange GetGraphRange() const { return {}; }
+    virtual void CustomizeContextMenu(TableMenu& /*menu*/) {}
+    virtual bool HandleCustomContextMenu(int /*command*/) { return false; }
+
+protected:
+    void SetTableName(std::string name) { tableName_ = std::move(name); }
+    /// The text that a search looks into. The view has to hold until the next call only; `numbers` tells whether a
+    /// number can hold what is searched.
+    virtual std::string_view SearchText(int row, int col, bool numbers, std::string& buffer) const;
+
+private:
+    bool FindFrom(STBFindStruct& find, int column);
+
+    std::string tableName_;
+};
+
+}  // namespace velda
