@@ -1,8 +1,10 @@
 #pragma once
 
+#include <algorithm>
 #include <memory>
 #include <vector>
 
+#include "velda_lib/comp_func.h"
 #include "zt_db/core/database.h"
 
 namespace zt {
@@ -57,9 +59,40 @@ public:
 protected:
     using Keys = std::vector<std::uint32_t>;
     using Records = std::vector<R>;
+    struct AnyRecord {
+        bool operator()(const R&) const { return true; }
+    };
 
     /// The stored record, in SI units; null when the key does not exist.
     const R* Stored(std::uint32_t key) const { return store_ ? store_->Find(key) : nullptr; }
+    /// Visits every stored record as (key, record), in SI units and in no particular order.
+    template <class Visit>
+    void ForEachStored(Visit visit) const {
+        if (!store_) return;
+        for (std::uint32_t slot = store_->FirstSlot(); slot != RecordStoreBase::kNoSlot; slot = store_->NextSlot(slot))
+            visit(store_->KeyAt(slot), store_->At(slot));
+    }
+    /// The record of a name for which `matches` holds as well, the smallest key where there are several; 0 when there
+    /// is none. Names are compared with regard to case.
+    template <class Matches = AnyRecord>
+    std::uint32_t KeyOfName(std::string_view name, Matches matches = {}) const {
+        std::uint32_t smallest = 0;
+        ForEachStored([&](std::uint32_t key, const R& record) {
+            if (smallest != 0 && smallest < key) return;
+            if (matches(record) && velda::CCompFunc::CompString(record.name, name) == 0) smallest = key;
+        });
+        return smallest;
+    }
+    /// The keys of the stored records for which `matches` holds, ascending.
+    template <class Matches>
+    Keys KeysWhere(Matches matches) const {
+        Keys keys;
+        ForEachStored([&](std::uint32_t key, const R& record) {
+            if (matches(record)) keys.push_back(key);
+        });
+        std::sort(keys.begin(), keys.end());
+        return keys;
+    }
     const RecordStore<R>* store_ = nullptr;
 
 private:

@@ -27,7 +27,19 @@ struct Fields<T_STLD_D> {
 };
 
 ZT_RECORD(STLD, Stld)
-ZT_PLAIN_CLASS(STLD, Stld)
+
+class CClassStld : public CClassOf<T_STLD_D> {
+public:
+    ZT_CLASS_NAMES(STLD)
+
+    /// The load case of a name, the smallest key where several have it; 0 when there is none.
+    std::uint32_t GetKey(std::string_view name) const;
+
+    using CClassOf::GetKeyList;
+    /// All load cases, in the order of their keys. The further arguments ask for active cases only and for an order;
+    /// every static load case is active and the keys are always ordered, so that they change nothing.
+    int GetKeyList(std::vector<std::uint32_t>& keys, int, int) const { return GetKeyList(keys); }
+};
 
 struct T_LCOM_D;
 

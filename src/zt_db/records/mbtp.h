@@ -75,7 +75,14 @@ struct Fields<T_MBTP_D> {
 };
 
 ZT_RECORD(MBTP, Mbtp)
-ZT_PLAIN_CLASS(MBTP, Mbtp)
+
+class CClassMbtp : public CClassOf<T_MBTP_D> {
+public:
+    ZT_CLASS_NAMES(MBTP)
+
+    /// The member that the options belong to; 0 when the key does not exist.
+    std::uint32_t GetMembKbyMbtpK(std::uint32_t key) const;
+};
 
 struct T_PREL_UNIT;
 
@@ -98,6 +105,13 @@ struct Fields<T_PREL_D> {
 };
 
 ZT_RECORD(PREL, Prel)
-ZT_PLAIN_CLASS(PREL, Prel)
+
+class CClassPrel : public CClassOf<T_PREL_D> {
+public:
+    ZT_CLASS_NAMES(PREL)
+
+    /// The member that a design element is a part of; 0 when the key does not exist.
+    std::uint32_t GetMembKOfPrel(std::uint32_t key) const;
+};
 
 }  // namespace zt

@@ -2,6 +2,7 @@
 
 #include "zt_db/core/record_class.h"
 #include "zt_db/records/matl.h"
+#include "zt_db/records/memb_type.h"
 #include "zt_db/records/pont.h"
 #include "zt_db/records/sect.h"
 #include "zt_db/records/thik.h"
@@ -32,13 +33,7 @@ struct T_MEMB_D {
     bool operator==(const T_MEMB_D&) const = default;
 
     /// Whether the property of a member type is a thickness: walls, slabs and their kin.
-    static constexpr bool UsesThickness(int type) {
-        constexpr int kTypes[] = {202, 216, 217, 218, 219, 301, 314, 315, 316};
-        for (const int with : kTypes) {
-            if (with == type) return true;
-        }
-        return false;
-    }
+    static constexpr bool UsesThickness(int type) { return PropertyOfMemberType(type) == MemberProperty::Thickness; }
     static const RecordIdentity* PropertyClass(const T_MEMB_D& member) {
         return UsesThickness(member.type) ? &IdentityOf<T_THIK_D>::value : &IdentityOf<T_SECT_D>::value;
     }
@@ -88,6 +83,12 @@ public:
     std::uint32_t GetMembKeyByNo(std::uint32_t no) const { return store_ ? store_->KeyOfNumber(no) : 0; }
     /// The next free number.
     std::uint32_t GetNewNo() const { return store_ ? store_->NewNumber() : 1; }
+
+    // The types are the same for every model, so that no database is needed for them.
+    /// The codes of all member types, ascending.
+    static int GetMembTypeList(std::vector<int>& types);
+    /// Name of a member type in the current language; empty for a code that names no type.
+    static std::string GetMembTypeName(int type);
 };
 
 }  // namespace zt

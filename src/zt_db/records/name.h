@@ -34,6 +34,15 @@ struct Fields<T_NAME_D> {
 };
 
 ZT_RECORD(NAME, Name)
-ZT_PLAIN_CLASS(NAME, Name)
+
+class CClassName : public CClassOf<T_NAME_D> {
+public:
+    ZT_CLASS_NAMES(NAME)
+
+    /// Keys and names of the groups of a type, in the order of the keys; false when there are none.
+    int GetList(int type, std::vector<std::uint32_t>& keys, std::vector<std::string>& names) const;
+    /// The group of a name and a type, the smallest key where several have it; 0 when there is none.
+    std::uint32_t GetKey(std::string_view name, int type) const;
+};
 
 }  // namespace zt

@@ -46,6 +46,11 @@ public:
     std::uint32_t GetPontKeyByNo(std::uint32_t no) const { return store_ ? store_->KeyOfNumber(no) : 0; }
     /// The next free number.
     std::uint32_t GetNewNo() const { return store_ ? store_->NewNumber() : 1; }
+
+    /// Reads a node with its place in space: as Get, but `z` is the absolute height, the top level of the story and the
+    /// node's own height together. A node without a story counts from 0. False, and `copy` is left alone, when the key
+    /// does not exist.
+    int Get3DPos(std::uint32_t key, T_PONT_D& copy) const;
 };
 
 }  // namespace zt

@@ -123,6 +123,15 @@ struct Fields<T_SECT_D> {
 };
 
 ZT_RECORD(SECT, Sect)
-ZT_PLAIN_CLASS(SECT, Sect)
+
+class CClassSect : public CClassOf<T_SECT_D> {
+public:
+    ZT_CLASS_NAMES(SECT)
+
+    /// The sections that members of a type can have, in the order of their keys: all of them where the type takes
+    /// sections, otherwise none. False when there are none. The further arguments are part of the interface of this
+    /// class; no value changes the list.
+    int GetKeyListByMembType(std::vector<std::uint32_t>& keys, int membType, int = 1, int = 0) const;
+};
 
 }  // namespace zt

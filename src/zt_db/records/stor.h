@@ -21,7 +21,14 @@ struct Fields<T_MDUL_D> {
 };
 
 ZT_RECORD(MDUL, Mdul)
-ZT_PLAIN_CLASS(MDUL, Mdul)
+
+class CClassMdul : public CClassOf<T_MDUL_D> {
+public:
+    ZT_CLASS_NAMES(MDUL)
+
+    /// The module of a name, the smallest key where several have it; 0 when there is none.
+    std::uint32_t GetKey(std::string_view name) const;
+};
 
 struct T_STOR_UNIT;
 
@@ -48,6 +55,19 @@ struct Fields<T_STOR_D> {
 };
 
 ZT_RECORD(STOR, Stor)
-ZT_PLAIN_CLASS(STOR, Stor)
+
+class CClassStor : public CClassOf<T_STOR_D> {
+public:
+    ZT_CLASS_NAMES(STOR)
+
+    /// The story of a name in a module, the smallest key where several have it; 0 when there is none.
+    std::uint32_t GetKey(std::string_view name, std::uint32_t moduleKey) const;
+    /// The stories of a module, the topmost first, and the larger key first on one level; false when there are none.
+    /// Stories that stand in no module belong to no list.
+    int GetKeyListReverse(std::vector<std::uint32_t>& keys, std::uint32_t moduleKey) const;
+    /// The top level of a story, in current units: its `level` as it stands, since that is the height of the story's
+    /// ceiling and not of its floor. False, and `level` is left alone, when there is no such story.
+    int GetStorTopLevel(std::uint32_t storyKey, double& level) const;
+};
 
 }  // namespace zt

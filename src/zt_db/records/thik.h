@@ -29,6 +29,15 @@ struct Fields<T_THIK_D> {
 };
 
 ZT_RECORD(THIK, Thik)
-ZT_PLAIN_CLASS(THIK, Thik)
+
+class CClassThik : public CClassOf<T_THIK_D> {
+public:
+    ZT_CLASS_NAMES(THIK)
+
+    /// The thicknesses that members of a type can have, in the order of their keys: all of them where the type takes
+    /// thicknesses, otherwise none. False when there are none. The further argument is part of the interface of this
+    /// class; no value changes the list.
+    int GetKeyListByMembType(std::vector<std::uint32_t>& keys, int membType, int = 1) const;
+};
 
 }  // namespace zt
