@@ -144,7 +144,8 @@ TEST_F(Browser, RemovingARowTouchesNothingElse) {
 TEST_F(Browser, SortsByAnotherSpecificationAndKeepsItForChanges) {
     records = {{1, {1.0, 5}}, {2, {2.0, 9}}, {3, {3.0, 7}}};
     Fill();
-    rows.SortTable({{2, 0, 1}});
+    rows.SetSort({{2, 0, 1}});
+    rows.SortTable();
     EXPECT_EQ(Shown(), (Keys{2, 3, 1}));
     records[4] = {0.0, 8};
     Replay({}, {4});

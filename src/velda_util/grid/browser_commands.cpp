@@ -48,7 +48,8 @@ bool CTBBrowserWnd::SetCurrentCell(int row, int col, int flags) {
     }
     // The row that was left may have moved, and this one with it.
     const int now = PositionOfRow(target.row);
-    if (!CGXGridCore::SetCurrentCell(now > 0 ? now : std::min(row, RowCount()), PositionOfColumn(target.column), flags)) {
+    if (!CGXGridCore::SetCurrentCell(now > 0 ? now : std::min(row, RowCount()), PositionOfColumn(target.column),
+                                     flags)) {
         return false;
     }
     rowEntry_.MovedTo(CurrentCellId());

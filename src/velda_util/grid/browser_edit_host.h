@@ -1,6 +1,7 @@
 #pragma once
 
 #include "velda_util/edit/edit_host.h"
+#include "velda_util/edit/navigation.h"
 
 namespace velda {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "velda_util/grid/gx_grid_core.h"
 #include "velda_util/grid/grid_host.h"
+#include "velda_util/grid/gx_grid_core.h"
 
 namespace velda {
 

@@ -230,8 +230,8 @@ void CTBBrowserWnd::SetDataRowCol(int row, int col, int value) { SetValueRange(r
 
 int CTBBrowserWnd::GetDataRowColInt(int row, int col) const {
     const std::int64_t value = wtol(GetValueRowCol(row, col));
-    return static_cast<int>(std::clamp<std::int64_t>(value, std::numeric_limits<int>::min(),
-                                                     std::numeric_limits<int>::max()));
+    return static_cast<int>(
+        std::clamp<std::int64_t>(value, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
 }
 
 double CTBBrowserWnd::GetDataRowColDbl(int row, int col) const { return wtof(GetValueRowCol(row, col)); }

@@ -248,7 +248,8 @@ class CTBBrowserWnd::FindingCollector {
 public:
     /// A quiet one keeps warnings from the host, for many rows at once.
     FindingCollector(CTBBrowserWnd& browser, std::vector<EditFinding>& findings, bool quiet)
-        : browser_(browser), before_(std::exchange(browser.findings_, &findings)),
+        : browser_(browser),
+          before_(std::exchange(browser.findings_, &findings)),
           quietBefore_(std::exchange(browser.quiet_, quiet)) {}
     ~FindingCollector() {
         browser_.findings_ = before_;

@@ -76,7 +76,7 @@ void RecordRows::PutInPlace(RowId row) {
 }
 
 std::vector<RowId> RecordRows::Replay(std::span<const std::uint32_t> gone, std::span<const std::uint32_t> come,
-                        const WriteCells& write) {
+                                      const WriteCells& write) {
     std::vector<RowId> removed;
     const auto leave = [&](std::uint32_t key) {
         const RowId row = RowOfKey(key);

@@ -51,7 +51,8 @@ public:
     /// Brings the rows up to a change of the database: the rows of `gone` leave, the records of `come` are written and
     /// stand at their places. A key may stand in both. Keys that are not shown may stand in `gone`, and keys that are
     /// shown in `come`. Returns the rows that left.
-    std::vector<RowId> Replay(std::span<const std::uint32_t> gone, std::span<const std::uint32_t> come, const WriteCells& write);
+    std::vector<RowId> Replay(std::span<const std::uint32_t> gone, std::span<const std::uint32_t> come,
+                              const WriteCells& write);
 
     /// Removes a row, and nothing but the row.
     void RemoveRow(int position);

@@ -24,6 +24,8 @@ public:
     /// Copies the record of an entry, in current units. Returns 0, and leaves `data` alone, when `data` is of another
     /// class than the entry or the entry is not of this buffer.
     virtual int ReadData(std::uint64_t entry, DB_CData& data) const;
+    /// Key of the record of an entry that GetNext gave.
+    std::uint32_t KeyOf(std::uint64_t entry) const { return entries_.at(entry >> 32).key; }
 
     /// Fills the buffer with a step. The step is kept until the next one.
     void Fill(std::shared_ptr<const Step> step, Direction direction);

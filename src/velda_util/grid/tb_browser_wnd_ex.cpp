@@ -1,0 +1,181 @@
+#include "velda_util/grid/tb_browser_wnd_ex.h"
+
+#include <algorithm>
+
+#include "velda_lib/flat_index.h"
+#include "velda_lib/number_text.h"
+
+namespace velda {
+
+// ---- columns ----
+
+ColumnId CTBBrowserWndEx::AddColInfo(std::string title, ColumnType type, int unitCode) {
+    return columns_.AddColInfo(std::move(title), type, unitCode);
+}
+
+// ---- order of the rows ----
+
+void CTBBrowserWndEx::SortTable(std::vector<STBSortItem> sortInfo) {
+    sortInfo_ = sortInfo;
+    SortRows(std::move(sortInfo));
+}
+
+bool CTBBrowserWndEx::Sort(const std::vector<STBSortItem>& items) {
+    if (!LeaveRow()) return false;
+    const GridUpdateLock lock(*this);
+    SortTable(items);
+    return true;
+}
+
+bool CTBBrowserWndEx::FindRecordByKey(const std::vector<std::string>& keyTexts, int& row, std::uint32_t key) const {
+    return Rows().FindRecordByKey(keyTexts, key, row);
+}
+
+// ---- what is shown ----
+
+void CTBBrowserWndEx::ReplayRecords(const RowChanges& changes) {
+    ReplayRows(changes, [this](std::uint32_t key, CGXData& data, RowId row) { WriteRecordCells(key, data, row); });
+}
+
+bool CTBBrowserWndEx::MatchesFilter(RowId row) const {
+    TextMatcher matcher(filter_->text, false);
+    return matcher.IsIn(GetShownText(PositionOfRow(row), PositionOfColumn(filter_->column)));
+}
+
+bool CTBBrowserWndEx::FilterColumn(ColumnId column, const std::string& text) {
+    if (!RemoveFilter()) return false;
+    if (text.empty()) return true;
+    filter_ = ColumnFilter{column, text, {}};
+    RowChanges changes;
+    for (const std::uint32_t key : ShownKeys()) {
+        if (!MatchesFilter(Rows().RowOfKey(key))) changes.gone.push_back(key);
+    }
+    filter_->hidden = changes.gone;
+    const GridUpdateLock lock(*this);
+    ReplayRecords(changes);
+    return true;
+}
+
+bool CTBBrowserWndEx::RemoveFilter() {
+    if (!LeaveRow()) return false;
+    if (!filter_) return true;
+    RowChanges changes;
+    for (const std::uint32_t key : filter_->hidden) {
+        if (RecordExists(key)) changes.come.push_back(key);
+    }
+    filter_.reset();
+    const GridUpdateLock lock(*this);
+    ReplayRecords(changes);
+    return true;
+}
+
+void CTBBrowserWndEx::ReplayFiltered(const RowChanges& changes) {
+    if (!filter_) {
+        ReplayRecords(changes);
+        return;
+    }
+    FlatIndex touched;
+    for (const std::uint32_t key : changes.gone) touched.Put(key, 1);
+    for (const std::uint32_t key : changes.come) touched.Put(key, 1);
+    std::erase_if(filter_->hidden, [&](std::uint32_t key) { return touched.Contains(key); });
+    FlatIndex shown;
+    for (const std::uint32_t key : changes.come) {
+        if (Rows().RowOfKey(key) != kNoRow) shown.Put(key, 1);
+    }
+    for (const RowChanges::Rekeyed& pair : changes.rekeyed) {
+        if (Rows().RowOfKey(pair.from) != kNoRow) shown.Put(pair.to, 1);
+    }
+    ReplayRecords(changes);
+    RowChanges unmatched;
+    for (const std::uint32_t key : changes.come) {
+        if (!shown.Contains(key) && !MatchesFilter(Rows().RowOfKey(key))) unmatched.gone.push_back(key);
+    }
+    if (unmatched.IsEmpty()) return;
+    filter_->hidden.insert(filter_->hidden.end(), unmatched.gone.begin(), unmatched.gone.end());
+    ReplayRecords(unmatched);
+}
+
+// ---- selection ----
+
+std::vector<std::uint32_t> CTBBrowserWndEx::GetKeysForSelectedRows() const {
+    std::vector<std::uint32_t> keys;
+    for (const RowId row : Selected().WholeRowIds(*this)) {
+        const auto key = static_cast<std::uint32_t>(wtol(GetKeyString(PositionOfRow(row))));
+        if (key != 0) keys.push_back(key);
+    }
+    return keys;
+}
+
+void CTBBrowserWndEx::OnChangedSelection() {
+    const std::vector<std::uint32_t> keys = GetKeysForSelectedRows();
+    OnChangedSelectionPublic(keys.data(), static_cast<int>(keys.size()));
+}
+
+void CTBBrowserWndEx::ShowSelected() {
+    std::vector<std::uint32_t> keys;
+    GetSelectedKeys(keys);
+    std::vector<RowId> rows;
+    for (const std::uint32_t key : keys) {
+        if (const RowId row = Rows().RowOfKey(key); row != kNoRow) rows.push_back(row);
+    }
+    selection_.SelectRows(*this, rows);
+}
+
+void CTBBrowserWndEx::OnRowsMoved() {
+    if (selection_.IsEmpty()) return;
+    if (selection_.IsOfRows()) {
+        ShowSelected();
+    } else if (current_.IsExtended()) {
+        selection_.Select(PositionRange::Of(current_.Position(*this), current_.ExtentPosition(*this)));
+    } else {
+        selection_.Clear();
+    }
+}
+
+void CTBBrowserWndEx::SelectKeys(std::span<const std::uint32_t> keys) {
+    std::vector<RowId> rows;
+    for (const std::uint32_t key : keys) {
+        if (const RowId row = Rows().RowOfKey(key); row != kNoRow) rows.push_back(row);
+    }
+    selection_.SelectRows(*this, rows);
+    OnChangedSelection();
+}
+
+// ---- preferences and titles ----
+
+void CTBBrowserWndEx::ApplyPreference() {
+    ConfigureRows(GetKeyColID(), sortInfo_);
+    const std::vector<STBPrefItem> items = GetPrefInfo(GetTableName());
+    for (ColumnId id = 0; id < columns_.Count() && id < static_cast<int>(items.size()); ++id) {
+        const STBPrefItem& item = items[static_cast<std::size_t>(id)];
+        columns_.SetWidth(id, item.columnWidth);
+        if (columns_.Info(id).type != ColumnType::Double) continue;
+        const auto column = static_cast<std::uint32_t>(id);
+        styles_.SetStyleRange(StyleTarget::Columns({&column, 1}),
+                              CGXStyle()
+                                  .SetFormat(item.numberFormat == 2 ? NumberFormat::Fixed : NumberFormat::General)
+                                  .SetPlaces(item.decimalPlaces));
+    }
+    const TableLayout layout = TableRegistry::OfProcess().GetLayout(GetTableName());
+    if (!layout.order.empty()) columns_.SetOrder(layout.order);
+    for (const ColumnId id : layout.hidden) columns_.SetHidden(id, true);
+    for (const ColumnId id : layout.locked) columns_.SetLocked(id, true);
+    SetHeaderTitle(0, 0);
+}
+
+void CTBBrowserWndEx::SetHeaderTitle(int /*flagA*/, int flagB) {
+    std::vector<int> numbers;
+    for (int number = 1; number <= columns_.Count(); ++number) numbers.push_back(number);
+    SetHeaderTitle(numbers, flagB);
+}
+
+void CTBBrowserWndEx::SetHeaderTitle(std::span<const int> colNumbers, int /*flag*/) {
+    for (const int number : colNumbers) {
+        const ColumnId id = IdOfColumn(number);
+        const std::string unit = GetUnitText(id);
+        header_.SetTitle(0, static_cast<std::uint32_t>(id),
+                         unit.empty() ? GetTitle(id) : GetTitle(id) + " (" + unit + ")");
+    }
+}
+
+}  // namespace velda

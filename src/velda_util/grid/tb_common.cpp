@@ -1,0 +1,91 @@
+#include "velda_util/grid/tb_common.h"
+
+namespace velda {
+
+bool CTBCommon::Initialize() {
+    CGXStyle style;
+    style.SetHorizontalAlignment(HorizontalAlignment::Right).SetValueType(ValueType::Numeric);
+    if (GetInitialColCount() > 0) {
+        SetStyleRange(CGXRange().SetCols(1, static_cast<std::uint32_t>(GetInitialColCount())), style);
+    }
+    return true;
+}
+
+// ---- filling ----
+
+void CTBCommon::MakeItemEx(const std::uint32_t* keys, int count, int flag) {
+    const ColumnMap map = CurrentColumnMap();
+    const bool all = !keys && count == -2;
+    if (flag == 0) DropFilter();
+    if (!all) {
+        showsAll_ = false;
+        FillRows(count, keys, map);
+    } else if (flag == 0 || (showsAll_ && !IsColumnFiltered())) {
+        showsAll_ = true;
+        FillAllRows(GetRecordCount(), map);
+    } else {
+        const Keys shown = ShownKeys();
+        FillRows(static_cast<int>(shown.size()), shown.data(), map);
+    }
+    AdjustAppendRowNo(0);
+    if (flag == 0 && GoLastWhenOpen()) SetLeftValidCell(RowCount(), GetColCount());
+}
+
+void CTBCommon::FilterRecord(const std::uint32_t* keys, int count) {
+    DropFilter();
+    MakeItemEx(keys, count, 1);
+}
+
+void CTBCommon::PreFilterRecord(const Keys& keys) {
+    if (keys.empty()) {
+        FilterRecord(nullptr, 0);
+    } else {
+        const Keys copy = keys;
+        FilterRecord(copy.data(), static_cast<int>(copy.size()));
+    }
+}
+
+void CTBCommon::UnitChanged() {
+    if (Session().IsCellOpen()) static_cast<void>(OpenSession().AcceptCell());
+    const GridUpdateLock lock(*this);
+    SetHeaderTitle(0, 0);
+    unitsSwitched_ = true;
+    MakeItemEx(nullptr, -2, 1);
+    unitsSwitched_ = false;
+}
+
+// ---- what the engine calls ----
+
+CTBCommon::RowTexts CTBCommon::GridTextsOf(int row) const {
+    RowTexts texts;
+    for (int col = 1; col <= GetColCount(); ++col) texts.push_back(GetValueRowCol(row, col));
+    return texts;
+}
+
+bool CTBCommon::OnValidateField(int row, int col) {
+    std::string text = GetLiveText(row, col);
+    ReadChoice(row, col, text);
+    return text.empty() || ValidateColumn(text, IdOfColumn(col)) != 0;
+}
+
+bool CTBCommon::OnValidateRecord(int row) { return ValidateRowComplete(GridTextsOf(row), CurrentColumnMap()) != 0; }
+
+bool CTBCommon::OnDeleteRecords(const std::vector<int>& rows) {
+    return rows.size() == 1 ? OnDeleteRecord(rows.front()) : DeleteRecords(rows) != 0;
+}
+
+CTBCommon::RowTexts CTBCommon::NewRowTexts() {
+    RowTexts texts;
+    for (ColumnId id = 0; id < GetColCount(); ++id) {
+        texts.push_back(id == GetKeyColID() ? GetNewKeyString() : GetDefaultCellText(id));
+    }
+    return texts;
+}
+
+CTBCommon::RowTexts CTBCommon::NewAppendTexts() {
+    RowTexts texts(ColumnSlots());
+    if (!texts.empty() && IsAppendRowEnabled()) texts[static_cast<std::size_t>(GetKeyColID())] = GetNewKeyString();
+    return texts;
+}
+
+}  // namespace velda

@@ -1,0 +1,244 @@
+#include <algorithm>
+
+#include "velda_lib/msg_dll.h"
+#include "velda_lib/number_text.h"
+#include "velda_util/clip/clipboard_text.h"
+#include "velda_util/clip/fill_plan.h"
+#include "velda_util/clip/paste_plan.h"
+#include "velda_util/formula/formula.h"
+#include "velda_util/grid/tb_common.h"
+
+namespace velda {
+
+/// The rows of a change that passed the checks, ready to be written.
+struct CTBCommon::Batch {
+    /// Rows that go to the database in one transaction.
+    struct Part {
+        std::vector<const PlannedRow*> rows{};
+        RowTexts oldKeyTexts{};
+        KeyPointers keys{};
+        RecordPointers records{};
+    };
+
+    Batch(CTBCommon& owner, OnRefusal choice) : table(owner), report(choice) {}
+    ~Batch() {
+        for (Part* part : {&added, &modified, &refused}) table.FreePasteRecords(part->keys, part->records);
+    }
+    Batch(const Batch&) = delete;
+    Batch& operator=(const Batch&) = delete;
+
+    CTBCommon& table;
+    PasteReport report;
+    Part added{};
+    Part modified{};
+    Part refused{};
+    std::int64_t nextKey = 0;  ///< for rows that add records
+    ColumnMap map{};
+};
+
+// ---- what is planned ----
+
+CellAccess CTBCommon::AccessOf(int row, int col) const {
+    if (!IsEnabled(row, col)) return CellAccess::Disabled;
+    return IsReadOnly(row, col) ? CellAccess::ReadOnly : CellAccess::Editable;
+}
+
+PlanTarget CTBCommon::PlanTargetNow() const {
+    PlanTarget target{RecordRowCount(), HasAppendRow(), {}, LockedCells::Skip};
+    for (int col = 1; col <= GetColCount(); ++col) target.columns.push_back({IdOfColumn(col), IsColumnHidden(col)});
+    return target;
+}
+
+GridSelection CTBCommon::SelectionOf(const PositionRange& range) const {
+    return {range.top, range.bottom - range.top + 1, range.left, range.right - range.left + 1};
+}
+
+// ---- checking ----
+
+void CTBCommon::CheckRow(const ChangePlan& plan, const PlannedRow& row, Batch& batch) {
+    const bool adds = row.target == kNewRow;
+    RowTexts texts;
+    if (adds) {
+        texts.resize(ColumnSlots());
+        for (ColumnId id = 0; id < GetColCount(); ++id) {
+            texts[static_cast<std::size_t>(PositionOfColumn(id) - 1)] =
+                id == GetKeyColID() ? FormatLong(batch.nextKey) : GetDefaultCellText(id);
+        }
+    } else {
+        texts = GridTextsOf(row.target);
+    }
+    const int row1 = adds ? GetRowCount() : row.target;
+    for (const PlannedCell& cell : plan.rows.Cells(row)) {
+        const int col = PositionOfColumn(cell.column);
+        std::string text(plan.rows.Text(cell));
+        if (!ReadChoice(row1, col, text)) {
+            batch.report.Refuse(row, cell.column, text, CMsgDll::pfuncLoadStr("IDS_TB_ENGINE_NOT_IN_LIST", 0));
+            return;
+        }
+        ConvertFormulaToValue(cell.column, text);
+        texts[static_cast<std::size_t>(col - 1)] = std::move(text);
+    }
+
+    KeyPointers keys;
+    RecordPointers records;
+    std::vector<EditFinding> findings;
+    bool good = false;
+    {
+        const FindingCollector collector(*this, findings, true);
+        good = NewPasteRecord(texts, batch.map, keys, records);
+    }
+    Batch::Part& part = !good ? batch.refused : adds ? batch.added : batch.modified;
+    part.keys.insert(part.keys.end(), keys.begin(), keys.end());
+    part.records.insert(part.records.end(), records.begin(), records.end());
+    if (good) {
+        part.rows.push_back(&row);
+        if (!adds) part.oldKeyTexts.push_back(GetKeyStringBeforeEdit(row.target));
+        if (adds) ++batch.nextKey;
+        return;
+    }
+    for (const EditFinding& finding : findings) {
+        batch.report.Refuse(row, finding.column, finding.text, finding.message);
+    }
+    if (findings.empty()) {
+        batch.report.Refuse(row, kNoPlanColumn, {}, CMsgDll::pfuncLoadStr("IDS_TB_ENGINE_EDIT_RECORD_REFUSED", 0));
+    }
+}
+
+// ---- writing ----
+
+/// Writes a run of rows in one transaction. When the database refuses it, halves of it are tried, so that only the rows
+/// that it refuses stay out. Returns how many rows were written.
+std::size_t CTBCommon::WriteRange(Batch& batch, bool adds, std::size_t first, std::size_t count) {
+    if (count == 0) return 0;
+    const Batch::Part& part = adds ? batch.added : batch.modified;
+    const auto slice = [&](const auto& all) {
+        using List = std::remove_cvref_t<decltype(all)>;
+        const auto begin = all.begin() + static_cast<std::ptrdiff_t>(first);
+        return List(begin, begin + static_cast<std::ptrdiff_t>(count));
+    };
+    const int done = adds ? AddRecords(slice(part.keys), slice(part.records))
+                          : ModifyRecords(slice(part.oldKeyTexts), slice(part.keys), slice(part.records));
+    if (done) return count;
+    if (count == 1) {
+        std::string reason = GetRefusalReason();
+        if (reason.empty()) reason = CMsgDll::pfuncLoadStr("IDS_TB_ENGINE_EDIT_WRITE_REFUSED", 0);
+        batch.report.Refuse(*part.rows[first], kNoPlanColumn, {}, std::move(reason));
+        return 0;
+    }
+    if (!batch.report.MayWrite()) return 0;
+    return WriteRange(batch, adds, first, count / 2) + WriteRange(batch, adds, first + count / 2, count - count / 2);
+}
+
+std::size_t CTBCommon::Write(Batch& batch) {
+    return WriteRange(batch, false, 0, batch.modified.rows.size()) +
+           WriteRange(batch, true, 0, batch.added.rows.size());
+}
+
+bool CTBCommon::Apply(const ChangePlan& plan, const char* stepKey, OnRefusal choice) {
+    if (!CanSaveData()) return Told({EditRefusal::Locked});
+    Batch batch(*this, choice);
+    batch.report.Add(plan);
+    batch.map = CurrentColumnMap();
+    batch.nextKey = wtol(GetNewKeyString());
+    for (const PlannedRow& row : plan.rows.Rows()) CheckRow(plan, row, batch);
+
+    std::size_t written = 0;
+    if (batch.report.MayWrite() && batch.added.rows.size() + batch.modified.rows.size() > 0) {
+        const GridUpdateLock lock(*this);
+        if (!BeginStep(CMsgDll::pfuncLoadStr(stepKey, 0))) {
+            SetWarningText(GetRefusalReason());
+            return false;
+        }
+        written = Write(batch);
+        if (!batch.report.MayWrite()) {
+            CancelStep();
+            written = 0;
+        } else if (!EndStep()) {
+            SetWarningText(GetRefusalReason());
+            return false;
+        }
+    }
+    const std::string words = batch.report.Words(written, [this](ColumnId id) { return GetTitle(id); });
+    if (!words.empty()) Host().OnMessage(words);
+    return written > 0;
+}
+
+// ---- the commands ----
+
+bool CTBCommon::Paste(OnRefusal choice) { return PasteText(Host().GetClipboardText(), choice); }
+
+bool CTBCommon::PasteText(const std::string& text, OnRefusal choice) {
+    if (!LeaveRow()) return false;
+    const PositionRange range = CommandRange();
+    TextBlock block;
+    if (const Outcome read = ClipboardText::Read(text, block); !read) {
+        SetWarningText(read.Reason());
+        return false;
+    }
+    if (range.bottom < range.top || block.RowCount() == 0) return false;
+    const auto access = [this](int row, int col) { return AccessOf(row, col); };
+    return Apply(PlanPaste(block, SelectionOf(range), PlanTargetNow(), access), "IDS_TB_ENGINE_STEP_PASTE", choice);
+}
+
+bool CTBCommon::FillDown() {
+    if (!LeaveRow()) return false;
+    const PositionRange range = CommandRange();
+    if (range.bottom < range.top) return false;
+    const auto access = [this](int row, int col) { return AccessOf(row, col); };
+    std::string buffer;
+    const auto text = [&](int row, int col) -> std::string_view { return buffer = GetValueRowCol(row, col); };
+    return Apply(PlanFillDown(SelectionOf(range), PlanTargetNow(), access, text), "IDS_TB_ENGINE_STEP_FILL",
+                 OnRefusal::WriteOthers);
+}
+
+bool CTBCommon::ClearCells() {
+    if (!LeaveRow()) return false;
+    const PositionRange range = CommandRange();
+    if (range.bottom < range.top) return false;
+    const auto access = [this](int row, int col) { return AccessOf(row, col); };
+    return Apply(PlanClear(SelectionOf(range), PlanTargetNow(), access), "IDS_TB_ENGINE_STEP_CLEAR",
+                 OnRefusal::WriteOthers);
+}
+
+bool CTBCommon::Replace(const ReplaceSettings& settings) {
+    if (!LeaveRow()) return false;
+    std::optional<GridSelection> selection;
+    if (!Selected().IsEmpty()) selection = SelectionOf(CommandRange());
+    const auto access = [this](int row, int col) { return AccessOf(row, col); };
+    std::string buffer;
+    const auto text = [&](int row, int col) -> std::string_view { return buffer = ClipboardCellText(row, col); };
+    const ReplacePlan replace = PlanReplace(settings, selection, PlanTargetNow(), access, text);
+    if (replace.cells == 0) {
+        Host().OnMessage(FormatText("IDS_TB_ENGINE_FIND_NOT_FOUND", {settings.text}));
+        return false;
+    }
+    return Apply(replace.plan, "IDS_TB_ENGINE_STEP_REPLACE", OnRefusal::WriteOthers);
+}
+
+bool CTBCommon::ToggleChecks() {
+    const PositionRange range = CommandRange();
+    if (range.top == range.bottom && range.left == range.right) return ToggleCheck();
+    int row = 0;
+    int col = 0;
+    if (!LeaveRow() || !GetCurrentCell(row, col)) return false;
+    const auto access = [this](int r, int c) {
+        const ControlKind control = StyleOf(r, c).GetControl();
+        const bool isCheckBox = control == ControlKind::CheckBox || control == ControlKind::CaptionCheckBox;
+        return isCheckBox ? AccessOf(r, c) : CellAccess::Disabled;
+    };
+    return Apply(PlanSetValue(SelectionOf(range), PlanTargetNow(), access, InverseCheck(GetValueRowCol(row, col))),
+                 "IDS_TB_ENGINE_CMD_TOGGLE_CHECK", OnRefusal::WriteOthers);
+}
+
+bool CTBCommon::DoCommand(TableCommand command) {
+    switch (command) {
+        case TableCommand::Paste: return Paste();
+        case TableCommand::FillDown: return FillDown();
+        case TableCommand::ClearCells: return ClearCells();
+        case TableCommand::Cut: return Copy(false) && ClearCells();
+        case TableCommand::ToggleCheck: return ToggleChecks();
+        default: return CTBBrowserWndEx::DoCommand(command);
+    }
+}
+
+}  // namespace velda
