@@ -1,77 +1,15 @@
-// The rows of a record browser against what a careful developer writes by hand: an array of structures with a sorted
-// order and a hash of the keys, without texts, columns or widths. A million nodes in nine columns, sorted by level and
-// number.
+// The rows of a record browser against a table that is written by hand (node_peer.h).
 
-#include <cmath>
 #include <functional>
-#include <numeric>
-#include <unordered_map>
 
+#include "node_peer.h"
 #include "ratio_reporter.h"
 #include "velda_util/rows/record_rows.h"
 
 namespace {
 
 using namespace velda;
-
-constexpr std::uint32_t kRows = 1'000'000;
-constexpr std::uint32_t kBatch = 10'000;
-constexpr long kScale = 100'000;
-
-std::uint64_t Mix(std::uint64_t v) {
-    v += 0x9e3779b97f4a7c15ull;
-    v = (v ^ (v >> 30)) * 0xbf58476d1ce4e5b9ull;
-    v = (v ^ (v >> 27)) * 0x94d049bb133111ebull;
-    return v ^ (v >> 31);
-}
-
-/// The peer's row, and the source of ours.
-struct Node {
-    std::uint32_t key = 0;
-    std::int32_t number = 0;
-    std::uint16_t story = 0;
-    std::uint16_t plan = 0;
-    double level = 0.0;
-    double x = 0.0;
-    double y = 0.0;
-    double z = 0.0;
-    std::string name;
-};
-
-constexpr std::uint32_t kFirstKey = 100'000;
-constexpr std::uint64_t kStories = 200;
-
-double Coordinate(std::uint64_t seed) { return std::round(static_cast<double>(Mix(seed) % 1'000'000'000)) / 1e6; }
-
-Node MakeNode(std::uint32_t i) {
-    Node node;
-    node.key = kFirstKey + i;
-    node.number = static_cast<std::int32_t>(2 * (i + 1));
-    node.story = static_cast<std::uint16_t>(Mix(i) % kStories);
-    node.plan = static_cast<std::uint16_t>(Mix(i + 77) % 24);
-    node.level = (node.story + 1) * 3.3;
-    node.x = Coordinate(i * 3u + 1);
-    node.y = Coordinate(i * 5u + 2);
-    node.z = node.level;
-    node.name = "N" + std::to_string(1'000'000 + i);
-    return node;
-}
-
-const std::vector<Node>& Nodes() {
-    static const std::vector<Node> nodes = [] {
-        std::vector<Node> made;
-        for (std::uint32_t i = 0; i < kRows; ++i) made.push_back(MakeNode(i));
-        return made;
-    }();
-    return nodes;
-}
-
-/// The keys of one batch: every hundredth node.
-std::vector<std::uint32_t> BatchKeys(std::uint32_t rows = kRows) {
-    std::vector<std::uint32_t> keys;
-    for (std::uint32_t i = 0; i < kBatch; ++i) keys.push_back(kFirstKey + i * (rows / kBatch) + 1);
-    return keys;
-}
+using namespace bench;
 
 // ---- ours ----
 
@@ -83,7 +21,6 @@ public:
         using enum ColumnType;
         rows.Configure({Long, Long, String, Double, Double, Double, Double, String, String}, kKey,
                        {{kLevel, 0, 0}, {kNumber, 0, 0}});
-        for (std::uint64_t story = 0; story < kStories; ++story) stories_.push_back(std::to_string(story + 1) + "F");
     }
     void Fill(std::uint32_t count) {
         changed.assign(Nodes().begin(), Nodes().begin() + count);
@@ -108,7 +45,7 @@ public:
         const Node& node = changed[key - kFirstKey];
         data.StoreNumber(row, kKey, node.key);
         data.StoreNumber(row, kNumber, node.number);
-        data.StoreText(row, kStory, stories_[node.story], false);
+        data.StoreText(row, kStory, StoryName(node.story), false);
         data.StoreNumber(row, kLevel, node.level);
         data.StoreNumber(row, kX, node.x);
         data.StoreNumber(row, kY, node.y);
@@ -124,80 +61,7 @@ public:
     std::vector<Node> changed;
 
 private:
-    std::vector<std::string> stories_;
     std::string plans_[2] = {"A", "B"};
-};
-
-// ---- peer ----
-
-class PeerTable {
-public:
-    auto Less() const {
-        return [this](std::uint32_t a, std::uint32_t b) {
-            return rows[a].level != rows[b].level ? rows[a].level < rows[b].level : rows[a].number < rows[b].number;
-        };
-    }
-    void Fill(std::uint32_t count) {
-        rows.clear();
-        byKey.clear();
-        order.clear();
-        rows.reserve(count);
-        byKey.reserve(count);
-        for (std::uint32_t i = 0; i < count; ++i) {
-            byKey.emplace(Nodes()[i].key, i);
-            rows.push_back(Nodes()[i]);
-        }
-        order.resize(count);
-        std::iota(order.begin(), order.end(), 0u);
-        std::sort(order.begin(), order.end(), Less());
-    }
-    void MoveBatch(std::span<const std::uint32_t> keys) {
-        std::vector<char> mark(rows.size());
-        std::vector<std::uint32_t> moved;
-        for (const std::uint32_t key : keys) {
-            const std::uint32_t id = byKey.at(key);
-            rows[id].story = static_cast<std::uint16_t>((rows[id].story + 71) % kStories);
-            rows[id].level = (rows[id].story + 1) * 3.3;
-            mark[id] = 1;
-            moved.push_back(id);
-        }
-        std::erase_if(order, [&](std::uint32_t id) { return mark[id] != 0; });
-        Join(moved);
-    }
-    void DeleteBatch(std::span<const std::uint32_t> keys) {
-        std::vector<char> mark(rows.size());
-        for (const std::uint32_t key : keys) {
-            mark[byKey.at(key)] = 1;
-            byKey.erase(key);
-        }
-        std::erase_if(order, [&](std::uint32_t id) { return mark[id] != 0; });
-    }
-    void InsertBatch(std::span<const std::uint32_t> keys) {
-        std::vector<std::uint32_t> fresh;
-        for (const std::uint32_t key : keys) {
-            byKey.emplace(key, static_cast<std::uint32_t>(rows.size()));
-            fresh.push_back(static_cast<std::uint32_t>(rows.size()));
-            rows.push_back(Nodes()[key - kFirstKey]);
-        }
-        Join(fresh);
-    }
-    void SortByX() {
-        std::sort(order.begin(), order.end(),
-                  [this](std::uint32_t a, std::uint32_t b) { return rows[a].x < rows[b].x; });
-    }
-    void SortByLevel() { std::sort(order.begin(), order.end(), Less()); }
-
-private:
-    void Join(std::vector<std::uint32_t>& fresh) {
-        std::sort(fresh.begin(), fresh.end(), Less());
-        std::vector<std::uint32_t> merged(order.size() + fresh.size());
-        std::merge(order.begin(), order.end(), fresh.begin(), fresh.end(), merged.begin(), Less());
-        order.swap(merged);
-    }
-
-    std::vector<Node> rows;
-    std::vector<std::uint32_t> order;
-    std::unordered_map<std::uint32_t, std::uint32_t> byKey;
 };
 
 // ---- the work ----

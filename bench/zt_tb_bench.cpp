@@ -1,0 +1,421 @@
+// A whole table on a model database against a table that is written by hand (node_peer.h): filled, replayed, edited,
+// searched, sorted, pasted into. What the database does for itself is measured in zt_db_bench and left out here, but
+// for the edit and the paste, which are measured from the key to the last row in its place.
+
+#include "node_peer.h"
+#include "ratio_reporter.h"
+#include "zt_db/records/pont.h"
+#include "zt_tb/core/record_table.h"
+#include "zt_tb/core/tb_view.h"
+
+namespace {
+
+using namespace bench;
+using zt::CDataBase;
+using zt::CDBDoc;
+
+constexpr std::uint32_t kFirstStory = 1;
+constexpr auto kStoryCount = static_cast<std::uint32_t>(kStories);
+
+/// Nodes in the nine columns of the peer.
+class NodeTable : public zt::RecordTable<NodeTable, zt::CClassPont> {
+public:
+    static const Declaration& Declared() {
+        static const Declaration declaration{
+            .name = "TBBenchNodes",
+            .columns =
+                {
+                    Columns::Key("Key", {.state = zt::CellState::Disabled}),
+                    Columns::Long<&zt::T_PONT_D::no>("Number", {.state = zt::CellState::ReadOnly}),
+                    {"Story",
+                     velda::ColumnType::String,
+                     [](const NodeTable&, const Row& row, zt::CellSink& cell) {
+                         cell.Text(StoryName(row.record.story - kFirstStory));
+                     },
+                     [](const NodeTable& table, std::string_view text, Row& row) {
+                         const auto found = table.stories_.find(text);
+                         row.record.story = found == table.stories_.end() ? 0 : found->second;
+                     },
+                     {}},
+                    {"Level",
+                     velda::ColumnType::Double,
+                     [](const NodeTable&, const Row& row, zt::CellSink& cell) {
+                         cell.Number((row.record.story - kFirstStory + 1) * 3.3);
+                     },
+                     nullptr,
+                     {.state = zt::CellState::ReadOnly}},
+                    Columns::Double<&zt::T_PONT_D::x>("X", {.unit = zt::Unit::Length}),
+                    Columns::Double<&zt::T_PONT_D::y>("Y", {.unit = zt::Unit::Length}),
+                    Columns::Double<&zt::T_PONT_D::z>("Z", {.unit = zt::Unit::Length}),
+                    Columns::Text<&zt::T_PONT_D::name>("Name", {.state = zt::CellState::ReadOnly}),
+                    Columns::Long<&zt::T_PONT_D::plan>("Plan"),
+                },
+            .sort = {{3, 0, 0}, {1, 0, 0}},
+        };
+        return declaration;
+    }
+
+    NodeTable() {
+        for (std::uint64_t i = 0; i < kStories; ++i) {
+            stories_.emplace(StoryName(i), static_cast<std::uint32_t>(i) + kFirstStory);
+        }
+    }
+
+private:
+    std::unordered_map<std::string_view, std::uint32_t> stories_;
+};
+
+const std::string kName = NodeTable::Register();
+
+/// A view that passes hints on while it is told to.
+class NodeView : public zt::CTBView {
+public:
+    void UpdateBuffer(zt::T_UPDATE_HINT* hint) override {
+        if (connected) table->UpdateBuffer(hint);
+    }
+    NodeTable* table = nullptr;
+    bool connected = true;
+};
+
+zt::T_PONT_D RecordOf(const Node& node) {
+    zt::T_PONT_D record;
+    record.x = node.x;
+    record.y = node.y;
+    record.z = node.z;
+    record.plan = node.plan;
+    record.story = node.story + kFirstStory;
+    record.no = static_cast<std::uint32_t>(node.number);
+    record.name = node.name;
+    return record;
+}
+
+/// A model of nodes with an open table.
+class OurModel {
+public:
+    explicit OurModel(std::uint32_t count) : doc_(CDBDoc::New()) {
+        doc_->MakeCurrent();
+        zt::T_UNIT_INDEX units;
+        units.length = zt::CUnitCtrl::FindChoice(zt::UnitQuantity::Length, "m");
+        doc_->GetUnitCtrl()->SetUnitIndexCurrent(units);
+        Db().BeginGroup("stories");
+        zt::CClassMdul* modules = Db().GetClass<zt::CClassMdul>();
+        modules->TR_Add(1, zt::T_MDUL_D{"M"});
+        std::vector<std::uint32_t> keys;
+        std::vector<zt::T_STOR_D> stories;
+        for (std::uint32_t i = 0; i < kStories; ++i) {
+            keys.push_back(i + kFirstStory);
+            stories.push_back({StoryName(i), 1, (i + 1) * 3.3, 3.3});
+        }
+        Db().GetClass<zt::CClassStor>()->TR_Add(keys, stories);
+        Db().EndGroup();
+        std::vector<std::uint32_t> nodeKeys;
+        std::vector<zt::T_PONT_D> nodes;
+        for (std::uint32_t i = 0; i < count; ++i) {
+            nodeKeys.push_back(Nodes()[i].key);
+            nodes.push_back(RecordOf(Nodes()[i]));
+        }
+        Nodes_().TR_Add(nodeKeys, nodes);
+        auto table = std::make_unique<NodeTable>();
+        view_.table = table.get();
+        view_.AddWorksheet(std::move(table), "Nodes");
+        view_.table->Initialize(&view_);
+        view_.ConnectToDoc(doc_.get());
+    }
+    ~OurModel() {
+        view_.DisconnectFromDoc();
+        CDBDoc::m_pDBDoc = nullptr;
+    }
+    CDataBase& Db() { return *doc_->GetMDBCtrl()->GetCurrentDB(); }
+    zt::CClassPont& Nodes_() { return *Db().GetClass<zt::CClassPont>(); }
+    NodeTable& Table() { return *view_.table; }
+    void Open() { Table().MakeItemEx(nullptr, -2, 0); }
+
+    /// Changes the database without the table.
+    template <class Change>
+    void Apart(Change change) {
+        view_.connected = false;
+        change();
+        view_.connected = true;
+    }
+    void Replay() {
+        zt::T_UPDATE_HINT hint;
+        Table().UpdateBuffer(&hint);
+    }
+    void MoveStories(std::span<const std::uint32_t> keys) {
+        std::vector<zt::T_PONT_D> records;
+        for (const std::uint32_t key : keys) {
+            Nodes_().Get(key, records.emplace_back());
+            records.back().story = (records.back().story - kFirstStory + 71) % kStoryCount + kFirstStory;
+        }
+        const std::vector<std::uint32_t> list(keys.begin(), keys.end());
+        Nodes_().TR_Modify(list, list, records);
+    }
+
+private:
+    std::unique_ptr<CDBDoc> doc_;
+    NodeView view_;
+};
+
+OurModel& OpenModel() {
+    static std::unique_ptr<OurModel> model = [] {
+        auto made = std::make_unique<OurModel>(kRows);
+        made->Open();
+        return made;
+    }();
+    return *model;
+}
+
+/// What is pasted: story, x, y, z, plan of a batch of rows.
+std::string PasteText(std::uint32_t seed) {
+    std::string text;
+    for (std::uint32_t i = 0; i < kBatch; ++i) {
+        const Node node = MakeNode(i * 37 + seed);
+        text += StoryName(node.story) + "\t" + velda::FormatDouble(node.x) + "\t" + velda::FormatDouble(node.y) + "\t" +
+                velda::FormatDouble(node.z) + "\t" + std::to_string(node.plan) + "\n";
+    }
+    return text;
+}
+constexpr int kPasteRow = 500'001;
+
+// ---- ours ----
+
+void OpenOurs(benchmark::State& state) {
+    OurModel& model = OpenModel();
+    for (auto _ : state) model.Open();
+}
+
+void MoveOurs(benchmark::State& state) {
+    OurModel& model = OpenModel();
+    const auto keys = BatchKeys();
+    for (auto _ : state) {
+        state.PauseTiming();
+        model.Apart([&] { model.MoveStories(keys); });
+        state.ResumeTiming();
+        model.Replay();
+    }
+}
+
+void DeleteAndInsertOurs(benchmark::State& state, bool timeInsert) {
+    OurModel& model = OpenModel();
+    const auto keys = BatchKeys();
+    for (auto _ : state) {
+        state.PauseTiming();
+        model.Apart([&] { model.Nodes_().TR_Del(keys); });
+        if (!timeInsert) state.ResumeTiming();
+        model.Replay();
+        if (!timeInsert) state.PauseTiming();
+        model.Apart([&] { model.Db().Undo(); });
+        if (timeInsert) state.ResumeTiming();
+        model.Replay();
+        if (!timeInsert) state.ResumeTiming();
+    }
+}
+
+void EditOurs(benchmark::State& state) {
+    OurModel& model = OpenModel();
+    std::uint32_t seed = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        const int row = model.Table().RowOfKey(kFirstKey + static_cast<std::uint32_t>(Mix(++seed) % kRows));
+        const std::string story = StoryName(Mix(seed + 7) % kStories);
+        state.ResumeTiming();
+        const bool done = model.Table().EditCell(row, 3, story) && model.Table().LeaveRow();
+        if (!done) state.SkipWithError("the edit was refused");
+    }
+}
+
+void SortOurs(benchmark::State& state) {
+    OurModel& model = OpenModel();
+    for (auto _ : state) {
+        model.Table().Sort({{4, 0, 0}});
+        state.PauseTiming();
+        model.Table().Sort({{3, 0, 0}, {1, 0, 0}});
+        state.ResumeTiming();
+    }
+}
+
+std::string LastName() {
+    OurModel& model = OpenModel();
+    return model.Table().GetValueRowCol(static_cast<int>(kRows), 8);
+}
+
+void FindOurs(benchmark::State& state) {
+    OurModel& model = OpenModel();
+    velda::STBFindStruct find;
+    find.text = LastName();
+    for (auto _ : state) {
+        model.Table().SetCurrentCell(1, 2);
+        find.currentRow = 0;
+        if (!model.Table().Find(find)) state.SkipWithError("not found");
+    }
+}
+
+void PasteOurs(benchmark::State& state) {
+    OurModel& model = OpenModel();
+    std::uint32_t seed = 1;
+    for (auto _ : state) {
+        state.PauseTiming();
+        const std::string text = PasteText(seed++);
+        model.Table().SetCurrentCell(kPasteRow, 3);
+        state.ResumeTiming();
+        if (!model.Table().PasteText(text)) state.SkipWithError("the paste was refused");
+    }
+}
+
+// ---- peer ----
+
+PeerTable& OpenPeer() {
+    static PeerTable table = [] {
+        PeerTable made;
+        made.Fill(kRows);
+        return made;
+    }();
+    return table;
+}
+
+void OpenPeerTable(benchmark::State& state) {
+    Nodes();
+    for (auto _ : state) {
+        PeerTable table;
+        table.Fill(kRows);
+        state.PauseTiming();
+        { const PeerTable gone = std::move(table); }
+        state.ResumeTiming();
+    }
+}
+
+void MovePeer(benchmark::State& state) {
+    const auto keys = BatchKeys();
+    for (auto _ : state) OpenPeer().MoveBatch(keys);
+}
+
+void DeleteAndInsertPeer(benchmark::State& state, bool timeInsert) {
+    const auto keys = BatchKeys();
+    for (auto _ : state) {
+        if (timeInsert) state.PauseTiming();
+        OpenPeer().DeleteBatch(keys);
+        if (timeInsert) {
+            state.ResumeTiming();
+        } else {
+            state.PauseTiming();
+        }
+        OpenPeer().InsertBatch(keys);
+        if (!timeInsert) state.ResumeTiming();
+    }
+}
+
+void EditPeer(benchmark::State& state) {
+    std::uint32_t seed = 0;
+    for (auto _ : state) OpenPeer().Edit(kFirstKey + static_cast<std::uint32_t>(Mix(++seed) % kRows));
+}
+
+void SortPeer(benchmark::State& state) {
+    for (auto _ : state) {
+        OpenPeer().SortByX();
+        state.PauseTiming();
+        OpenPeer().SortByLevel();
+        state.ResumeTiming();
+    }
+}
+
+void FindPeer(benchmark::State& state) {
+    const std::string text = LastName();
+    for (auto _ : state) benchmark::DoNotOptimize(OpenPeer().Find(text));
+}
+
+void PastePeer(benchmark::State& state) {
+    std::uint32_t seed = 1;
+    for (auto _ : state) {
+        state.PauseTiming();
+        const std::string text = PasteText(seed++);
+        state.ResumeTiming();
+        OpenPeer().Paste(text, static_cast<std::size_t>(kPasteRow - 1));
+    }
+}
+
+// ---- growth ----
+
+void ScaleOpen(benchmark::State& state) {
+    OurModel model(static_cast<std::uint32_t>(state.range(0)));
+    for (auto _ : state) model.Open();
+}
+
+void ScaleReplay(benchmark::State& state) {
+    const auto rows = static_cast<std::uint32_t>(state.range(0));
+    OurModel model(rows);
+    model.Open();
+    std::vector<std::uint32_t> keys;
+    for (std::uint32_t i = 0; i < rows; i += 10) keys.push_back(kFirstKey + i);
+    for (auto _ : state) {
+        state.PauseTiming();
+        model.Apart([&] { model.MoveStories(keys); });
+        state.ResumeTiming();
+        model.Replay();
+    }
+}
+
+void ScalePaste(benchmark::State& state) {
+    const auto rows = static_cast<int>(state.range(0));
+    OurModel model(static_cast<std::uint32_t>(rows));
+    model.Open();
+    std::string text;
+    for (int i = 0; i < rows / 10; ++i) text += std::to_string(i) + ".5\t" + std::to_string(i) + ".25\n";
+    for (auto _ : state) {
+        model.Table().SetCurrentCell(1, 5);
+        model.Table().PasteText(text);
+    }
+}
+
+void ScaleFilter(benchmark::State& state) {
+    OurModel model(static_cast<std::uint32_t>(state.range(0)));
+    model.Open();
+    for (auto _ : state) {
+        model.Table().FilterColumn(2, "1F");
+        model.Table().RemoveFilter();
+    }
+}
+
+void RegisterAll() {
+    using benchmark::RegisterBenchmark;
+    const auto repeated = [](auto* registered, int iterations) {
+        registered->Unit(benchmark::kMillisecond)->Repetitions(5)->Iterations(iterations)->UseRealTime();
+    };
+    const auto pair = [&](const std::string& work, auto* ours, auto* peer, int iterations) {
+        repeated(RegisterBenchmark((work + "/ours").c_str(), ours), iterations);
+        repeated(RegisterBenchmark((work + "/peer").c_str(), peer), iterations);
+    };
+    pair("open a table", &OpenOurs, &OpenPeerTable, 1);
+    pair("replay 10,000 moves", &MoveOurs, &MovePeer, 5);
+    repeated(RegisterBenchmark("replay 10,000 inserts/ours", &DeleteAndInsertOurs, true), 5);
+    repeated(RegisterBenchmark("replay 10,000 inserts/peer", &DeleteAndInsertPeer, true), 5);
+    repeated(RegisterBenchmark("replay 10,000 deletes/ours", &DeleteAndInsertOurs, false), 5);
+    repeated(RegisterBenchmark("replay 10,000 deletes/peer", &DeleteAndInsertPeer, false), 5);
+    pair("one edit", &EditOurs, &EditPeer, 50);
+    pair("sort by a double", &SortOurs, &SortPeer, 2);
+    pair("find in the last row", &FindOurs, &FindPeer, 2);
+    pair("paste 10,000 rows", &PasteOurs, &PastePeer, 3);
+    for (const long n : {kScale, 2 * kScale, 4 * kScale}) {
+        repeated(RegisterBenchmark("open/scale", &ScaleOpen)->Arg(n), 2);
+        repeated(RegisterBenchmark("replay a tenth/scale", &ScaleReplay)->Arg(n), 3);
+        repeated(RegisterBenchmark("paste a tenth/scale", &ScalePaste)->Arg(n), 2);
+        repeated(RegisterBenchmark("filter and back/scale", &ScaleFilter)->Arg(n), 2);
+    }
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    benchmark::Initialize(&count, arguments);
+    RegisterAll();
+    const bool kept = bench::RunAndReport({{"open a table", 1.5},
+                                           {"replay 10,000 moves", 1.5},
+                                           {"replay 10,000 inserts", 1.5},
+                                           {"replay 10,000 deletes", 1.5},
+                                           {"one edit", 1.0},
+                                           {"sort by a double", 1.2},
+                                           {"find in the last row", 1.0},
+                                           {"paste 10,000 rows", 3.0}},
+                                          {"open", "replay a tenth", "paste a tenth", "filter and back"}, kScale);
+    std::cout << "\nmemory of a row among " << kRows << ": " << OpenModel().Table().MemoryBytes() / kRows << " bytes\n";
+    return kept ? 0 : 1;
+}
