@@ -17,7 +17,8 @@ bool MayBeNumber(std::string_view text) {
 }  // namespace
 
 void CGXData::Reset(int columnCount) {
-    columns_.assign(static_cast<std::size_t>(std::max(columnCount, 0)), {});
+    columnCount_ = static_cast<std::size_t>(std::max(columnCount, 0));
+    blocks_.clear();
     used_.clear();
     removed_.clear();
     free_.clear();
@@ -27,9 +28,13 @@ void CGXData::Reset(int columnCount) {
 }
 
 void CGXData::ReserveRows(std::size_t count) {
-    for (auto& column : columns_) column.reserve(count);
     used_.reserve(count);
+    while (blocks_.size() * kBlockRows < count) AddBlock();
 }
+
+void CGXData::AddBlock() { blocks_.push_back(std::make_unique<CellValue[]>(kBlockRows * columnCount_)); }
+
+void CGXData::EmptyRow(RowId row) { std::fill_n(CellsOf(row), columnCount_, CellValue{}); }
 
 RowId CGXData::NewRow() {
     if (!free_.empty()) {
@@ -38,7 +43,7 @@ RowId CGXData::NewRow() {
         used_[row] = true;
         return row;
     }
-    for (auto& column : columns_) column.emplace_back();
+    if (used_.size() == blocks_.size() * kBlockRows) AddBlock();
     used_.push_back(true);
     return static_cast<RowId>(used_.size() - 1);
 }
@@ -46,7 +51,7 @@ RowId CGXData::NewRow() {
 void CGXData::RemoveRow(RowId row) {
     if (!HasRow(row)) return;
     order_.Remove(row);
-    for (auto& column : columns_) column[row] = CellValue{};
+    EmptyRow(row);
     used_[row] = false;
     removed_.push_back(row);
 }
@@ -55,7 +60,7 @@ void CGXData::MergeRows(std::span<const RowId> removed, std::span<const RowOrder
     order_.Merge(removed, added);
     for (const RowId row : removed) {
         used_[row] = false;
-        for (auto& column : columns_) column[row] = CellValue{};
+        EmptyRow(row);
         removed_.push_back(row);
     }
 }
@@ -78,13 +83,12 @@ CellValue CGXData::ValueOf(std::string_view text, bool numeric) {
 }
 
 void CGXData::StoreText(RowId row, int column, std::string_view text, bool numeric) {
-    columns_[static_cast<std::size_t>(column)][row] = ValueOf(text, numeric);
+    CellsOf(row)[column] = ValueOf(text, numeric);
 }
 
 void CGXData::StoreNumber(RowId row, int column, double value) {
     const bool finite = std::isfinite(value);
-    columns_[static_cast<std::size_t>(column)][row] =
-        finite ? CellValue::OfNumber(RoundToShown(value)) : ValueOf(FormatDouble(value), false);
+    CellsOf(row)[column] = finite ? CellValue::OfNumber(RoundToShown(value)) : ValueOf(FormatDouble(value), false);
 }
 
 void CGXData::StoreValueRowCol(int row, int column, std::string_view text, bool numeric) {
@@ -117,9 +121,11 @@ double CGXData::Number(RowId row, int column) const {
 // Texts that no cell holds any more stay in the pool until it has grown to twice what was in use.
 void CGXData::CompactPool() {
     TextPool kept;
-    for (auto& column : columns_) {
-        for (CellValue& value : column) {
-            if (value.IsPooled()) value = CellValue::OfPooled(kept.Put(pool_.Get(value.PoolNumber())));
+    for (RowId row = 0; row < used_.size(); ++row) {
+        CellValue* cells = CellsOf(row);
+        for (std::size_t column = 0; column < columnCount_; ++column) {
+            if (!cells[column].IsPooled()) continue;
+            cells[column] = CellValue::OfPooled(kept.Put(pool_.Get(cells[column].PoolNumber())));
         }
     }
     pool_ = std::move(kept);
@@ -127,9 +133,8 @@ void CGXData::CompactPool() {
 }
 
 std::size_t CGXData::MemoryBytes() const {
-    std::size_t bytes = used_.capacity() / 8 + pool_.MemoryBytes() + order_.MemoryBytes();
-    for (const auto& column : columns_) bytes += column.capacity() * sizeof(CellValue);
-    return bytes;
+    return used_.capacity() / 8 + pool_.MemoryBytes() + order_.MemoryBytes() +
+           blocks_.size() * kBlockRows * columnCount_ * sizeof(CellValue);
 }
 
 }  // namespace velda

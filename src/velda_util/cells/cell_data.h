@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,7 +21,7 @@ public:
 
     /// Empties the store and sets the number of columns.
     void Reset(int columnCount);
-    int ColumnCount() const { return static_cast<int>(columns_.size()); }
+    int ColumnCount() const { return static_cast<int>(columnCount_); }
 
     // ---- rows
 
@@ -32,6 +34,8 @@ public:
     /// count in the order before the call.
     void MergeRows(std::span<const RowId> removed, std::span<const RowOrder::Arrival> added);
     bool HasRow(RowId row) const { return row < used_.size() && used_[row]; }
+    /// One above the largest row id in use.
+    RowId RowIdEnd() const { return static_cast<RowId>(used_.size()); }
     /// Gives the ids of removed rows free for new rows; for a moment in which nobody holds the id of a removed row.
     void RecycleRows();
     void ReserveRows(std::size_t count);
@@ -47,7 +51,9 @@ public:
     /// finite is kept as a text.
     void StoreNumber(RowId row, int column, double value);
 
-    CellValue Value(RowId row, int column) const { return columns_[static_cast<std::size_t>(column)][row]; }
+    CellValue Value(RowId row, int column) const { return CellsOf(row)[column]; }
+    /// The cells of a row, by column id.
+    std::span<const CellValue> Row(RowId row) const { return {CellsOf(row), columnCount_}; }
     std::string Text(RowId row, int column) const;
     /// Appends the text of a cell, without making one of its own.
     void AppendText(RowId row, int column, std::string& text) const;
@@ -60,10 +66,17 @@ public:
     std::size_t MemoryBytes() const;
 
 private:
+    static constexpr std::size_t kBlockRows = 1024;
+
+    CellValue* CellsOf(RowId row) const { return blocks_[row / kBlockRows].get() + row % kBlockRows * columnCount_; }
+    void AddBlock();
+    void EmptyRow(RowId row);
     CellValue ValueOf(std::string_view text, bool numeric);
     void CompactPool();
 
-    std::vector<std::vector<CellValue>> columns_;  ///< by column id, then by row id
+    std::size_t columnCount_ = 0;
+    /// Rows stand whole, in blocks that never move: most work reads or writes all cells of a row.
+    std::vector<std::unique_ptr<CellValue[]>> blocks_;
     std::vector<bool> used_;
     std::vector<RowId> removed_;
     std::vector<RowId> free_;

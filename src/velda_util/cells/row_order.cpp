@@ -1,6 +1,7 @@
 #include "velda_util/cells/row_order.h"
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
 
 namespace velda {
@@ -96,9 +97,11 @@ void RowOrder::RemoveChunk(std::uint32_t number) {
 void RowOrder::Merge(std::span<const RowId> removed, std::span<const Arrival> added) {
     if (sequence_.empty()) sequence_.push_back(NewChunk());
     std::vector<bool> loses(chunks_.size());
+    std::vector<bool> leaves(chunkOf_.size());
     for (const RowId row : removed) {
         if (!Contains(row)) continue;
         loses[chunkOf_[row]] = true;
+        leaves[row] = true;
         chunkOf_[row] = kNoChunk;
     }
     std::size_t next = 0;
@@ -108,27 +111,35 @@ void RowOrder::Merge(std::span<const RowId> removed, std::span<const Arrival> ad
         const std::size_t end = chunks_[number].start + chunks_[number].rows.size();
         const std::size_t first = next;
         while (next < added.size() && (isLast || added[next].position < end)) ++next;
-        if (next > first || loses[number]) MergeInto(number, added.subspan(first, next - first));
+        if (next > first || loses[number]) {
+            MergeInto(number, added.subspan(first, next - first), loses[number] ? &leaves : nullptr);
+        }
     }
     TidyChunks();
 }
 
-void RowOrder::MergeInto(std::uint32_t number, std::span<const Arrival> added) {
+void RowOrder::MergeInto(std::uint32_t number, std::span<const Arrival> added, const std::vector<bool>* leaves) {
     Chunk& chunk = chunks_[number];
     std::vector<RowId> merged;
     merged.reserve(chunk.rows.size() + added.size());
-    std::size_t next = 0;
-    const auto arrive = [&](std::size_t position) {
-        for (; next < added.size() && added[next].position <= position; ++next) {
-            merged.push_back(added[next].row);
-            Know(added[next].row, number);
+    const auto stays = [&](std::size_t from, std::size_t to) {
+        const auto first = chunk.rows.begin() + static_cast<std::ptrdiff_t>(from);
+        const auto last = chunk.rows.begin() + static_cast<std::ptrdiff_t>(to);
+        if (!leaves) {
+            merged.insert(merged.end(), first, last);
+        } else {
+            std::copy_if(first, last, std::back_inserter(merged), [leaves](RowId row) { return !(*leaves)[row]; });
         }
     };
-    for (std::size_t i = 0; i < chunk.rows.size(); ++i) {
-        arrive(chunk.start + i);
-        if (chunkOf_[chunk.rows[i]] == number) merged.push_back(chunk.rows[i]);
+    std::size_t done = 0;
+    for (const Arrival& arrival : added) {
+        const std::size_t at = std::min(arrival.position - chunk.start, chunk.rows.size());
+        stays(done, at);
+        done = at;
+        merged.push_back(arrival.row);
+        Know(arrival.row, number);
     }
-    arrive(std::numeric_limits<std::size_t>::max());
+    stays(done, chunk.rows.size());
     chunk.rows = std::move(merged);
 }
 

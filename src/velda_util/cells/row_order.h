@@ -56,7 +56,8 @@ private:
     void Renumber(std::uint32_t fromPlace);
     void Split(std::uint32_t chunk);
     void RemoveChunk(std::uint32_t chunk);
-    void MergeInto(std::uint32_t chunk, std::span<const Arrival> added);
+    /// `leaves` tells by row id what leaves the chunk; null when nothing does.
+    void MergeInto(std::uint32_t chunk, std::span<const Arrival> added, const std::vector<bool>* leaves);
     void TidyChunks();
     void Know(RowId row, std::uint32_t chunk);
 

@@ -72,6 +72,10 @@ std::vector<int> SearchedColumns(const STBFindStruct& settings, const FindArea& 
 }  // namespace
 
 FindResult FindText(const STBFindStruct& settings, const FindArea& area, CellTextQuery text) {
+    return FindText(settings, area, text, [](int) { return true; });
+}
+
+FindResult FindText(const STBFindStruct& settings, const FindArea& area, CellTextQuery text, RowQuery mayHold) {
     if (area.currentColumn < 1 || static_cast<std::size_t>(area.currentColumn) > area.columns.size()) {
         throw std::invalid_argument("column to start from");
     }
@@ -80,8 +84,15 @@ FindResult FindText(const STBFindStruct& settings, const FindArea& area, CellTex
     if (count <= 0) return {};
     TextMatcher matcher(settings.text, settings.matchCase);
     walk.Start(settings.currentRow, area.currentColumn);
-    for (std::int64_t i = 0; i < count; ++i, walk.Next()) {
-        if (matcher.IsIn(text(walk.Row(), walk.Column()))) return {true, walk.Row(), walk.Column(), walk.Wrapped()};
+    for (std::int64_t left = count; left > 0;) {
+        const int row = walk.Row();
+        const bool reads = mayHold(row);
+        // On to the next row, or around to this one again when it was entered in its middle.
+        do {
+            if (reads && matcher.IsIn(text(row, walk.Column()))) return {true, row, walk.Column(), walk.Wrapped()};
+            --left;
+            walk.Next();
+        } while (left > 0 && walk.Row() == row);
     }
     return {};
 }

@@ -37,4 +37,9 @@ struct FindResult {
 /// std::invalid_argument for a current column that does not exist.
 FindResult FindText(const STBFindStruct& settings, const FindArea& area, CellTextQuery text);
 
+/// Whether a row may hold the text; asked once for each row that the search comes to.
+using RowQuery = FunctionRef<bool(int row)>;
+/// The same, passing over rows that cannot hold the text.
+FindResult FindText(const STBFindStruct& settings, const FindArea& area, CellTextQuery text, RowQuery mayHold);
+
 }  // namespace velda

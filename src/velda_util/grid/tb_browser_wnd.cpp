@@ -283,16 +283,6 @@ bool CTBBrowserWnd::ReadChoice(int row, int col, std::string& text) const {
     return style.GetControl() == ControlKind::ComboBox || choices.IndexOfKey(text).has_value();
 }
 
-std::string_view CTBBrowserWnd::SearchText(int row, int col, bool numbers, std::string& buffer) const {
-    const RowId id = RowIdAt(row);
-    const ColumnId column = IdOfColumn(col);
-    const bool plain = styles_.Resolve(id, static_cast<std::uint32_t>(column)).GetControl() == ControlKind::Edit;
-    if (!plain || id == edit_.row || IsNewRowId(id)) return CTBGrid::SearchText(row, col, numbers, buffer);
-    buffer.clear();
-    if (numbers || !rows_.Data().Value(id, column).IsNumber()) rows_.Data().AppendText(id, column, buffer);
-    return buffer;
-}
-
 // ---- numbers and warnings ----
 
 bool CTBBrowserWnd::IsValidLongNumber(const std::string& text, long long& value) {

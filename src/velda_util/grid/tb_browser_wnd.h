@@ -175,7 +175,7 @@ protected:
     /// Texts that the append row shows while it is not being edited.
     virtual std::vector<std::string> NewAppendTexts() { return std::vector<std::string>(ColumnSlots()); }
     std::size_t ColumnSlots() const { return static_cast<std::size_t>(columns_.Count()); }
-    std::string_view SearchText(int row, int col, bool numbers, std::string& buffer) const override;
+    FindResult Search(const STBFindStruct& find, const FindArea& area) const override;
     /// The record rows were filled or replayed: selections are put to their new places.
     virtual void OnRowsMoved() {}
     /// Adds a finding about the cell or row that is being checked.
@@ -197,6 +197,7 @@ private:
     friend class BrowserEditHost;
     struct Anchors;
 
+    std::vector<bool> RowsThatMayHold(const STBFindStruct& find, const FindArea& area) const;
     std::string LiveText(RowId row, ColumnId column) const;
     std::vector<std::string> TextsOf(RowId row) const;
     int InvalidNumber(ColumnId column, CellNumberKind kind);

@@ -3,15 +3,6 @@
 #include "velda_lib/msg_dll.h"
 
 namespace velda {
-namespace {
-
-/// Whether the text of a number can hold this text: digits, signs, a point, an exponent.
-bool CanStandInNumber(std::string_view text) {
-    return text.find_first_not_of("0123456789.+-eE") == std::string_view::npos;
-}
-
-}  // namespace
-
 Outcome CTBGrid::SaveLayout() {
     TableRegistry& registry = TableRegistry::OfProcess();
     std::vector<int> widths;
@@ -32,19 +23,17 @@ void CTBGrid::UpdateFindParam(STBFindStruct& find) {
     if (!GetCurrentCell(find.currentRow, col)) find.currentRow = find.direction > 0 ? 0 : RowCount() + 1;
 }
 
-std::string_view CTBGrid::SearchText(int row, int col, bool /*numbers*/, std::string& buffer) const {
-    buffer = ClipboardCellText(row, col);
-    return buffer;
+FindResult CTBGrid::Search(const STBFindStruct& find, const FindArea& area) const {
+    std::string buffer;
+    return FindText(find, area,
+                    [&](int row, int col) -> std::string_view { return buffer = ClipboardCellText(row, col); });
 }
 
 bool CTBGrid::FindFrom(STBFindStruct& find, int column) {
     FindArea area{RowCount() - (HasAppendRow() ? 1 : 0), {}, column};
     for (int col = 1; col <= GetColCount(); ++col) area.columns.push_back({IdOfColumn(col), IsColumnHidden(col)});
     if (area.columns.empty()) return false;
-    std::string buffer;
-    const bool numbers = CanStandInNumber(find.text);
-    const FindResult result =
-        FindText(find, area, [&](int row, int col) { return SearchText(row, col, numbers, buffer); });
+    const FindResult result = Search(find, area);
     if (!result.found) {
         Host().OnMessage(FormatText("IDS_TB_ENGINE_FIND_NOT_FOUND", {find.text}));
         return false;

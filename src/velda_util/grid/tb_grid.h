@@ -76,9 +76,8 @@ public:
 
 protected:
     void SetTableName(std::string name) { tableName_ = std::move(name); }
-    /// The text that a search looks into. The view has to hold until the next call only; `numbers` tells whether a
-    /// number can hold what is searched.
-    virtual std::string_view SearchText(int row, int col, bool numbers, std::string& buffer) const;
+    /// Searches the cells of an area, as FindText does, by the texts that a copy of them would give.
+    virtual FindResult Search(const STBFindStruct& find, const FindArea& area) const;
 
 private:
     bool FindFrom(STBFindStruct& find, int column);

@@ -96,6 +96,9 @@ public:
     const CGXStyle& CellStyle(std::uint32_t rowId, std::uint32_t colId) const;
     const CGXStyle& HeaderCellStyle(std::uint32_t headerRow, std::uint32_t colId) const;
 
+    /// Whether a row has a style of its own, or a cell with one.
+    bool HasRowStyle(std::uint32_t rowId) const { return PatternOf(rowId) != 0; }
+
     /// Drops the styles of a row that is removed, its cells' too.
     void RemoveRow(std::uint32_t rowId);
     /// Drops the styles of all rows and their cells.
