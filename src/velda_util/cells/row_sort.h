@@ -36,15 +36,14 @@ std::size_t FirstWhereNot(std::size_t first, std::size_t last, Before before) {
     return first;
 }
 
-/// The same for a place that is expected close behind `first`: costs the logarithm of the distance.
+/// The same for a place that is expected some `step` behind `first`: costs the logarithm of the distance.
 template <class Before>
-std::size_t FirstWhereNotBehind(std::size_t first, std::size_t last, Before before) {
-    std::size_t step = 1;
+std::size_t FirstWhereNotBehind(std::size_t first, std::size_t last, Before before, std::size_t step = 1) {
     while (first + step <= last && before(first + step - 1)) {
         first += step;
         step *= 2;
     }
-    return FirstWhereNot(first, std::min(last, first + step), before);
+    return FirstWhereNot(first, std::min(last, first + step - 1), before);
 }
 
 /// Compares rows by a sort specification: numbers in columns of the types long and double, texts by bytes in the

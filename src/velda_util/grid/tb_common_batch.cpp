@@ -57,26 +57,28 @@ GridSelection CTBCommon::SelectionOf(const PositionRange& range) const {
 
 void CTBCommon::CheckRow(const ChangePlan& plan, const PlannedRow& row, Batch& batch) {
     const bool adds = row.target == kNewRow;
-    RowTexts texts;
-    if (adds) {
-        texts.resize(ColumnSlots());
-        for (ColumnId id = 0; id < GetColCount(); ++id) {
-            texts[static_cast<std::size_t>(PositionOfColumn(id) - 1)] =
-                id == GetKeyColID() ? FormatLong(batch.nextKey) : GetDefaultCellText(id);
-        }
-    } else {
-        texts = GridTextsOf(row.target);
-    }
-    const int row1 = adds ? GetRowCount() : row.target;
+    const int place = adds ? GetRowCount() : row.target;
+    RowTexts texts(ColumnSlots());
+    std::vector<bool> given(ColumnSlots());
     for (const PlannedCell& cell : plan.rows.Cells(row)) {
-        const int col = PositionOfColumn(cell.column);
+        const auto at = static_cast<std::size_t>(PositionOfColumn(cell.column) - 1);
         std::string text(plan.rows.Text(cell));
-        if (!ReadChoice(row1, col, text)) {
+        if (!ReadChoice(place, PositionOfColumn(cell.column), text)) {
             batch.report.Refuse(row, cell.column, text, CMsgDll::pfuncLoadStr("IDS_TB_ENGINE_NOT_IN_LIST", 0));
             return;
         }
         ConvertFormulaToValue(cell.column, text);
-        texts[static_cast<std::size_t>(col - 1)] = std::move(text);
+        texts[at] = std::move(text);
+        given[at] = true;
+    }
+    for (ColumnId id = 0; id < GetColCount(); ++id) {
+        const auto at = static_cast<std::size_t>(PositionOfColumn(id) - 1);
+        if (given[at]) continue;
+        if (!adds) {
+            texts[at] = GetValueRowCol(place, static_cast<int>(at) + 1);
+        } else {
+            texts[at] = id == GetKeyColID() ? FormatLong(batch.nextKey) : GetDefaultCellText(id);
+        }
     }
 
     KeyPointers keys;

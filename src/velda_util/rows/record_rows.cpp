@@ -105,10 +105,11 @@ void RecordRows::Merge(std::span<const RowId> removed, std::vector<RowId> added)
     std::vector<RowOrder::Arrival> arrivals;
     arrivals.reserve(added.size());
     const RowOrder& order = data_.Order();
+    const std::size_t expected = std::max<std::size_t>(order.Count() / std::max<std::size_t>(added.size(), 1), 1);
     std::size_t place = 0;
     for (const RowId row : added) {
-        place =
-            FirstWhereNotBehind(place, order.Count(), [&](std::size_t at) { return StandsBefore(order.At(at), row); });
+        const auto before = [&](std::size_t at) { return StandsBefore(order.At(at), row); };
+        place = FirstWhereNotBehind(place, order.Count(), before, expected);
         arrivals.push_back({place, row});
     }
     data_.MergeRows(removed, arrivals);
