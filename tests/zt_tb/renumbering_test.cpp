@@ -82,6 +82,15 @@ TEST_F(MemberRenumberingTest, NumbersThatAreTheSameInTheEndRenumberNothing) {
     EXPECT_THAT(Numbers(), ElementsAre("3", "5", "7"));
 }
 
+TEST_F(MemberRenumberingTest, ANumberThatANewMemberHadForAWhileIsThatOfTheMemberBefore) {
+    ASSERT_TRUE(Db().BeginGroup("numbers in turn"));
+    Renumber<CClassMemb>({{1, 4}});
+    AddMember(9, 3);
+    Renumber<CClassMemb>({{9, 50}});
+    ASSERT_TRUE(Db().EndGroup());
+    EXPECT_THAT(Numbers(), ElementsAre("4", "5", "7"));
+}
+
 TEST_F(MemberRenumberingTest, AChangeOfOtherFieldsRenumbersNothing) {
     T_MEMB_D member;
     ASSERT_TRUE(Records<CClassMemb>().Get(1, member));
