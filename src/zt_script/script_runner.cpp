@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::span<const ScriptCommand> (*kTables[])() = {
     &ModelCommands, &RecordCommands, &HistoryCommands, &ChangeCommands,    &ViewCommands, &CellCommands,
-    &RowCommands,   &LookCommands,   &LayoutCommands,  &SelectionCommands, &ClipCommands};
+    &RowCommands,   &LookCommands,   &LayoutCommands,  &SelectionCommands, &ClipCommands, &CallCommands};
 
 /// Number of words in which a command's name fits the beginning of a line; 0 when it does not.
 std::size_t FittingWords(std::string_view name, ScriptWords words) {

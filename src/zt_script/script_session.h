@@ -49,6 +49,10 @@ public:
     const std::string& Reason() const { return reason_; }
     void SetReason(std::string reason) { reason_ = std::move(reason); }
 
+    /// What the last conversion gave.
+    const std::string& Value() const { return value_; }
+    void SetValue(std::string value) { value_ = std::move(value); }
+
 private:
     CInitCtrl Settings() const;
     void Use(std::unique_ptr<CDBDoc> doc);
@@ -59,6 +63,7 @@ private:
     ScriptViews views_;
     std::uint64_t mark_ = 0;
     std::string reason_;
+    std::string value_;
 };
 
 }  // namespace zt
