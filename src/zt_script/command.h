@@ -62,5 +62,6 @@ std::span<const ScriptCommand> LayoutCommands();
 std::span<const ScriptCommand> SelectionCommands();
 std::span<const ScriptCommand> ClipCommands();
 std::span<const ScriptCommand> CallCommands();
+std::span<const ScriptCommand> ControlCommands();
 
 }  // namespace zt
