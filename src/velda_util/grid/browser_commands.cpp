@@ -130,15 +130,21 @@ bool CTBBrowserWnd::EnterDown() {
     if (!GetCurrentCell(row, col)) return MoveBy(NavigationStep::TableStart);
     if (session_.IsCellOpen() && !Told(session_.AcceptCell())) return false;
     const CellId cell = CurrentCellId();
-    const bool wasNew = IsNewRowId(cell.row) && session_.IsRowOpen();
+    const bool wasNew = cell.row == kAppendRow && session_.IsRowOpen();
     const int column = PositionOfColumn(rowEntry_.End(cell));
     const GridPosition target = velda::EnterDown(*this, {row, col}, column);
-    // A new row that was written makes room for the next one.
+    // An append row that was written makes room for the next one.
     if (target.row == row || wasNew) {
         if (!LeaveRow()) return false;
         return CGXGridCore::SetCurrentCell(wasNew ? RowCount() : std::min(row, RowCount()), column);
     }
     return SetCurrentCell(target.row, target.column);
+}
+
+bool CTBBrowserWnd::InsertBeforeCurrent() {
+    const CellId cell = CurrentCellId();
+    if (cell.row == kNoRow || !Told(session_.InsertRow(cell.row))) return false;
+    return CGXGridCore::SetCurrentCell(insertedAt_, PositionOfColumn(cell.column));
 }
 
 bool CTBBrowserWnd::StepList(int step) {
@@ -196,7 +202,7 @@ bool CTBBrowserWnd::DoCommand(TableCommand command) {
         case C::SelectColumn: return SelectWhole(command);
         case C::Copy: return Copy(false);
         case C::CopyWithHeaders: return Copy(true);
-        case C::InsertRow: return CurrentCellId().row != kNoRow && Told(session_.InsertRow(CurrentCellId().row));
+        case C::InsertRow: return InsertBeforeCurrent();
         case C::DeleteRows: return CanDeleteRowByPressingKey() && LeaveRow() && Told(session_.DeleteSelected());
         case C::FindNext:
         case C::FindPrevious: {

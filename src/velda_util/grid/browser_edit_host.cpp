@@ -115,7 +115,11 @@ bool BrowserEditHost::OnValidateRecord(RowId row, std::vector<EditFinding>& find
 Outcome BrowserEditHost::OnAddNewRecord(RowId row) {
     browser_.lastCome_ = 0;
     const bool done = browser_.OnAddNewRecord(browser_.PositionOfRow(row));
-    if (done && browser_.lastCome_ != 0) browser_.RememberFormulas(browser_.rows_.RowOfKey(browser_.lastCome_));
+    if (done && browser_.lastCome_ != 0) {
+        const RowId written = browser_.rows_.RowOfKey(browser_.lastCome_);
+        browser_.RememberFormulas(written);
+        if (row == kInsertedRow && written != kNoRow) browser_.current_.RowReplaced(row, written);
+    }
     return OutcomeOf(done, browser_);
 }
 

@@ -206,6 +206,7 @@ private:
     KeySituation Situation() const;
     CellId CellAt(int row, int col) const { return {RowIdAt(row), IdOfColumn(col)}; }
     bool EnterDown();
+    bool InsertBeforeCurrent();
     bool ExtendBy(NavigationStep step);
     bool StepList(int step);
     bool SelectWhole(TableCommand command);
