@@ -82,7 +82,7 @@ bool BrowserEditHost::OnValidateField(CellId cell, const std::string& text, std:
     const GridPosition place = Place(cell);
     std::string value = text;
     if (!browser_.ReadChoice(place.row, place.column, value)) {
-        const std::string reason = CMsgDll::pfuncLoadStr("IDS_TB_ENGINE_NOT_IN_LIST", 0);
+        const std::string reason = browser_.ChoiceReason(place.row, place.column, text);
         findings.push_back({cell.row, cell.column, EditRule::Field, text, reason});
         browser_.SetWarningText(browser_.GetTitle(cell.column) + ": " + reason);
         return false;

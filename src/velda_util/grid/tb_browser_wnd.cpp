@@ -20,6 +20,13 @@ bool IsCheckBox(ControlKind control) {
     return control == ControlKind::CheckBox || control == ControlKind::CaptionCheckBox;
 }
 
+bool ReadCheckList(const ChoiceList& choices, std::string& text) {
+    std::vector<std::size_t> lines;
+    if (!choices.ReadJoinedText(text, lines)) return false;
+    text = choices.JoinedText(lines);
+    return true;
+}
+
 }  // namespace
 
 CTBBrowserWnd::CTBBrowserWnd() = default;
@@ -274,13 +281,21 @@ ChoiceList CTBBrowserWnd::ChoicesOf(int row, int col) const { return StyleOf(row
 
 bool CTBBrowserWnd::ReadChoice(int row, int col, std::string& text) const {
     const CGXStyle& style = StyleOf(row, col);
-    if (!IsListControl(style.GetControl()) || text.empty()) return true;
+    if (text.empty()) return true;
+    if (IsCheckBox(style.GetControl())) return text == "0" || text == "1";
     const ChoiceList choices = style.GetChoices();
+    if (style.GetControl() == ControlKind::CheckListComboBox) return ReadCheckList(choices, text);
+    if (!IsListControl(style.GetControl())) return true;
     if (const auto line = choices.IndexOfText(text)) {
         text = choices.Key(*line);
         return true;
     }
     return style.GetControl() == ControlKind::ComboBox || choices.IndexOfKey(text).has_value();
+}
+
+std::string CTBBrowserWnd::ChoiceReason(int row, int col, const std::string& text) const {
+    const bool checkBox = IsCheckBox(StyleOf(row, col).GetControl());
+    return FormatText(checkBox ? "IDS_TB_ENGINE_EDIT_FIELD_REFUSED" : "IDS_TB_ENGINE_NOT_IN_LIST", {text});
 }
 
 std::string_view CTBBrowserWnd::SearchText(int row, int col, bool numbers, std::string& buffer) const {

@@ -181,8 +181,10 @@ protected:
     /// Adds a finding about the cell or row that is being checked.
     void AddFinding(EditFinding finding);
     /// What a typed or pasted text means in a cell: the key of a listed name; any other text as it stands. False for a
-    /// text that is not in a closed list.
+    /// text that is not in a closed list, and for one that is no state of a check box.
     bool ReadChoice(int row, int col, std::string& text) const;
+    /// Why ReadChoice refused a text.
+    std::string ChoiceReason(int row, int col, const std::string& text) const;
     /// Collects findings instead of telling them, as long as it lives.
     class FindingCollector;
     bool ToggleCheck();

@@ -72,7 +72,7 @@ void CTBCommon::CheckRow(const ChangePlan& plan, const PlannedRow& row, Batch& b
         const int col = PositionOfColumn(cell.column);
         std::string text(plan.rows.Text(cell));
         if (!ReadChoice(row1, col, text)) {
-            batch.report.Refuse(row, cell.column, text, CMsgDll::pfuncLoadStr("IDS_TB_ENGINE_NOT_IN_LIST", 0));
+            batch.report.Refuse(row, cell.column, text, ChoiceReason(row1, col, text));
             return;
         }
         ConvertFormulaToValue(cell.column, text);
