@@ -1,6 +1,5 @@
 #include "velda_util/grid/browser_edit_host.h"
 
-#include "velda_lib/msg_dll.h"
 #include "velda_util/formula/formula.h"
 #include "velda_util/grid/tb_browser_wnd.h"
 

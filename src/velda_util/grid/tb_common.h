@@ -109,6 +109,10 @@ private:
     void CheckRow(const ChangePlan& plan, const PlannedRow& row, Batch& batch);
     std::size_t Write(Batch& batch);
     std::size_t WriteRange(Batch& batch, bool adds, std::size_t first, std::size_t count);
+    /// A change within the open row is an edit of it: the row need not be complete yet.
+    bool IsInOpenRow(const PositionRange& range) const;
+    bool EnterInOpenRow(const PositionRange& range, FunctionRef<std::string(int index, int col)> text);
+    bool PasteInOpenRow(const TextBlock& block, PositionRange range);
     bool ToggleChecks();
 
     bool showsAll_ = true;

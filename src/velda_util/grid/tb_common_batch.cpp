@@ -5,6 +5,7 @@
 #include "velda_util/clip/clipboard_text.h"
 #include "velda_util/clip/fill_plan.h"
 #include "velda_util/clip/paste_plan.h"
+#include "velda_util/clip/plan_builder.h"
 #include "velda_util/formula/formula.h"
 #include "velda_util/grid/tb_common.h"
 
@@ -167,22 +168,57 @@ bool CTBCommon::Apply(const ChangePlan& plan, const char* stepKey, OnRefusal cho
 
 bool CTBCommon::Paste(OnRefusal choice) { return PasteText(Host().GetClipboardText(), choice); }
 
+bool CTBCommon::IsInOpenRow(const PositionRange& range) const {
+    return Session().IsRowOpen() && range.top == range.bottom && RowIdAt(range.top) == Session().Row();
+}
+
+bool CTBCommon::EnterInOpenRow(const PositionRange& range, FunctionRef<std::string(int index, int col)> text) {
+    int index = 0;
+    for (int col = range.left; col <= range.right; ++col) {
+        if (IsColumnHidden(col)) continue;
+        const std::string entered = text(index++, col);
+        if (AccessOf(range.top, col) != CellAccess::Editable) continue;
+        if (Told(OpenSession().EnterText({RowIdAt(range.top), IdOfColumn(col)}, entered))) continue;
+        SetCurrentCell(range.top, col);
+        return false;
+    }
+    return true;
+}
+
+bool CTBCommon::PasteInOpenRow(const TextBlock& block, PositionRange range) {
+    const int width = static_cast<int>(block.CellsInRow(0));
+    if (width > 1) {
+        const std::vector<TargetColumn> columns = VisibleColumns(PlanTargetNow(), range.left, GetColCount());
+        const std::size_t last = std::min(columns.size(), block.CellsInRow(0));
+        range.right = last > 0 ? columns[last - 1].position : range.left - 1;
+    }
+    return EnterInOpenRow(range, [&](int index, int /*col*/) {
+        return std::string(block.Cell(0, static_cast<std::size_t>(width > 1 ? index : 0)));
+    });
+}
+
 bool CTBCommon::PasteText(const std::string& text, OnRefusal choice) {
-    if (!LeaveRow()) return false;
-    const PositionRange range = CommandRange();
     TextBlock block;
     if (const Outcome read = ClipboardText::Read(text, block); !read) {
         SetWarningText(read.Reason());
         return false;
     }
-    if (range.bottom < range.top || block.RowCount() == 0) return false;
+    if (block.RowCount() == 0) return false;
+    if (block.RowCount() == 1 && IsInOpenRow(CommandRange())) return PasteInOpenRow(block, CommandRange());
+    if (!LeaveRow()) return false;
+    const PositionRange range = CommandRange();
+    if (range.bottom < range.top) return false;
     const auto access = [this](int row, int col) { return AccessOf(row, col); };
     return Apply(PlanPaste(block, SelectionOf(range), PlanTargetNow(), access), "IDS_TB_ENGINE_STEP_PASTE", choice);
 }
 
 bool CTBCommon::FillDown() {
+    PositionRange range = CommandRange();
+    if (IsInOpenRow(range) && range.top > 1) {
+        return EnterInOpenRow(range, [&](int /*index*/, int col) { return GetValueRowCol(range.top - 1, col); });
+    }
     if (!LeaveRow()) return false;
-    const PositionRange range = CommandRange();
+    range = CommandRange();
     if (range.bottom < range.top) return false;
     const auto access = [this](int row, int col) { return AccessOf(row, col); };
     std::string buffer;
@@ -192,8 +228,10 @@ bool CTBCommon::FillDown() {
 }
 
 bool CTBCommon::ClearCells() {
+    PositionRange range = CommandRange();
+    if (IsInOpenRow(range)) return EnterInOpenRow(range, [](int, int) { return std::string(); });
     if (!LeaveRow()) return false;
-    const PositionRange range = CommandRange();
+    range = CommandRange();
     if (range.bottom < range.top) return false;
     const auto access = [this](int row, int col) { return AccessOf(row, col); };
     return Apply(PlanClear(SelectionOf(range), PlanTargetNow(), access), "IDS_TB_ENGINE_STEP_CLEAR",
