@@ -60,6 +60,7 @@ void CTBCommon::CheckRow(const ChangePlan& plan, const PlannedRow& row, Batch& b
     const bool adds = row.target == kNewRow;
     RowTexts texts;
     if (adds) {
+        while (RecordExists(static_cast<std::uint32_t>(batch.nextKey))) ++batch.nextKey;
         texts.resize(ColumnSlots());
         for (ColumnId id = 0; id < GetColCount(); ++id) {
             texts[static_cast<std::size_t>(PositionOfColumn(id) - 1)] =
@@ -151,9 +152,9 @@ bool CTBCommon::Apply(const ChangePlan& plan, const char* stepKey, OnRefusal cho
             return false;
         }
         written = Write(batch);
-        if (!batch.report.MayWrite()) {
+        if (!batch.report.MayWrite()) written = 0;
+        if (written == 0) {
             CancelStep();
-            written = 0;
         } else if (!EndStep()) {
             SetWarningText(GetRefusalReason());
             return false;
