@@ -266,11 +266,8 @@ bool CTBBrowserWnd::GetControlText(int row, int col, std::string& text, bool& ac
 }
 
 std::string CTBBrowserWnd::GetLiveText(int row, int col) const {
-    std::string text;
-    bool active = false;
-    if (!GetControlText(row, col, text, active)) return GetValueRowCol(row, col);
-    if (active) return text;
-    return InverseCheck(text);
+    const bool isOpen = session_.IsCellOpen() && session_.Cell() == CellAt(row, col);
+    return isOpen ? session_.EditorText() : GetValueRowCol(row, col);
 }
 
 void CTBBrowserWnd::ConvertFormulaToValue(ColumnId column, std::string& text) const {
