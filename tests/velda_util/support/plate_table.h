@@ -27,8 +27,8 @@ struct Plate {
 
 class PlateTable;
 
-/// A database in memory: it counts transactions and steps of its history, refuses what a rule tells it to, rounds
-/// names to capitals, and tells its tables directly of each change.
+/// A database in memory: it counts transactions and steps of its history, refuses what a rule tells it to,
+/// and tells its tables directly of each change.
 class PlateDatabase {
 public:
     using Keys = std::vector<std::uint32_t>;
@@ -45,7 +45,11 @@ public:
     bool EndStep();
     void CancelStep();
 
-    std::uint32_t NewKey() const { return plates.empty() ? 1 : plates.rbegin()->first + 1; }
+    std::uint32_t NewKey() const {
+        std::uint32_t key = firstFreeKey || plates.empty() ? 1 : plates.rbegin()->first + 1;
+        while (plates.count(key) > 0) ++key;
+        return key;
+    }
 
     Plates plates;
     std::vector<PlateTable*> tables;
@@ -53,6 +57,8 @@ public:
     std::function<std::string(const Plate&)> rule = [](const Plate&) { return std::string(); };
     std::string refusal;
     int transactions = 0;
+    /// New keys fill gaps.
+    bool firstFreeKey = false;
     /// Texts of lengths are shown in m times this.
     double lengthFactor = 1.0;
     double lengthFactorBefore = 1.0;
