@@ -55,8 +55,9 @@ void BrowserEditHost::TakeBeforeEditCopy(RowId row) {
 }
 
 void BrowserEditHost::DropBeforeEditCopy() {
-    if (browser_.edit_.row == kInsertedRow) browser_.insertedAt_ = 0;
-    browser_.edit_ = {};
+    const RowId row = std::exchange(browser_.edit_, {}).row;
+    if (row == kInsertedRow) browser_.insertedAt_ = 0;
+    if (row == kAppendRow) browser_.AppendChanged();
     browser_.typedFormulas_.clear();
     browser_.listOpen_ = false;
 }
