@@ -113,8 +113,17 @@ bool CTBBrowserWnd::MoveBy(NavigationStep step) {
     const GridPosition target = Navigate(*this, {row, col}, step);
     if (!target.IsValid()) return false;
     if (step == NavigationStep::Next || step == NavigationStep::Previous) rowEntry_.Begin(CurrentCellId());
-    if (target == GridPosition{row, col}) return !session_.IsCellOpen() || Told(session_.AcceptCell());
+    if (target == GridPosition{row, col}) {
+        if (session_.IsCellOpen() && !Told(session_.AcceptCell())) return false;
+        const bool endsNewRow = step == NavigationStep::Next && session_.Row() == kAppendRow;
+        return !endsNewRow || (LeaveRow() && BeginNextRow());
+    }
     return SetCurrentCell(target.row, target.column);
+}
+
+bool CTBBrowserWnd::BeginNextRow() {
+    const GridPosition first = Navigate(*this, {RowCount(), 1}, NavigationStep::RowStart);
+    return SetCurrentCell(first.row, first.column);
 }
 
 bool CTBBrowserWnd::ExtendBy(NavigationStep step) {

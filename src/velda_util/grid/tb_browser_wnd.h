@@ -209,6 +209,7 @@ private:
     CellId CellAt(int row, int col) const { return {RowIdAt(row), IdOfColumn(col)}; }
     bool EnterDown();
     bool InsertBeforeCurrent();
+    bool BeginNextRow();
     bool ExtendBy(NavigationStep step);
     bool StepList(int step);
     bool SelectWhole(TableCommand command);
