@@ -217,7 +217,7 @@ bool CTBBrowserWnd::DoCommand(TableCommand command) {
         case C::FindPrevious: {
             STBFindStruct find = m_Find;
             find.direction = command == C::FindNext ? 1 : 0;
-            return LeaveRow() && FindNext(find);
+            return FindNext(find);
         }
         default: return false;
     }

@@ -124,7 +124,7 @@ public:
     /// Types a text into a cell and accepts it; the row stays open.
     bool EditCell(int row, int col, const std::string& text);
     /// Leaves the open row before something else goes on; false when it stays open with its findings.
-    bool LeaveRow();
+    bool LeaveRow() override;
     bool IsListOpen() const { return listOpen_; }
 
     // ---- filling; for the classes above and for tests of them

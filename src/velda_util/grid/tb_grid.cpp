@@ -65,7 +65,7 @@ bool CTBGrid::FindFrom(STBFindStruct& find, int column) {
 }
 
 bool CTBGrid::Find(STBFindStruct& find) {
-    if (find.text.empty()) return false;
+    if (find.text.empty() || !LeaveRow()) return false;
     int row = 0;
     int col = 1;
     GetCurrentCell(row, col);
@@ -73,7 +73,7 @@ bool CTBGrid::Find(STBFindStruct& find) {
 }
 
 bool CTBGrid::FindNext(STBFindStruct& find) {
-    if (find.text.empty()) return false;
+    if (find.text.empty() || !LeaveRow()) return false;
     UpdateFindParam(find);
     int row = 0;
     int col = 0;
