@@ -19,7 +19,7 @@ GridPosition BrowserEditHost::Place(CellId cell) const {
 bool BrowserEditHost::CanEditCell(CellId cell) const {
     const GridPosition place = Place(cell);
     if (!place.IsValid() || (cell.row == kAppendRow && !browser_.HasAppendRow())) return false;
-    return browser_.IsEnabled(place.row, place.column) && !browser_.IsReadOnly(place.row, place.column);
+    return browser_.CanEnter(place) && !browser_.IsReadOnly(place.row, place.column);
 }
 
 bool BrowserEditHost::IsNewRow(RowId row) const {
