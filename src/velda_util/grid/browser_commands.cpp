@@ -13,8 +13,10 @@ std::vector<std::string> CTBBrowserWnd::TextsOf(RowId row) const {
 void CTBBrowserWnd::RememberFormulas(RowId row) {
     if (row == kNoRow || IsNewRowId(row)) return;
     const std::uint32_t key = rows_.KeyOf(row);
-    for (const auto& [column, expression] : typedFormulas_) {
-        formulas_[{key, column}] = {expression, rows_.Data().Text(row, column)};
+    for (const auto& [column, formula] : typedFormulas_) {
+        // A switch of units or a dependency of another cell may have put another value there.
+        if (edit_.live[static_cast<std::size_t>(column)] != formula.value) continue;
+        formulas_[{key, column}] = {formula.expression, rows_.Data().Text(row, column)};
     }
 }
 

@@ -29,7 +29,9 @@ bool BrowserEditHost::IsNewRow(RowId row) const {
 std::string BrowserEditHost::EditText(CellId cell) const {
     std::string text = browser_.LiveText(cell.row, cell.column);
     const auto typed = browser_.typedFormulas_.find(cell.column);
-    if (cell.row == browser_.edit_.row && typed != browser_.typedFormulas_.end()) return text;
+    if (cell.row == browser_.edit_.row && typed != browser_.typedFormulas_.end() && typed->second.value == text) {
+        return typed->second.expression;
+    }
     if (IsNewRowId(cell.row)) return text;
     const auto found = browser_.formulas_.find({browser_.rows_.KeyOf(cell.row), cell.column});
     return found != browser_.formulas_.end() && found->second.value == text ? found->second.expression : text;
@@ -39,11 +41,11 @@ void BrowserEditHost::StoreCellText(CellId cell, const std::string& text) {
     const GridPosition place = Place(cell);
     std::string value = text;
     browser_.ReadChoice(place.row, place.column, value);
-    const bool numeric = browser_.IsNumericColumn(cell.column);
-    if (numeric && IsFormula(value)) {
-        browser_.typedFormulas_[cell.column] = value;
-    } else {
-        browser_.typedFormulas_.erase(cell.column);
+    browser_.typedFormulas_.erase(cell.column);
+    if (browser_.IsNumericColumn(cell.column) && IsFormula(value)) {
+        const std::string expression = value;
+        browser_.ConvertFormulaToValue(cell.column, value);
+        browser_.typedFormulas_[cell.column] = {expression, value};
     }
     browser_.edit_.live[static_cast<std::size_t>(cell.column)] = std::move(value);
 }

@@ -244,8 +244,8 @@ private:
         std::string value;
     };
     std::map<std::pair<std::uint32_t, ColumnId>, Formula> formulas_;
-    std::map<ColumnId, std::string> typedFormulas_;  ///< of the open row
-    std::uint32_t lastCome_ = 0;                     ///< key of the record that came alone with the last replay
+    std::map<ColumnId, Formula> typedFormulas_;  ///< of the open row
+    std::uint32_t lastCome_ = 0;                 ///< key of the record that came alone with the last replay
 };
 
 class CTBBrowserWnd::FindingCollector {
