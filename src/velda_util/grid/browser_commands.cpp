@@ -70,13 +70,34 @@ bool CTBBrowserWnd::TypeText(const std::string& text) {
     const CellId cell = CurrentCellId();
     if (cell.row == kNoRow) return false;
     if (listOpen_) {
-        const ChoiceList choices = ChoicesOf(PositionOfRow(cell.row), PositionOfColumn(cell.column));
-        typedInList_ += text;
-        const auto line = choices.IndexOfTyped(typedInList_, choices.IndexOfKey(session_.EditorText()));
-        return line && Told(session_.ChangeText(std::string(choices.Key(*line))));
+        const std::optional<std::string> key = TypedKey(text, session_.EditorText());
+        return key && Told(session_.ChangeText(*key));
     }
     if (session_.IsCellOpen()) return Told(session_.ChangeText(session_.EditorText() + text));
-    return Told(session_.StartTyping(cell, text));
+    typedInList_.clear();
+    const std::optional<std::string> key =
+        IsClosedList(cell) ? TypedKey(text, LiveText(cell.row, cell.column)) : std::nullopt;
+    if (!Told(session_.StartTyping(cell, key.value_or(text)))) return false;
+    listOpen_ = key.has_value();
+    return true;
+}
+
+bool CTBBrowserWnd::IsClosedList(CellId cell) const {
+    const ControlKind control = StyleOf(PositionOfRow(cell.row), PositionOfColumn(cell.column)).GetControl();
+    return control == ControlKind::TabbedDropDownList || control == ControlKind::DropDownList;
+}
+
+std::optional<std::string> CTBBrowserWnd::TypedKey(const std::string& text, const std::string& current) {
+    const CellId cell = CurrentCellId();
+    const ChoiceList choices = ChoicesOf(PositionOfRow(cell.row), PositionOfColumn(cell.column));
+    const auto from = choices.IndexOfKey(current);
+    typedInList_ += text;
+    auto line = choices.IndexOfTyped(typedInList_, from);
+    if (!line) {
+        typedInList_ = text;
+        line = choices.IndexOfTyped(text, from);
+    }
+    return line ? std::optional(std::string(choices.Key(*line))) : std::nullopt;
 }
 
 // ---- keys ----

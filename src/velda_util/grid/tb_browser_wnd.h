@@ -1,6 +1,8 @@
 #pragma once
 
 #include <map>
+#include <optional>
+#include <string>
 #include <utility>
 
 #include "velda_util/edit/edit_session.h"
@@ -116,8 +118,8 @@ public:
     /// Handles a key; false when it is no business of the table.
     bool ProcessKey(KeyChord chord);
     virtual bool DoCommand(TableCommand command);
-    /// Types into the current cell: over its text, or on in the open editor. In a cell with an open list it leads to
-    /// the line that begins so.
+    /// Types into the current cell: over its text, or on in the open editor. In a closed list, and wherever a list is
+    /// open, it leads to the line that begins so.
     bool TypeText(const std::string& text);
     /// Replaces the text of the open editor: what a window does at each change.
     bool ChangeEditorText(const std::string& text) { return Told(session_.ChangeText(text)); }
@@ -212,6 +214,10 @@ private:
     bool BeginNextRow();
     bool ExtendBy(NavigationStep step);
     bool StepList(int step);
+    /// A list that takes no text but its own.
+    bool IsClosedList(CellId cell) const;
+    /// The key of the line that typing leads to. What does not go on from what was typed before begins anew.
+    std::optional<std::string> TypedKey(const std::string& text, const std::string& current);
     bool SelectWhole(TableCommand command);
     void RememberFormulas(RowId row);
     bool IsNumericColumn(ColumnId column) const { return columns_.Info(column).type != ColumnType::String; }
