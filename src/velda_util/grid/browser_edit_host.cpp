@@ -62,6 +62,7 @@ void BrowserEditHost::DropBeforeEditCopy() {
     if (row == kAppendRow) browser_.AppendChanged();
     browser_.typedFormulas_.clear();
     browser_.listOpen_ = false;
+    browser_.OnRowClosed();
 }
 
 void BrowserEditHost::SetRowInEdit(bool inEdit) {

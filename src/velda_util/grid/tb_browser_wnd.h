@@ -155,6 +155,8 @@ public:
     virtual bool CanDeleteRecords(const std::vector<int>& /*rows*/) { return true; }
     virtual void OnCanceledAddNew() {}
     virtual void OnCanceledModify() {}
+    /// The open row was written, dropped or lost.
+    virtual void OnRowClosed() {}
     /// Fills the texts of the row that was inserted by key.
     virtual void OnInsertEmptyRecord(int /*row*/) {}
     /// Texts with which a new row begins, by column id.

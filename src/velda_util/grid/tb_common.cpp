@@ -1,5 +1,8 @@
 #include "velda_util/grid/tb_common.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace velda {
 
 bool CTBCommon::Initialize() {
@@ -32,8 +35,21 @@ void CTBCommon::MakeItemEx(const std::uint32_t* keys, int count, int flag) {
 }
 
 void CTBCommon::FilterRecord(const std::uint32_t* keys, int count) {
+    if (!LeaveRow()) {
+        waitingFilter_ = Keys(keys, keys + std::max(count, 0));
+        return;
+    }
+    waitingFilter_.reset();
     DropFilter();
     MakeItemEx(keys, count, 1);
+}
+
+void CTBCommon::OnRowClosed() {
+    if (!waitingFilter_) return;
+    const Keys keys = *std::exchange(waitingFilter_, std::nullopt);
+    const GridUpdateLock lock(*this);
+    DropFilter();
+    MakeItemEx(keys.data(), static_cast<int>(keys.size()), 1);
 }
 
 void CTBCommon::PreFilterRecord(const Keys& keys) {

@@ -60,6 +60,7 @@ public:
     /// Without keys and with count -2 all records, otherwise those of the list. Flag 0 opens the table; flag 1 builds
     /// the rows anew that it shows now.
     virtual void MakeItemEx(const std::uint32_t* keys, int count, int flag);
+    /// Waits as long as the open row cannot be left.
     void FilterRecord(const std::uint32_t* keys, int count) override;
     /// Gives the table a key list.
     virtual void PreFilterRecord(const Keys& keys);
@@ -89,6 +90,7 @@ public:
     virtual bool OnDeleteRecord(int row) { return DeleteRecord(row) != 0; }
     bool OnDeleteRecords(const std::vector<int>& rows) override;
     RowTexts NewRowTexts() override;
+    void OnRowClosed() override;
 
 protected:
     ColumnMap CurrentColumnMap() const { return columns_.ColumnMap(); }
@@ -116,6 +118,7 @@ private:
     bool ToggleChecks();
 
     bool showsAll_ = true;
+    std::optional<Keys> waitingFilter_;  ///< of FilterRecord, until the open row is closed
 };
 
 }  // namespace velda
