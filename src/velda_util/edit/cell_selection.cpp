@@ -82,6 +82,11 @@ bool CellSelection::IsOfRows() const {
                                            [](const PositionRange& range) { return range.HoldsWholeRows(); });
 }
 
+bool CellSelection::IsOfColumns() const {
+    return !ranges_.empty() && std::all_of(ranges_.begin(), ranges_.end(),
+                                           [](const PositionRange& range) { return range.HoldsWholeColumns(); });
+}
+
 std::vector<PositionSpan> CellSelection::WholeRows(const NavigationSpace& space) const {
     std::vector<PositionSpan> spans;
     for (const PositionRange& range : ranges_) {
