@@ -182,6 +182,7 @@ void CTBBrowserWnd::SortWhenClosed() {
 
 void CTBBrowserWnd::EnableAppendRow(bool enable) {
     appendEnabled_ = enable;
+    lastRowHidden_ = false;
     AppendChanged();
 }
 
