@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "velda_lib/number_text.h"
+
 namespace velda {
 
 bool CTBCommon::Initialize() {
@@ -96,6 +98,18 @@ CTBCommon::RowTexts CTBCommon::NewRowTexts() {
         texts.push_back(id == GetKeyColID() ? GetNewKeyString() : GetDefaultCellText(id));
     }
     return texts;
+}
+
+void CTBCommon::AdjustAppendRowNo(int row) {
+    CTBBrowserWndEx::AdjustAppendRowNo(row);
+    const EditSession& session = Session();
+    if (!IsNewRowId(session.Row()) || session.State() == EditState::Committing) return;
+    const int place = PositionOfRow(session.Row());
+    const auto isKey = [this](const EditedCell& cell) { return cell.column == GetKeyColID(); };
+    const std::vector<EditedCell>& typed = session.AcceptedCells();
+    if (std::any_of(typed.begin(), typed.end(), isKey)) return;
+    const auto key = static_cast<std::uint32_t>(wtol(GetKeyString(place)));
+    if (RecordExists(key)) SetValueRange(place, KeyColumnNo(), GetNewKeyString());
 }
 
 CTBCommon::RowTexts CTBCommon::NewAppendTexts() {

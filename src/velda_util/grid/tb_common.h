@@ -91,6 +91,8 @@ public:
     bool OnDeleteRecords(const std::vector<int>& rows) override;
     RowTexts NewRowTexts() override;
     void OnRowClosed() override;
+    /// An open new row whose key was taken elsewhere gets another one, unless the user typed it.
+    void AdjustAppendRowNo(int row) override;
 
 protected:
     ColumnMap CurrentColumnMap() const { return columns_.ColumnMap(); }
