@@ -236,6 +236,8 @@ bool CTBBrowserWnd::DoCommand(TableCommand command) {
         case C::CopyWithHeaders: return Copy(true);
         case C::InsertRow: return InsertBeforeCurrent();
         case C::DeleteRows: return CanDeleteRowByPressingKey() && LeaveRow() && Told(session_.DeleteSelected());
+        // The window asks for what to search.
+        case C::Find: LeaveRow(); return false;
         case C::FindNext:
         case C::FindPrevious: {
             STBFindStruct find = m_Find;
