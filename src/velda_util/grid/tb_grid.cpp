@@ -27,9 +27,15 @@ Outcome CTBGrid::SaveLayout() {
     return registry.WriteToRegistry(tableName_);
 }
 
+GridPosition CTBGrid::SearchStart() const {
+    const PositionRange range = CommandRange();
+    if (range.top == range.bottom && range.left == range.right) return {range.top, range.left};
+    return current_.Position(*this);
+}
+
 void CTBGrid::UpdateFindParam(STBFindStruct& find) {
-    int col = 0;
-    if (!GetCurrentCell(find.currentRow, col)) find.currentRow = find.direction > 0 ? 0 : RowCount() + 1;
+    const GridPosition start = SearchStart();
+    find.currentRow = start.IsValid() ? start.row : find.direction > 0 ? 0 : RowCount() + 1;
 }
 
 std::string_view CTBGrid::SearchText(int row, int col, bool /*numbers*/, std::string& buffer) const {
@@ -75,9 +81,8 @@ bool CTBGrid::Find(STBFindStruct& find) {
 bool CTBGrid::FindNext(STBFindStruct& find) {
     if (find.text.empty() || !LeaveRow()) return false;
     UpdateFindParam(find);
-    int row = 0;
-    int col = 0;
-    if (!GetCurrentCell(row, col)) return FindFrom(find, 1);
+    if (!SearchStart().IsValid()) return FindFrom(find, 1);
+    int col = SearchStart().column;
     if (find.onlyCurrentColumn) {
         find.currentRow += find.direction > 0 ? 1 : -1;
         return FindFrom(find, col);

@@ -84,6 +84,8 @@ protected:
 
 private:
     bool FindFrom(STBFindStruct& find, int column);
+    /// The cell behind which a search goes on: the last one found, though it may not be entered, or the current one.
+    GridPosition SearchStart() const;
 
     std::string tableName_;
 };
