@@ -255,7 +255,7 @@ void CTBBrowserWnd::WriteRatio(int row, int col, std::string_view text) {
 
 bool CTBBrowserWnd::GetControlText(int row, int col, std::string& text, bool& active) const {
     const CellId cell = CellAt(row, col);
-    if (cell != current_.Cell()) return false;
+    if (cell != CurrentCellId()) return false;
     active = session_.IsCellOpen() && session_.Cell() == cell;
     if (active) {
         text = session_.EditorText();

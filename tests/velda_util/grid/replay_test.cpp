@@ -62,6 +62,14 @@ TEST_F(GridReplay, AnOpenRowThatIsDeletedElsewhereHandsItsTextsOver) {
     EXPECT_EQ(At().row, 2) << "the row that took its place";
 }
 
+TEST_F(GridReplay, TypingGoesOnInTheRowThatTookThePlaceOfADeletedOne) {
+    table.GoTo(2, PlateTable::Note);
+    db.Delete({2});
+    ASSERT_TRUE(table.TypeText("n"));
+    ASSERT_TRUE(table.Press("Enter"));
+    EXPECT_EQ(db.plates.at(3).note, "n");
+}
+
 TEST_F(GridReplay, AChangeOfAnotherRecordLeavesTheOpenRowAlone) {
     table.Enter(2, PlateTable::Name, "Mine");
     db.Put(9, {5, "New", 1.0, 1, false, ""});
