@@ -355,13 +355,13 @@ TEST_F(CurrentReferenceTest, AnOpenListShowsTheNewLines) {
     EXPECT_EQ("Roof", Watched().Session().EditorText());
 }
 
-TEST_F(CurrentReferenceTest, WhatIsBeingTypedInTheColumnStays) {
+TEST_F(CurrentReferenceTest, WhatTypingInTheListLedToStays) {
     AddGroup(7, "Base", 100);
     Watched().SetPontNameColumn(PartTable::kChoiceCol);
     ASSERT_TRUE(Watched().TypeText("Bas"));
     Watched().SetPontNameColumn(PartTable::kChoiceCol);
     EXPECT_TRUE(Watched().Session().IsCellOpen());
-    EXPECT_EQ("Bas", Watched().Session().EditorText());
+    EXPECT_EQ("Base", Watched().Session().EditorText());
 }
 
 }  // namespace
