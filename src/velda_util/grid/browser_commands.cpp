@@ -235,7 +235,9 @@ bool CTBBrowserWnd::DoCommand(TableCommand command) {
         case C::Copy: return Copy(false);
         case C::CopyWithHeaders: return Copy(true);
         case C::InsertRow: return InsertBeforeCurrent();
-        case C::DeleteRows: return CanDeleteRowByPressingKey() && LeaveRow() && Told(session_.DeleteSelected());
+        case C::DeleteRows:
+            if (session_.IsLocked()) return Told({EditRefusal::Locked});
+            return CanDeleteRowByPressingKey() && LeaveRow() && Told(session_.DeleteSelected());
         // The window asks for what to search.
         case C::Find: LeaveRow(); return false;
         case C::FindNext:

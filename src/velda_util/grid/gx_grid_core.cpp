@@ -154,9 +154,10 @@ void CGXGridCore::Redraw() {
 
 // ---- current cell and selection ----
 
-bool CGXGridCore::SetCurrentCell(int row, int col, int /*flags*/) {
+bool CGXGridCore::SetCurrentCell(int row, int col, int flags) {
     const GridPosition position{row, col};
     if (row < 1 || row > RowCount() || col < 1 || col > GetColCount() || !CanEnter(position)) return false;
+    if (flags == kRebuildControl && current_.Position(*this) == position) return true;
     current_.Set(*this, position);
     if (!selection_.IsEmpty()) {
         selection_.Clear();
@@ -178,8 +179,9 @@ CellId CGXGridCore::CurrentCellId() const {
 }
 
 bool CGXGridCore::EnterNearest(int row, int col, int step) {
+    if (row < 1 || row > RowCount()) return false;
     for (int at = std::clamp(col, 1, std::max(GetColCount(), 1)); at >= 1 && at <= GetColCount(); at += step) {
-        if (SetCurrentCell(row, at)) return true;
+        if (CanEnter({row, at})) return SetCurrentCell(row, at);
     }
     return false;
 }
@@ -208,6 +210,8 @@ void CGXGridCore::ClearSelection() {
     selection_.Clear();
     OnChangedSelection();
 }
+
+bool CGXGridCore::HasSeveralRanges() const { return selection_.Ranges().size() > 1; }
 
 PositionRange CGXGridCore::CommandRange() const {
     if (!selection_.IsEmpty()) {

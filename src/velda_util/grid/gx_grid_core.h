@@ -96,6 +96,8 @@ public:
 
     // ---- current cell and selection
 
+    /// Flag of SetCurrentCell: the cell stays the current one, and its control is made anew.
+    static constexpr int kRebuildControl = 10;
     /// Makes a cell the current one. False, and nothing moves, when it does not exist, cannot be entered, or the open
     /// row cannot be left.
     virtual bool SetCurrentCell(int row, int col, int flags = 0);
@@ -115,6 +117,7 @@ public:
     void ClearSelection();
     /// The rectangle that commands work on: the last selected one, or the current cell; an empty range without any.
     PositionRange CommandRange() const;
+    bool HasSeveralRanges() const;
 
     // ---- what moving about needs to know
 

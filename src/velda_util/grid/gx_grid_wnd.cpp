@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "velda_lib/msg_dll.h"
 #include "velda_util/clip/clipboard_text.h"
 #include "velda_util/style/display_text.h"
 
@@ -15,18 +16,29 @@ std::string CGXGridWnd::ClipboardCellText(int row, int col) const {
 }
 
 bool CGXGridWnd::Copy(bool withHeaders) {
-    PositionRange range = CommandRange();
-    // The append row is no record: it is copied only by itself.
-    if (HasAppendRow() && range.top < RowCount()) range.bottom = std::min(range.bottom, RowCount() - 1);
+    if (HasSeveralRanges() && !selection_.IsOfRows()) {
+        Host().OnMessage(CMsgDll::pfuncLoadStr("IDS_TB_ENGINE_SEVERAL_RANGES", 0));
+        return false;
+    }
+    const PositionRange range = CommandRange();
     std::vector<int> cols;
     for (int col = range.left; col <= range.right; ++col) {
         if (!IsColumnHidden(col)) cols.push_back(col);
     }
     if (range.bottom < range.top || cols.empty()) return false;
     TextBlock block;
-    for (int row = range.top; row <= range.bottom; ++row) {
-        for (const int col : cols) block.AddCell(ClipboardCellText(row, col));
-        block.EndRow();
+    const auto copyRows = [&](int first, int last) {
+        // The append row is no record: it is copied only by itself.
+        if (HasAppendRow() && first < RowCount()) last = std::min(last, RowCount() - 1);
+        for (int row = first; row <= last; ++row) {
+            for (const int col : cols) block.AddCell(ClipboardCellText(row, col));
+            block.EndRow();
+        }
+    };
+    if (HasSeveralRanges()) {
+        for (const PositionSpan& rows : selection_.WholeRows(*this)) copyRows(rows.first, rows.last);
+    } else {
+        copyRows(range.top, range.bottom);
     }
     std::vector<std::string> words;
     for (const int col : cols) {

@@ -227,7 +227,13 @@ void CTBBrowserWnd::SetValueRange(int row, int col, std::string_view text) {
         appendTexts_[at] = text;
     } else if (id != kInsertedRow) {
         rows_.Data().StoreText(id, column, text, IsNumericColumn(column));
+        sortWhenClosed_ = sortWhenClosed_ || IsSortColumn(column);
     }
+}
+
+bool CTBBrowserWnd::IsSortColumn(ColumnId column) const {
+    const std::vector<STBSortItem>& items = rows_.SortItems();
+    return std::any_of(items.begin(), items.end(), [column](const STBSortItem& item) { return item.column == column; });
 }
 
 void CTBBrowserWnd::WriteToReadOnlyCell(int row, int col, double value) {

@@ -204,6 +204,7 @@ private:
     struct Anchors;
 
     std::vector<bool> RowsThatMayHold(const STBFindStruct& find, const FindArea& area) const;
+    bool IsSortColumn(ColumnId column) const;
     std::string LiveText(RowId row, ColumnId column) const;
     std::vector<std::string> TextsOf(RowId row) const;
     int InvalidNumber(ColumnId column, CellNumberKind kind);

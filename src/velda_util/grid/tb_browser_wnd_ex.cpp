@@ -114,12 +114,17 @@ void CTBBrowserWndEx::OnChangedSelection() {
 void CTBBrowserWndEx::ShowSelected() {
     std::vector<std::uint32_t> keys;
     GetSelectedKeys(keys);
+    const std::vector<RowId> rows = RowsOfKeys(keys);
+    // Selected cells and columns are no rows of stored keys.
+    if (!rows.empty() || selection_.IsOfRows()) selection_.SelectRows(*this, rows);
+}
+
+std::vector<RowId> CTBBrowserWndEx::RowsOfKeys(std::span<const std::uint32_t> keys) const {
     std::vector<RowId> rows;
     for (const std::uint32_t key : keys) {
         if (const RowId row = Rows().RowOfKey(key); row != kNoRow) rows.push_back(row);
     }
-    // Selected cells and columns are no rows of stored keys.
-    if (!rows.empty() || selection_.IsOfRows()) selection_.SelectRows(*this, rows);
+    return rows;
 }
 
 void CTBBrowserWndEx::OnRowsMoved() {
@@ -134,11 +139,7 @@ void CTBBrowserWndEx::OnRowsMoved() {
 }
 
 void CTBBrowserWndEx::SelectKeys(std::span<const std::uint32_t> keys) {
-    std::vector<RowId> rows;
-    for (const std::uint32_t key : keys) {
-        if (const RowId row = Rows().RowOfKey(key); row != kNoRow) rows.push_back(row);
-    }
-    selection_.SelectRows(*this, rows);
+    selection_.SelectRows(*this, RowsOfKeys(keys));
     OnChangedSelection();
 }
 

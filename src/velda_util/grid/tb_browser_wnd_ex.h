@@ -96,6 +96,7 @@ private:
         std::vector<std::uint32_t> hidden{};  ///< keys that it keeps from being shown
     };
     bool MatchesFilter(RowId row) const;
+    std::vector<RowId> RowsOfKeys(std::span<const std::uint32_t> keys) const;
 
     std::vector<ColumnId> keyColumns_;
     std::vector<STBSortItem> sortInfo_;

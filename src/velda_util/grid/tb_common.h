@@ -118,6 +118,8 @@ private:
     bool EnterInOpenRow(const PositionRange& range, FunctionRef<std::string(int index, int col)> text);
     bool PasteInOpenRow(const TextBlock& block, PositionRange range);
     bool ToggleChecks();
+    /// Changes of many cells work on one range; the user is told when there are several.
+    bool HasOneRange();
 
     bool showsAll_ = true;
     std::optional<Keys> waitingFilter_;  ///< of FilterRecord, until the open row is closed

@@ -201,7 +201,14 @@ bool CTBCommon::PasteInOpenRow(const TextBlock& block, PositionRange range) {
     });
 }
 
+bool CTBCommon::HasOneRange() {
+    if (!HasSeveralRanges()) return true;
+    SetWarningText(CMsgDll::pfuncLoadStr("IDS_TB_ENGINE_SEVERAL_RANGES", 0));
+    return false;
+}
+
 bool CTBCommon::PasteText(const std::string& text, OnRefusal choice) {
+    if (!HasOneRange()) return false;
     TextBlock block;
     if (const Outcome read = ClipboardText::Read(text, block); !read) {
         SetWarningText(read.Reason());
@@ -217,6 +224,7 @@ bool CTBCommon::PasteText(const std::string& text, OnRefusal choice) {
 }
 
 bool CTBCommon::FillDown() {
+    if (!HasOneRange()) return false;
     PositionRange range = CommandRange();
     if (IsInOpenRow(range) && range.top > 1) {
         return EnterInOpenRow(range, [&](int /*index*/, int col) { return GetValueRowCol(range.top - 1, col); });
@@ -232,6 +240,7 @@ bool CTBCommon::FillDown() {
 }
 
 bool CTBCommon::ClearCells() {
+    if (!HasOneRange()) return false;
     PositionRange range = CommandRange();
     if (IsInOpenRow(range)) return EnterInOpenRow(range, [](int, int) { return std::string(); });
     if (!LeaveRow()) return false;
@@ -243,7 +252,7 @@ bool CTBCommon::ClearCells() {
 }
 
 bool CTBCommon::Replace(const ReplaceSettings& settings) {
-    if (!LeaveRow()) return false;
+    if (!HasOneRange() || !LeaveRow()) return false;
     std::optional<GridSelection> selection;
     if (!Selected().IsEmpty()) selection = SelectionOf(CommandRange());
     const auto access = [this](int row, int col) { return AccessOf(row, col); };
@@ -258,6 +267,7 @@ bool CTBCommon::Replace(const ReplaceSettings& settings) {
 }
 
 bool CTBCommon::ToggleChecks() {
+    if (!HasOneRange()) return false;
     const PositionRange range = CommandRange();
     if (range.top == range.bottom && range.left == range.right) return ToggleCheck();
     int row = 0;

@@ -17,9 +17,6 @@ namespace {
 using velda::CGXStyle;
 using Keys = std::vector<std::uint32_t>;
 
-/// With this flag a control that is open in the current cell makes its list anew.
-constexpr int kRebuildControl = 10;
-
 /// A type of static load cases and its bit in a mask.
 struct LoadTypeBit {
     std::string_view type;
