@@ -26,6 +26,8 @@ struct CommandResult {
     static CommandResult Done() { return {}; }
     static CommandResult Refused(std::string reason) { return {Kind::Refused, "", std::move(reason)}; }
     static CommandResult Unreadable(std::string why) { return {Kind::Unreadable, "", std::move(why)}; }
+    /// The words do not fit the command; the runner tells how it is used.
+    static CommandResult Misused() { return Unreadable({}); }
     static CommandResult Of(const velda::Outcome& outcome) { return outcome ? Done() : Refused(outcome.Reason()); }
     /// The result of comparing two texts. `found` is kept in any case, for expectations that are negated.
     static CommandResult Compare(std::string expected, std::string found) {
@@ -52,5 +54,13 @@ std::span<const ScriptCommand> ModelCommands();
 std::span<const ScriptCommand> RecordCommands();
 std::span<const ScriptCommand> HistoryCommands();
 std::span<const ScriptCommand> ChangeCommands();
+std::span<const ScriptCommand> ViewCommands();
+std::span<const ScriptCommand> CellCommands();
+std::span<const ScriptCommand> RowCommands();
+std::span<const ScriptCommand> LookCommands();
+std::span<const ScriptCommand> LayoutCommands();
+std::span<const ScriptCommand> SelectionCommands();
+std::span<const ScriptCommand> ClipCommands();
+std::span<const ScriptCommand> CallCommands();
 
 }  // namespace zt

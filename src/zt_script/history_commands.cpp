@@ -16,6 +16,7 @@ bool ReadCount(ScriptWords words, int& count) {
 CommandResult MoveSteps(ScriptSession& session, ScriptWords words, int (DB_CDataBase::*move)(int)) {
     int count = 1;
     if (!ReadCount(words, count)) return CommandResult::Unreadable("a number of steps is needed");
+    if (velda::Outcome left = session.LeaveRows(); !left) return CommandResult::Of(left);
     const int moved = (session.Database().*move)(count);
     return moved == count ? CommandResult::Done() : CommandResult::Refused(session.Database().GetLastReason());
 }
@@ -23,16 +24,18 @@ CommandResult MoveSteps(ScriptSession& session, ScriptWords words, int (DB_CData
 CommandResult Undo(ScriptSession& session, ScriptWords words) { return MoveSteps(session, words, &DB_CDataBase::Undo); }
 CommandResult Redo(ScriptSession& session, ScriptWords words) { return MoveSteps(session, words, &DB_CDataBase::Redo); }
 
-CommandResult UndoTo(ScriptSession& session, ScriptWords words) {
-    if (words.size() != 1) return CommandResult::Unreadable("undo to \"name\"");
-    return session.Database().UndoTo(words[0].value) ? CommandResult::Done()
-                                                     : CommandResult::Refused(session.Database().GetLastReason());
+CommandResult MoveToStep(ScriptSession& session, ScriptWords words, int (DB_CDataBase::*move)(const std::string&)) {
+    if (words.size() != 1) return CommandResult::Misused();
+    if (velda::Outcome left = session.LeaveRows(); !left) return CommandResult::Of(left);
+    return (session.Database().*move)(words[0].value) ? CommandResult::Done()
+                                                      : CommandResult::Refused(session.Database().GetLastReason());
 }
 
+CommandResult UndoTo(ScriptSession& session, ScriptWords words) {
+    return MoveToStep(session, words, &DB_CDataBase::UndoTo);
+}
 CommandResult RedoTo(ScriptSession& session, ScriptWords words) {
-    if (words.size() != 1) return CommandResult::Unreadable("redo to \"name\"");
-    return session.Database().RedoTo(words[0].value) ? CommandResult::Done()
-                                                     : CommandResult::Refused(session.Database().GetLastReason());
+    return MoveToStep(session, words, &DB_CDataBase::RedoTo);
 }
 
 CommandResult BeginGroup(ScriptSession& session, ScriptWords words) {

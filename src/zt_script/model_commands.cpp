@@ -11,8 +11,7 @@ namespace {
 
 CommandResult NewModel(ScriptSession& session, ScriptWords words) {
     if (!words.empty()) return CommandResult::Unreadable("model new takes no words");
-    session.NewModel();
-    return CommandResult::Done();
+    return CommandResult::Of(session.NewModel());
 }
 
 CommandResult OpenModel(ScriptSession& session, ScriptWords words) {
@@ -24,6 +23,7 @@ CommandResult OpenModel(ScriptSession& session, ScriptWords words) {
 
 CommandResult SaveModel(ScriptSession& session, ScriptWords words) {
     if (words.size() != 1) return CommandResult::Unreadable("model save FILE");
+    if (velda::Outcome left = session.LeaveRows(); !left) return CommandResult::Of(left);
     return CommandResult::Of(session.Doc().SaveAs(words[0].value));
 }
 

@@ -10,8 +10,9 @@
 namespace zt {
 namespace {
 
-constexpr std::span<const ScriptCommand> (*kTables[])() = {&ModelCommands, &RecordCommands, &HistoryCommands,
-                                                           &ChangeCommands};
+constexpr std::span<const ScriptCommand> (*kTables[])() = {
+    &ModelCommands, &RecordCommands, &HistoryCommands, &ChangeCommands,    &ViewCommands, &CellCommands,
+    &RowCommands,   &LookCommands,   &LayoutCommands,  &SelectionCommands, &ClipCommands, &CallCommands};
 
 /// Number of words in which a command's name fits the beginning of a line; 0 when it does not.
 std::size_t FittingWords(std::string_view name, ScriptWords words) {
@@ -40,7 +41,9 @@ CommandResult RunCommand(ScriptSession& session, ScriptWords words) {
     }
     if (!best) return CommandResult::Unreadable("unknown command " + words.front().value);
     try {
-        return best->run(session, words.subspan(bestWords));
+        CommandResult result = best->run(session, words.subspan(bestWords));
+        const bool misused = result.kind == CommandResult::Kind::Unreadable && result.found.empty();
+        return misused ? CommandResult::Unreadable(std::string(best->usage)) : result;
     } catch (const std::exception& exception) {
         return CommandResult::Refused(exception.what());
     }
@@ -53,6 +56,12 @@ ScriptCount& ScriptCount::operator+=(const ScriptCount& other) {
     failed += other.failed;
     unreadable += other.unreadable;
     return *this;
+}
+
+std::vector<std::span<const ScriptCommand>> ScriptRunner::Commands() {
+    std::vector<std::span<const ScriptCommand>> tables;
+    for (const auto table : kTables) tables.push_back(table());
+    return tables;
 }
 
 std::string ScriptRunner::Usage() {
@@ -86,6 +95,7 @@ CommandResult ScriptRunner::RunLine(ScriptSession& session, ScriptWords words, b
     const bool refused = words[0].value == "refused" && !words[0].quoted;
     const bool expects = words[0].value == "expect" && !words[0].quoted;
     isCheck = refused || expects;
+    if (!expects) session.Host().ForgetTold();
     if (refused) return RunRefused(session, words.subspan(1));
     if (expects && words.size() > 2 && words[1].value == "not" && !words[1].quoted) return RunNegated(session, words);
     return RunCommand(session, words);

@@ -3,6 +3,7 @@
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "zt_script/command.h"
 
@@ -29,6 +30,8 @@ public:
     /// `name` stands for the file in messages.
     ScriptCount RunText(const std::string& name, std::string_view text);
 
+    /// All commands, in the tables of their subjects.
+    static std::vector<std::span<const ScriptCommand>> Commands();
     /// A line for each command, for a help text.
     static std::string Usage();
 

@@ -314,7 +314,7 @@ TEST(ScriptCount, SeveralScriptsAddUp) {
 TEST(ScriptUsage, EveryCommandHasALine) {
     const std::string usage = ScriptRunner::Usage();
     std::size_t lines = 0;
-    for (const auto table : {ModelCommands(), RecordCommands(), HistoryCommands(), ChangeCommands()}) {
+    for (const auto table : ScriptRunner::Commands()) {
         for (const ScriptCommand& command : table) {
             EXPECT_TRUE(command.usage.starts_with(command.name)) << command.name;
             EXPECT_NE(usage.find("  " + std::string(command.usage) + "\n"), std::string::npos) << command.name;

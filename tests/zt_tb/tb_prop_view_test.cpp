@@ -1,0 +1,107 @@
+#include "zt_tb/model/tb_prop_view.h"
+
+#include "velda_lib/language.h"
+#include "zt_db/records/pont.h"
+#include "zt_tb/model/tb_thik.h"
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace zt {
+namespace {
+
+using ::testing::ElementsAre;
+
+class TBPropViewTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        velda::SetCurrentLanguage(velda::Language::English);
+        doc_->MakeCurrent();
+        Add(3, "W200");
+        Add(7, "W150");
+    }
+    void TearDown() override { CDBDoc::m_pDBDoc = nullptr; }
+
+    void Add(std::uint32_t key, const std::string& name) {
+        T_THIK_D record;
+        record.name = name;
+        ASSERT_TRUE(CTBCommonWnd::GetDB()->GetClass<CClassThik>()->TR_Add(key, record));
+    }
+    static CTBThik& TableOf(const CTBView& view) { return dynamic_cast<CTBThik&>(*view.GetActiveGrid()); }
+
+    std::unique_ptr<CDBDoc> doc_ = CDBDoc::New();
+};
+
+TEST_F(TBPropViewTest, ListsItsTablesInTheOrderOfTheirKinds) {
+    int last = 0;
+    for (const CTBPropView::TableEntry& entry : CTBPropView::Tables()) {
+        EXPECT_GT(entry.kind, last);
+        last = entry.kind;
+    }
+    EXPECT_EQ(CTBPropView::kThickness, last);
+}
+
+TEST_F(TBPropViewTest, ShowsATabForEachTableWithTheAskedOneInFront) {
+    CTBPropView view;
+    ASSERT_TRUE(view.SetTable(CTBPropView::kThickness, *doc_));
+    EXPECT_EQ(static_cast<int>(CTBPropView::Tables().size()), view.GetTabCount());
+    EXPECT_EQ("Thickness", view.GetTabLabel(view.GetCurrentTab()));
+    EXPECT_EQ("Properties", view.GetTitle());
+    EXPECT_THAT(TableOf(view).ShownKeys(), ElementsAre(3, 7));
+}
+
+TEST_F(TBPropViewTest, MakesNothingForAKindWithoutATable) {
+    for (const int kind : {-1, 0, 4}) {
+        CTBPropView view;
+        EXPECT_FALSE(view.SetTable(kind, *doc_)) << kind;
+        EXPECT_EQ(0, view.GetTabCount());
+        EXPECT_EQ(nullptr, view.GetActiveGrid());
+    }
+}
+
+TEST_F(TBPropViewTest, FollowsTheDocumentUntilItIsClosed) {
+    auto view = std::make_unique<CTBPropView>();
+    ASSERT_TRUE(view->SetTable(CTBPropView::kThickness, *doc_));
+    Add(5, "W180");
+    EXPECT_THAT(TableOf(*view).ShownKeys(), ElementsAre(3, 5, 7));
+    view.reset();
+    Add(9, "W90");
+}
+
+TEST_F(TBPropViewTest, ShowsTheRecordsUnderTheKeysOfSelectedNodes) {
+    T_PONT_D node;
+    const std::vector<std::uint32_t> keys{7, 3};
+    ASSERT_TRUE(CTBCommonWnd::GetDB()->GetClass<CClassPont>()->TR_Add(keys, {node, node}));
+    Add(5, "W180");
+    CTBCommonWnd::GetDB()->GetViewCtrl()->SelectPont(nullptr, keys);
+    CTBPropView view;
+    ASSERT_TRUE(view.SetTable(CTBPropView::kThickness, *doc_));
+    EXPECT_THAT(TableOf(view).ShownKeys(), ElementsAre(3, 7));
+}
+
+TEST_F(TBPropViewTest, IsDrawnOnceAsItOpens) {
+    CTBPropView view;
+    ASSERT_TRUE(view.SetTable(CTBPropView::kThickness, *doc_));
+    EXPECT_EQ(1u, TableOf(view).RedrawCount());
+    EXPECT_FALSE(TableOf(view).IsUpdateLocked());
+}
+
+TEST_F(TBPropViewTest, OpensLockedWhileResultsAreCurrent) {
+    doc_->SetExcuted(1);
+    CTBPropView view;
+    ASSERT_TRUE(view.SetTable(CTBPropView::kThickness, *doc_));
+    EXPECT_TRUE(TableOf(view).IsEditModeLocked());
+}
+
+TEST_F(TBPropViewTest, ShowsKeyZeroAsAnEmptyText) {
+    CTBPropView view;
+    ASSERT_TRUE(view.SetTable(CTBPropView::kThickness, *doc_));
+    T_THIK_D record;
+    record.name = "W1";
+    record.thickness = 1.0 / 3.0;
+    EXPECT_THAT(TableOf(view).SortKeyTexts(0, record), ElementsAre(""));
+    EXPECT_THAT(TableOf(view).SortKeyTexts(12, record), ElementsAre("12"));
+    EXPECT_THAT(TableOf(view).TextsOf({0, record}), ElementsAre("", "W1", "0.333333333333333"));
+}
+
+}  // namespace
+}  // namespace zt
