@@ -54,7 +54,6 @@ public:
     Outcome BeginSheet(const Sheet& sheet, const std::string& name) override;
     Outcome WriteCell(std::uint32_t row, std::uint32_t col, const SheetCell& cell) override;
     Outcome EndRow() override;
-    Outcome EndSheet() override { return Flush(); }
     Outcome Close() override;
 
 private:

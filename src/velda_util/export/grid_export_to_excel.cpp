@@ -85,7 +85,7 @@ Outcome CGridExportToExcel::WriteSheet(SheetFile& file, const Sheet& sheet) {
         if (ended) ended = RowDone();
         if (!ended) return ended;
     }
-    return file.EndSheet();
+    return Outcome::Done();
 }
 
 Outcome CGridExportToExcel::RowDone() {

@@ -17,7 +17,6 @@ public:
     virtual Outcome BeginSheet(const Sheet& sheet, const std::string& name) = 0;
     virtual Outcome WriteCell(std::uint32_t row, std::uint32_t col, const SheetCell& cell) = 0;
     virtual Outcome EndRow() = 0;
-    virtual Outcome EndSheet() = 0;
     /// Completes the file. Nothing may be called after it.
     virtual Outcome Close() = 0;
 };

@@ -1,6 +1,6 @@
 #include <xlsxwriter.h>
 
-#include <array>
+#include <algorithm>
 #include <string>
 #include <utility>
 #include <vector>
@@ -62,7 +62,6 @@ public:
     Outcome BeginSheet(const Sheet& sheet, const std::string& name) override;
     Outcome WriteCell(std::uint32_t row, std::uint32_t col, const SheetCell& cell) override;
     Outcome EndRow() override { return Outcome::Done(); }
-    Outcome EndSheet() override;
     Outcome Close() override { return OutcomeOf(workbook_close(std::exchange(book_, nullptr))); }
 
 private:
@@ -72,7 +71,10 @@ private:
     };
 
     Outcome SetLayout();
-    Outcome WriteText(std::uint32_t row, lxw_col_t col, const SheetCell& cell);
+    /// What belongs to a row and goes to the file with it: its height, and the merges that begin there.
+    Outcome BeginRow(std::uint32_t row);
+    Outcome WriteContent(std::uint32_t row, lxw_col_t col, const SheetCell& cell);
+    Outcome WriteText(std::uint32_t row, lxw_col_t col, const std::string& text, lxw_format* format);
     /// The format of a look; null for the plain one.
     lxw_format* FormatOf(const SheetLook& look, std::uint32_t col);
     lxw_format* NewFormat(const SheetLook& look);
@@ -80,6 +82,8 @@ private:
     lxw_workbook* book_ = nullptr;
     lxw_worksheet* page_ = nullptr;
     const Sheet* sheet_ = nullptr;
+    std::vector<SheetMerge> merges_;  ///< by their first rows
+    std::size_t nextMerge_ = 0;
     std::vector<Format> formats_;
     std::vector<std::size_t> lastFormats_;  ///< by column, the place in `formats_` that its last cell had
 };
@@ -91,6 +95,10 @@ Outcome XlsxFile::BeginSheet(const Sheet& sheet, const std::string& name) {
     page_ = book_ ? workbook_add_worksheet(book_, name.c_str()) : nullptr;
     if (!page_) return OutcomeOf(LXW_ERROR_MEMORY_MALLOC_FAILED);
     lastFormats_.assign(sheet.ColumnCount(), 0);
+    merges_ = sheet.Merges();
+    const auto byFirstRow = [](const SheetMerge& a, const SheetMerge& b) { return a.firstRow < b.firstRow; };
+    std::sort(merges_.begin(), merges_.end(), byFirstRow);
+    nextMerge_ = 0;
     return SetLayout();
 }
 
@@ -105,40 +113,46 @@ Outcome XlsxFile::SetLayout() {
     return OutcomeOf(error);
 }
 
-Outcome XlsxFile::WriteCell(std::uint32_t row, std::uint32_t col, const SheetCell& cell) {
-    const auto at = static_cast<lxw_col_t>(col);
-    if (col == 0 && row < sheet_->HeaderRowCount()) {
-        // A row's height goes to the file with the row.
+Outcome XlsxFile::BeginRow(std::uint32_t row) {
+    if (row < sheet_->HeaderRowCount()) {
         worksheet_set_row_pixels(page_, row, static_cast<std::uint32_t>(sheet_->HeaderRowHeight()), nullptr);
     }
-    lxw_format* format = FormatOf(cell.look, col);
-    switch (cell.kind) {
-        case SheetCell::Kind::Number: return OutcomeOf(worksheet_write_number(page_, row, at, cell.number, format));
-        case SheetCell::Kind::Check: return OutcomeOf(worksheet_write_boolean(page_, row, at, cell.checked, format));
-        case SheetCell::Kind::Text: return WriteText(row, at, cell);
-        case SheetCell::Kind::Empty: break;
-    }
-    const bool isSeen = cell.look.isHeader || cell.look.interior;
-    return isSeen ? OutcomeOf(worksheet_write_blank(page_, row, at, format)) : Outcome::Done();
-}
-
-Outcome XlsxFile::WriteText(std::uint32_t row, lxw_col_t col, const SheetCell& cell) {
-    const lxw_error error = worksheet_write_string(page_, row, col, cell.text.c_str(), FormatOf(cell.look, col));
-    if (error != LXW_ERROR_MAX_STRING_LENGTH_EXCEEDED) return OutcomeOf(error);
-    return Outcome::Refused(
-        FormatText("IDS_TB_EXPORT_TEXT_TOO_LONG", {sheet_->Name(), FormatLong(row + 1), FormatLong(kMaxCharacters)}));
-}
-
-Outcome XlsxFile::EndSheet() {
-    // Without text and format a merge writes no cells. The cells were written with their rows and cannot be written
-    // again.
-    for (const SheetMerge& merge : sheet_->Merges()) {
+    for (; nextMerge_ < merges_.size() && merges_[nextMerge_].firstRow == row; ++nextMerge_) {
+        const SheetMerge& merge = merges_[nextMerge_];
+        // Without text and format a merge writes no cells, which would end the row before its time.
         const lxw_error error =
             worksheet_merge_range(page_, merge.firstRow, static_cast<lxw_col_t>(merge.firstCol), merge.lastRow,
                                   static_cast<lxw_col_t>(merge.lastCol), nullptr, nullptr);
         if (error != LXW_NO_ERROR) return OutcomeOf(error);
     }
     return Outcome::Done();
+}
+
+Outcome XlsxFile::WriteCell(std::uint32_t row, std::uint32_t col, const SheetCell& cell) {
+    if (col == 0) {
+        Outcome begun = BeginRow(row);
+        if (!begun) return begun;
+    }
+    return WriteContent(row, static_cast<lxw_col_t>(col), cell);
+}
+
+Outcome XlsxFile::WriteContent(std::uint32_t row, lxw_col_t col, const SheetCell& cell) {
+    lxw_format* format = FormatOf(cell.look, col);
+    switch (cell.kind) {
+        case SheetCell::Kind::Number: return OutcomeOf(worksheet_write_number(page_, row, col, cell.number, format));
+        case SheetCell::Kind::Check: return OutcomeOf(worksheet_write_boolean(page_, row, col, cell.checked, format));
+        case SheetCell::Kind::Text: return WriteText(row, col, cell.text, format);
+        case SheetCell::Kind::Empty: break;
+    }
+    const bool isSeen = cell.look.isHeader || cell.look.interior;
+    return isSeen ? OutcomeOf(worksheet_write_blank(page_, row, col, format)) : Outcome::Done();
+}
+
+Outcome XlsxFile::WriteText(std::uint32_t row, lxw_col_t col, const std::string& text, lxw_format* format) {
+    const lxw_error error = worksheet_write_string(page_, row, col, text.c_str(), format);
+    if (error != LXW_ERROR_MAX_STRING_LENGTH_EXCEEDED) return OutcomeOf(error);
+    return Outcome::Refused(
+        FormatText("IDS_TB_EXPORT_TEXT_TOO_LONG", {sheet_->Name(), FormatLong(row + 1), FormatLong(kMaxCharacters)}));
 }
 
 lxw_format* XlsxFile::FormatOf(const SheetLook& look, std::uint32_t col) {
