@@ -63,5 +63,6 @@ std::span<const ScriptCommand> SelectionCommands();
 std::span<const ScriptCommand> ClipCommands();
 std::span<const ScriptCommand> ExportCommands();
 std::span<const ScriptCommand> CallCommands();
+std::span<const ScriptCommand> ControlCommands();
 
 }  // namespace zt

@@ -1,16 +1,22 @@
 #include "zt_script/script_session.h"
 
+#include <utility>
+
 #include "velda_util/pref/table_registry.h"
 #include "zt_db/sample/sample_building.h"
 
 namespace zt {
 
-ScriptSession::ScriptSession(std::ostream& output) : output_(output) {
+ScriptSession::ScriptSession(std::ostream& output)
+    : output_(output), findBefore_(std::exchange(velda::CTBGrid::m_Find, {})) {
     velda::TableRegistry::OfProcess().UseFile(velda::PreferenceFile(std::filesystem::path()));
     Use(CDBDoc::New());
 }
 
-ScriptSession::~ScriptSession() { velda::TableRegistry::OfProcess().UseFile(velda::PreferenceFile()); }
+ScriptSession::~ScriptSession() {
+    velda::CTBGrid::m_Find = findBefore_;
+    velda::TableRegistry::OfProcess().UseFile(velda::PreferenceFile());
+}
 
 // The units that the script chose stay when it turns to another model.
 CInitCtrl ScriptSession::Settings() const {

@@ -6,13 +6,14 @@
 #include <string>
 
 #include "zt_db/doc/doc.h"
+#include "zt_script/script_control.h"
 #include "zt_script/script_host.h"
 #include "zt_script/script_views.h"
 
 namespace zt {
 
 /// What a running script works on: the open model, the views that show it, and what its commands remember. Tables have
-/// their default preferences, and what a script changes of these is not kept.
+/// their default preferences, and what a script changes of these or searches for is not kept.
 class ScriptSession {
 public:
     explicit ScriptSession(std::ostream& output);
@@ -33,6 +34,10 @@ public:
     velda::Outcome OpenModel(const std::string& path, OpenMode mode);
     /// A new model with a sample building.
     velda::Outcome SampleModel(const std::string& name);
+
+    /// The control that keys are pressed in; null while there is none.
+    ScriptControl* Control() { return control_.get(); }
+    void SetControl(std::unique_ptr<ScriptControl> control) { control_ = std::move(control); }
 
     /// Shows a view.
     void OpenView(std::unique_ptr<CTBView> view);
@@ -58,9 +63,11 @@ private:
     void Use(std::unique_ptr<CDBDoc> doc);
 
     std::ostream& output_;
+    velda::STBFindStruct findBefore_;
     ScriptHost host_;
     std::unique_ptr<CDBDoc> doc_;
     ScriptViews views_;
+    std::unique_ptr<ScriptControl> control_;
     std::uint64_t mark_ = 0;
     std::string reason_;
     std::string value_;

@@ -38,7 +38,8 @@ CurrentCell::End CurrentCell::EndAt(const NavigationSpace& space, GridPosition p
 GridPosition CurrentCell::End::Position(const NavigationSpace& space) const {
     if (!place.IsValid()) return {};
     const int row = space.PositionOfRow(cell.row);
-    const GridPosition now{row > 0 ? row : std::min(place.row, space.RowCount()), space.PositionOfColumn(cell.column)};
+    // The row is gone, or it is the append row and not shown any more.
+    const GridPosition now{std::min(row > 0 ? row : place.row, space.RowCount()), space.PositionOfColumn(cell.column)};
     return now.IsValid() ? now : GridPosition{};
 }
 
@@ -80,6 +81,11 @@ bool CellSelection::Contains(GridPosition position) const {
 bool CellSelection::IsOfRows() const {
     return !ranges_.empty() && std::all_of(ranges_.begin(), ranges_.end(),
                                            [](const PositionRange& range) { return range.HoldsWholeRows(); });
+}
+
+bool CellSelection::IsOfColumns() const {
+    return !ranges_.empty() && std::all_of(ranges_.begin(), ranges_.end(),
+                                           [](const PositionRange& range) { return range.HoldsWholeColumns(); });
 }
 
 std::vector<PositionSpan> CellSelection::WholeRows(const NavigationSpace& space) const {

@@ -96,6 +96,8 @@ public:
     bool Contains(GridPosition position) const;
     /// Whether whole rows are selected, and nothing less.
     bool IsOfRows() const;
+    /// Whether whole columns are selected, and nothing less.
+    bool IsOfColumns() const;
 
     /// Rows that are selected as a whole, rows and columns that are touched by a selected cell; sorted, without
     /// overlap.

@@ -13,8 +13,10 @@ std::vector<std::string> CTBBrowserWnd::TextsOf(RowId row) const {
 void CTBBrowserWnd::RememberFormulas(RowId row) {
     if (row == kNoRow || IsNewRowId(row)) return;
     const std::uint32_t key = rows_.KeyOf(row);
-    for (const auto& [column, expression] : typedFormulas_) {
-        formulas_[{key, column}] = {expression, rows_.Data().Text(row, column)};
+    for (const auto& [column, formula] : typedFormulas_) {
+        // A switch of units or a dependency of another cell may have put another value there.
+        if (edit_.live[static_cast<std::size_t>(column)] != formula.value) continue;
+        formulas_[{key, column}] = {formula.expression, rows_.Data().Text(row, column)};
     }
 }
 
@@ -68,13 +70,34 @@ bool CTBBrowserWnd::TypeText(const std::string& text) {
     const CellId cell = CurrentCellId();
     if (cell.row == kNoRow) return false;
     if (listOpen_) {
-        const ChoiceList choices = ChoicesOf(PositionOfRow(cell.row), PositionOfColumn(cell.column));
-        typedInList_ += text;
-        const auto line = choices.IndexOfTyped(typedInList_, choices.IndexOfKey(session_.EditorText()));
-        return line && Told(session_.ChangeText(std::string(choices.Key(*line))));
+        const std::optional<std::string> key = TypedKey(text, session_.EditorText());
+        return key && Told(session_.ChangeText(*key));
     }
     if (session_.IsCellOpen()) return Told(session_.ChangeText(session_.EditorText() + text));
-    return Told(session_.StartTyping(cell, text));
+    typedInList_.clear();
+    const std::optional<std::string> key =
+        IsClosedList(cell) ? TypedKey(text, LiveText(cell.row, cell.column)) : std::nullopt;
+    if (!Told(session_.StartTyping(cell, key.value_or(text)))) return false;
+    listOpen_ = key.has_value();
+    return true;
+}
+
+bool CTBBrowserWnd::IsClosedList(CellId cell) const {
+    const ControlKind control = StyleOf(PositionOfRow(cell.row), PositionOfColumn(cell.column)).GetControl();
+    return control == ControlKind::TabbedDropDownList || control == ControlKind::DropDownList;
+}
+
+std::optional<std::string> CTBBrowserWnd::TypedKey(const std::string& text, const std::string& current) {
+    const CellId cell = CurrentCellId();
+    const ChoiceList choices = ChoicesOf(PositionOfRow(cell.row), PositionOfColumn(cell.column));
+    const auto from = choices.IndexOfKey(current);
+    typedInList_ += text;
+    auto line = choices.IndexOfTyped(typedInList_, from);
+    if (!line) {
+        typedInList_ = text;
+        line = choices.IndexOfTyped(text, from);
+    }
+    return line ? std::optional(std::string(choices.Key(*line))) : std::nullopt;
 }
 
 // ---- keys ----
@@ -113,8 +136,17 @@ bool CTBBrowserWnd::MoveBy(NavigationStep step) {
     const GridPosition target = Navigate(*this, {row, col}, step);
     if (!target.IsValid()) return false;
     if (step == NavigationStep::Next || step == NavigationStep::Previous) rowEntry_.Begin(CurrentCellId());
-    if (target == GridPosition{row, col}) return !session_.IsCellOpen() || Told(session_.AcceptCell());
+    if (target == GridPosition{row, col}) {
+        if (session_.IsCellOpen() && !Told(session_.AcceptCell())) return false;
+        const bool endsNewRow = step == NavigationStep::Next && session_.Row() == kAppendRow;
+        return !endsNewRow || (LeaveRow() && BeginNextRow());
+    }
     return SetCurrentCell(target.row, target.column);
+}
+
+bool CTBBrowserWnd::BeginNextRow() {
+    const GridPosition first = Navigate(*this, {RowCount(), 1}, NavigationStep::RowStart);
+    return SetCurrentCell(first.row, first.column);
 }
 
 bool CTBBrowserWnd::ExtendBy(NavigationStep step) {
@@ -130,15 +162,21 @@ bool CTBBrowserWnd::EnterDown() {
     if (!GetCurrentCell(row, col)) return MoveBy(NavigationStep::TableStart);
     if (session_.IsCellOpen() && !Told(session_.AcceptCell())) return false;
     const CellId cell = CurrentCellId();
-    const bool wasNew = IsNewRowId(cell.row) && session_.IsRowOpen();
+    const bool wasNew = cell.row == kAppendRow && session_.IsRowOpen();
     const int column = PositionOfColumn(rowEntry_.End(cell));
     const GridPosition target = velda::EnterDown(*this, {row, col}, column);
-    // A new row that was written makes room for the next one.
+    // An append row that was written makes room for the next one.
     if (target.row == row || wasNew) {
         if (!LeaveRow()) return false;
         return CGXGridCore::SetCurrentCell(wasNew ? RowCount() : std::min(row, RowCount()), column);
     }
     return SetCurrentCell(target.row, target.column);
+}
+
+bool CTBBrowserWnd::InsertBeforeCurrent() {
+    const CellId cell = CurrentCellId();
+    if (cell.row == kNoRow || !Told(session_.InsertRow(cell.row))) return false;
+    return CGXGridCore::SetCurrentCell(insertedAt_, PositionOfColumn(cell.column));
 }
 
 bool CTBBrowserWnd::StepList(int step) {
@@ -196,13 +234,15 @@ bool CTBBrowserWnd::DoCommand(TableCommand command) {
         case C::SelectColumn: return SelectWhole(command);
         case C::Copy: return Copy(false);
         case C::CopyWithHeaders: return Copy(true);
-        case C::InsertRow: return CurrentCellId().row != kNoRow && Told(session_.InsertRow(CurrentCellId().row));
+        case C::InsertRow: return InsertBeforeCurrent();
         case C::DeleteRows: return CanDeleteRowByPressingKey() && LeaveRow() && Told(session_.DeleteSelected());
+        // The window asks for what to search.
+        case C::Find: LeaveRow(); return false;
         case C::FindNext:
         case C::FindPrevious: {
             STBFindStruct find = m_Find;
             find.direction = command == C::FindNext ? 1 : 0;
-            return LeaveRow() && FindNext(find);
+            return FindNext(find);
         }
         default: return false;
     }

@@ -1,6 +1,5 @@
 #include "velda_util/grid/browser_edit_host.h"
 
-#include "velda_lib/msg_dll.h"
 #include "velda_util/formula/formula.h"
 #include "velda_util/grid/tb_browser_wnd.h"
 
@@ -20,7 +19,7 @@ GridPosition BrowserEditHost::Place(CellId cell) const {
 bool BrowserEditHost::CanEditCell(CellId cell) const {
     const GridPosition place = Place(cell);
     if (!place.IsValid() || (cell.row == kAppendRow && !browser_.HasAppendRow())) return false;
-    return browser_.IsEnabled(place.row, place.column) && !browser_.IsReadOnly(place.row, place.column);
+    return browser_.CanEnter(place) && !browser_.IsReadOnly(place.row, place.column);
 }
 
 bool BrowserEditHost::IsNewRow(RowId row) const {
@@ -30,7 +29,9 @@ bool BrowserEditHost::IsNewRow(RowId row) const {
 std::string BrowserEditHost::EditText(CellId cell) const {
     std::string text = browser_.LiveText(cell.row, cell.column);
     const auto typed = browser_.typedFormulas_.find(cell.column);
-    if (cell.row == browser_.edit_.row && typed != browser_.typedFormulas_.end()) return text;
+    if (cell.row == browser_.edit_.row && typed != browser_.typedFormulas_.end() && typed->second.value == text) {
+        return typed->second.expression;
+    }
     if (IsNewRowId(cell.row)) return text;
     const auto found = browser_.formulas_.find({browser_.rows_.KeyOf(cell.row), cell.column});
     return found != browser_.formulas_.end() && found->second.value == text ? found->second.expression : text;
@@ -40,11 +41,11 @@ void BrowserEditHost::StoreCellText(CellId cell, const std::string& text) {
     const GridPosition place = Place(cell);
     std::string value = text;
     browser_.ReadChoice(place.row, place.column, value);
-    const bool numeric = browser_.IsNumericColumn(cell.column);
-    if (numeric && IsFormula(value)) {
-        browser_.typedFormulas_[cell.column] = value;
-    } else {
-        browser_.typedFormulas_.erase(cell.column);
+    browser_.typedFormulas_.erase(cell.column);
+    if (browser_.IsNumericColumn(cell.column) && IsFormula(value)) {
+        const std::string expression = value;
+        browser_.ConvertFormulaToValue(cell.column, value);
+        browser_.typedFormulas_[cell.column] = {expression, value};
     }
     browser_.edit_.live[static_cast<std::size_t>(cell.column)] = std::move(value);
 }
@@ -56,10 +57,12 @@ void BrowserEditHost::TakeBeforeEditCopy(RowId row) {
 }
 
 void BrowserEditHost::DropBeforeEditCopy() {
-    if (browser_.edit_.row == kInsertedRow) browser_.insertedAt_ = 0;
-    browser_.edit_ = {};
+    const RowId row = std::exchange(browser_.edit_, {}).row;
+    if (row == kInsertedRow) browser_.insertedAt_ = 0;
+    if (row == kAppendRow) browser_.AppendChanged();
     browser_.typedFormulas_.clear();
     browser_.listOpen_ = false;
+    browser_.OnRowClosed();
 }
 
 void BrowserEditHost::SetRowInEdit(bool inEdit) {
@@ -82,7 +85,7 @@ bool BrowserEditHost::OnValidateField(CellId cell, const std::string& text, std:
     const GridPosition place = Place(cell);
     std::string value = text;
     if (!browser_.ReadChoice(place.row, place.column, value)) {
-        const std::string reason = CMsgDll::pfuncLoadStr("IDS_TB_ENGINE_NOT_IN_LIST", 0);
+        const std::string reason = browser_.ChoiceReason(place.row, place.column, text);
         findings.push_back({cell.row, cell.column, EditRule::Field, text, reason});
         browser_.SetWarningText(browser_.GetTitle(cell.column) + ": " + reason);
         return false;
@@ -115,7 +118,11 @@ bool BrowserEditHost::OnValidateRecord(RowId row, std::vector<EditFinding>& find
 Outcome BrowserEditHost::OnAddNewRecord(RowId row) {
     browser_.lastCome_ = 0;
     const bool done = browser_.OnAddNewRecord(browser_.PositionOfRow(row));
-    if (done && browser_.lastCome_ != 0) browser_.RememberFormulas(browser_.rows_.RowOfKey(browser_.lastCome_));
+    if (done && browser_.lastCome_ != 0) {
+        const RowId written = browser_.rows_.RowOfKey(browser_.lastCome_);
+        browser_.RememberFormulas(written);
+        if (row == kInsertedRow && written != kNoRow) browser_.current_.RowReplaced(row, written);
+    }
     return OutcomeOf(done, browser_);
 }
 

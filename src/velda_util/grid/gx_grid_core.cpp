@@ -172,6 +172,11 @@ bool CGXGridCore::GetCurrentCell(int& row, int& col) const {
     return position.IsValid();
 }
 
+CellId CGXGridCore::CurrentCellId() const {
+    const GridPosition position = current_.Position(*this);
+    return position.IsValid() ? CellId{RowIdAt(position.row), IdOfColumn(position.column)} : CellId{};
+}
+
 bool CGXGridCore::EnterNearest(int row, int col, int step) {
     for (int at = std::clamp(col, 1, std::max(GetColCount(), 1)); at >= 1 && at <= GetColCount(); at += step) {
         if (SetCurrentCell(row, at)) return true;

@@ -101,7 +101,8 @@ public:
     virtual bool SetCurrentCell(int row, int col, int flags = 0);
     /// Position of the current cell; false when there is none.
     bool GetCurrentCell(int& row, int& col) const;
-    CellId CurrentCellId() const { return current_.Cell(); }
+    /// The current cell by ids; that of the row that took its place when its row is gone.
+    CellId CurrentCellId() const;
     /// The nearest cell of a row that can be entered, from `col` to the left or to the right. False when there is none.
     bool SetLeftValidCell(int row, int col);
     bool SetRightValidCell(int row, int col);

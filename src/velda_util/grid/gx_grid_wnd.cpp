@@ -1,5 +1,7 @@
 #include "velda_util/grid/gx_grid_wnd.h"
 
+#include <algorithm>
+
 #include "velda_util/clip/clipboard_text.h"
 #include "velda_util/style/display_text.h"
 
@@ -13,7 +15,9 @@ std::string CGXGridWnd::ClipboardCellText(int row, int col) const {
 }
 
 bool CGXGridWnd::Copy(bool withHeaders) {
-    const PositionRange range = CommandRange();
+    PositionRange range = CommandRange();
+    // The append row is no record: it is copied only by itself.
+    if (HasAppendRow() && range.top < RowCount()) range.bottom = std::min(range.bottom, RowCount() - 1);
     std::vector<int> cols;
     for (int col = range.left; col <= range.right; ++col) {
         if (!IsColumnHidden(col)) cols.push_back(col);

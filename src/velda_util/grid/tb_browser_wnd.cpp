@@ -20,6 +20,13 @@ bool IsCheckBox(ControlKind control) {
     return control == ControlKind::CheckBox || control == ControlKind::CaptionCheckBox;
 }
 
+bool ReadCheckList(const ChoiceList& choices, std::string& text) {
+    std::vector<std::size_t> lines;
+    if (!choices.ReadJoinedText(text, lines)) return false;
+    text = choices.JoinedText(lines);
+    return true;
+}
+
 }  // namespace
 
 CTBBrowserWnd::CTBBrowserWnd() = default;
@@ -175,6 +182,7 @@ void CTBBrowserWnd::SortWhenClosed() {
 
 void CTBBrowserWnd::EnableAppendRow(bool enable) {
     appendEnabled_ = enable;
+    lastRowHidden_ = false;
     AppendChanged();
 }
 
@@ -247,7 +255,7 @@ void CTBBrowserWnd::WriteRatio(int row, int col, std::string_view text) {
 
 bool CTBBrowserWnd::GetControlText(int row, int col, std::string& text, bool& active) const {
     const CellId cell = CellAt(row, col);
-    if (cell != current_.Cell()) return false;
+    if (cell != CurrentCellId()) return false;
     active = session_.IsCellOpen() && session_.Cell() == cell;
     if (active) {
         text = session_.EditorText();
@@ -259,11 +267,8 @@ bool CTBBrowserWnd::GetControlText(int row, int col, std::string& text, bool& ac
 }
 
 std::string CTBBrowserWnd::GetLiveText(int row, int col) const {
-    std::string text;
-    bool active = false;
-    if (!GetControlText(row, col, text, active)) return GetValueRowCol(row, col);
-    if (active) return text;
-    return InverseCheck(text);
+    const bool isOpen = session_.IsCellOpen() && session_.Cell() == CellAt(row, col);
+    return isOpen ? session_.EditorText() : GetValueRowCol(row, col);
 }
 
 void CTBBrowserWnd::ConvertFormulaToValue(ColumnId column, std::string& text) const {
@@ -274,13 +279,21 @@ ChoiceList CTBBrowserWnd::ChoicesOf(int row, int col) const { return StyleOf(row
 
 bool CTBBrowserWnd::ReadChoice(int row, int col, std::string& text) const {
     const CGXStyle& style = StyleOf(row, col);
-    if (!IsListControl(style.GetControl()) || text.empty()) return true;
+    if (text.empty()) return true;
+    if (IsCheckBox(style.GetControl())) return text == "0" || text == "1";
     const ChoiceList choices = style.GetChoices();
+    if (style.GetControl() == ControlKind::CheckListComboBox) return ReadCheckList(choices, text);
+    if (!IsListControl(style.GetControl())) return true;
     if (const auto line = choices.IndexOfText(text)) {
         text = choices.Key(*line);
         return true;
     }
     return style.GetControl() == ControlKind::ComboBox || choices.IndexOfKey(text).has_value();
+}
+
+std::string CTBBrowserWnd::ChoiceReason(int row, int col, const std::string& text) const {
+    const bool checkBox = IsCheckBox(StyleOf(row, col).GetControl());
+    return FormatText(checkBox ? "IDS_TB_ENGINE_EDIT_FIELD_REFUSED" : "IDS_TB_ENGINE_NOT_IN_LIST", {text});
 }
 
 // ---- numbers and warnings ----

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <map>
+#include <optional>
+#include <string>
 #include <utility>
 
 #include "velda_util/edit/edit_session.h"
@@ -116,15 +118,15 @@ public:
     /// Handles a key; false when it is no business of the table.
     bool ProcessKey(KeyChord chord);
     virtual bool DoCommand(TableCommand command);
-    /// Types into the current cell: over its text, or on in the open editor. In a cell with an open list it leads to
-    /// the line that begins so.
+    /// Types into the current cell: over its text, or on in the open editor. In a closed list, and wherever a list is
+    /// open, it leads to the line that begins so.
     bool TypeText(const std::string& text);
     /// Replaces the text of the open editor: what a window does at each change.
     bool ChangeEditorText(const std::string& text) { return Told(session_.ChangeText(text)); }
     /// Types a text into a cell and accepts it; the row stays open.
     bool EditCell(int row, int col, const std::string& text);
     /// Leaves the open row before something else goes on; false when it stays open with its findings.
-    bool LeaveRow();
+    bool LeaveRow() override;
     bool IsListOpen() const { return listOpen_; }
 
     // ---- filling; for the classes above and for tests of them
@@ -153,6 +155,8 @@ public:
     virtual bool CanDeleteRecords(const std::vector<int>& /*rows*/) { return true; }
     virtual void OnCanceledAddNew() {}
     virtual void OnCanceledModify() {}
+    /// The open row was written, dropped or lost.
+    virtual void OnRowClosed() {}
     /// Fills the texts of the row that was inserted by key.
     virtual void OnInsertEmptyRecord(int /*row*/) {}
     /// Texts with which a new row begins, by column id.
@@ -181,8 +185,10 @@ protected:
     /// Adds a finding about the cell or row that is being checked.
     void AddFinding(EditFinding finding);
     /// What a typed or pasted text means in a cell: the key of a listed name; any other text as it stands. False for a
-    /// text that is not in a closed list.
+    /// text that is not in a closed list, and for one that is no state of a check box.
     bool ReadChoice(int row, int col, std::string& text) const;
+    /// Why ReadChoice refused a text.
+    std::string ChoiceReason(int row, int col, const std::string& text) const;
     /// Collects findings instead of telling them, as long as it lives.
     class FindingCollector;
     bool ToggleCheck();
@@ -207,8 +213,14 @@ private:
     KeySituation Situation() const;
     CellId CellAt(int row, int col) const { return {RowIdAt(row), IdOfColumn(col)}; }
     bool EnterDown();
+    bool InsertBeforeCurrent();
+    bool BeginNextRow();
     bool ExtendBy(NavigationStep step);
     bool StepList(int step);
+    /// A list that takes no text but its own.
+    bool IsClosedList(CellId cell) const;
+    /// The key of the line that typing leads to. What does not go on from what was typed before begins anew.
+    std::optional<std::string> TypedKey(const std::string& text, const std::string& current);
     bool SelectWhole(TableCommand command);
     void RememberFormulas(RowId row);
     bool IsNumericColumn(ColumnId column) const { return columns_.Info(column).type != ColumnType::String; }
@@ -241,8 +253,8 @@ private:
         std::string value;
     };
     std::map<std::pair<std::uint32_t, ColumnId>, Formula> formulas_;
-    std::map<ColumnId, std::string> typedFormulas_;  ///< of the open row
-    std::uint32_t lastCome_ = 0;                     ///< key of the record that came alone with the last replay
+    std::map<ColumnId, Formula> typedFormulas_;  ///< of the open row
+    std::uint32_t lastCome_ = 0;                 ///< key of the record that came alone with the last replay
 };
 
 class CTBBrowserWnd::FindingCollector {

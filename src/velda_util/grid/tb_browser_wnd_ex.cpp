@@ -118,7 +118,8 @@ void CTBBrowserWndEx::ShowSelected() {
     for (const std::uint32_t key : keys) {
         if (const RowId row = Rows().RowOfKey(key); row != kNoRow) rows.push_back(row);
     }
-    selection_.SelectRows(*this, rows);
+    // Selected cells and columns are no rows of stored keys.
+    if (!rows.empty() || selection_.IsOfRows()) selection_.SelectRows(*this, rows);
 }
 
 void CTBBrowserWndEx::OnRowsMoved() {
@@ -127,7 +128,7 @@ void CTBBrowserWndEx::OnRowsMoved() {
         ShowSelected();
     } else if (current_.IsExtended()) {
         selection_.Select(PositionRange::Of(current_.Position(*this), current_.ExtentPosition(*this)));
-    } else {
+    } else if (!selection_.IsOfColumns()) {
         selection_.Clear();
     }
 }

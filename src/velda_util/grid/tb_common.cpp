@@ -1,5 +1,10 @@
 #include "velda_util/grid/tb_common.h"
 
+#include <algorithm>
+#include <utility>
+
+#include "velda_lib/number_text.h"
+
 namespace velda {
 
 bool CTBCommon::Initialize() {
@@ -32,8 +37,21 @@ void CTBCommon::MakeItemEx(const std::uint32_t* keys, int count, int flag) {
 }
 
 void CTBCommon::FilterRecord(const std::uint32_t* keys, int count) {
+    if (!LeaveRow()) {
+        waitingFilter_ = Keys(keys, keys + std::max(count, 0));
+        return;
+    }
+    waitingFilter_.reset();
     DropFilter();
     MakeItemEx(keys, count, 1);
+}
+
+void CTBCommon::OnRowClosed() {
+    if (!waitingFilter_) return;
+    const Keys keys = *std::exchange(waitingFilter_, std::nullopt);
+    const GridUpdateLock lock(*this);
+    DropFilter();
+    MakeItemEx(keys.data(), static_cast<int>(keys.size()), 1);
 }
 
 void CTBCommon::PreFilterRecord(const Keys& keys) {
@@ -80,6 +98,18 @@ CTBCommon::RowTexts CTBCommon::NewRowTexts() {
         texts.push_back(id == GetKeyColID() ? GetNewKeyString() : GetDefaultCellText(id));
     }
     return texts;
+}
+
+void CTBCommon::AdjustAppendRowNo(int row) {
+    CTBBrowserWndEx::AdjustAppendRowNo(row);
+    const EditSession& session = Session();
+    if (!IsNewRowId(session.Row()) || session.State() == EditState::Committing) return;
+    const int place = PositionOfRow(session.Row());
+    const auto isKey = [this](const EditedCell& cell) { return cell.column == GetKeyColID(); };
+    const std::vector<EditedCell>& typed = session.AcceptedCells();
+    if (std::any_of(typed.begin(), typed.end(), isKey)) return;
+    const auto key = static_cast<std::uint32_t>(wtol(GetKeyString(place)));
+    if (RecordExists(key)) SetValueRange(place, KeyColumnNo(), GetNewKeyString());
 }
 
 CTBCommon::RowTexts CTBCommon::NewAppendTexts() {

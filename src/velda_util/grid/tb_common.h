@@ -60,6 +60,7 @@ public:
     /// Without keys and with count -2 all records, otherwise those of the list. Flag 0 opens the table; flag 1 builds
     /// the rows anew that it shows now.
     virtual void MakeItemEx(const std::uint32_t* keys, int count, int flag);
+    /// Waits as long as the open row cannot be left.
     void FilterRecord(const std::uint32_t* keys, int count) override;
     /// Gives the table a key list.
     virtual void PreFilterRecord(const Keys& keys);
@@ -89,6 +90,9 @@ public:
     virtual bool OnDeleteRecord(int row) { return DeleteRecord(row) != 0; }
     bool OnDeleteRecords(const std::vector<int>& rows) override;
     RowTexts NewRowTexts() override;
+    void OnRowClosed() override;
+    /// An open new row whose key was taken elsewhere gets another one, unless the user typed it.
+    void AdjustAppendRowNo(int row) override;
 
 protected:
     ColumnMap CurrentColumnMap() const { return columns_.ColumnMap(); }
@@ -109,9 +113,14 @@ private:
     void CheckRow(const ChangePlan& plan, const PlannedRow& row, Batch& batch);
     std::size_t Write(Batch& batch);
     std::size_t WriteRange(Batch& batch, bool adds, std::size_t first, std::size_t count);
+    /// A change within the open row is an edit of it: the row need not be complete yet.
+    bool IsInOpenRow(const PositionRange& range) const;
+    bool EnterInOpenRow(const PositionRange& range, FunctionRef<std::string(int index, int col)> text);
+    bool PasteInOpenRow(const TextBlock& block, PositionRange range);
     bool ToggleChecks();
 
     bool showsAll_ = true;
+    std::optional<Keys> waitingFilter_;  ///< of FilterRecord, until the open row is closed
 };
 
 }  // namespace velda

@@ -5,6 +5,7 @@
 #include "velda_util/clip/clipboard_text.h"
 #include "velda_util/clip/fill_plan.h"
 #include "velda_util/clip/paste_plan.h"
+#include "velda_util/clip/plan_builder.h"
 #include "velda_util/formula/formula.h"
 #include "velda_util/grid/tb_common.h"
 
@@ -58,13 +59,15 @@ GridSelection CTBCommon::SelectionOf(const PositionRange& range) const {
 void CTBCommon::CheckRow(const ChangePlan& plan, const PlannedRow& row, Batch& batch) {
     const bool adds = row.target == kNewRow;
     const int place = adds ? GetRowCount() : row.target;
+    while (adds && RecordExists(static_cast<std::uint32_t>(batch.nextKey))) ++batch.nextKey;
     RowTexts texts(ColumnSlots());
     std::vector<bool> given(ColumnSlots());
     for (const PlannedCell& cell : plan.rows.Cells(row)) {
         const auto at = static_cast<std::size_t>(PositionOfColumn(cell.column) - 1);
         std::string text(plan.rows.Text(cell));
-        if (!ReadChoice(place, PositionOfColumn(cell.column), text)) {
-            batch.report.Refuse(row, cell.column, text, CMsgDll::pfuncLoadStr("IDS_TB_ENGINE_NOT_IN_LIST", 0));
+        const int col = static_cast<int>(at) + 1;
+        if (!ReadChoice(place, col, text)) {
+            batch.report.Refuse(row, cell.column, text, ChoiceReason(place, col, text));
             return;
         }
         ConvertFormulaToValue(cell.column, text);
@@ -152,9 +155,9 @@ bool CTBCommon::Apply(const ChangePlan& plan, const char* stepKey, OnRefusal cho
             return false;
         }
         written = Write(batch);
-        if (!batch.report.MayWrite()) {
+        if (!batch.report.MayWrite()) written = 0;
+        if (written == 0) {
             CancelStep();
-            written = 0;
         } else if (!EndStep()) {
             SetWarningText(GetRefusalReason());
             return false;
@@ -169,22 +172,57 @@ bool CTBCommon::Apply(const ChangePlan& plan, const char* stepKey, OnRefusal cho
 
 bool CTBCommon::Paste(OnRefusal choice) { return PasteText(Host().GetClipboardText(), choice); }
 
+bool CTBCommon::IsInOpenRow(const PositionRange& range) const {
+    return Session().IsRowOpen() && range.top == range.bottom && RowIdAt(range.top) == Session().Row();
+}
+
+bool CTBCommon::EnterInOpenRow(const PositionRange& range, FunctionRef<std::string(int index, int col)> text) {
+    int index = 0;
+    for (int col = range.left; col <= range.right; ++col) {
+        if (IsColumnHidden(col)) continue;
+        const std::string entered = text(index++, col);
+        if (AccessOf(range.top, col) != CellAccess::Editable) continue;
+        if (Told(OpenSession().EnterText({RowIdAt(range.top), IdOfColumn(col)}, entered))) continue;
+        SetCurrentCell(range.top, col);
+        return false;
+    }
+    return true;
+}
+
+bool CTBCommon::PasteInOpenRow(const TextBlock& block, PositionRange range) {
+    const int width = static_cast<int>(block.CellsInRow(0));
+    if (width > 1) {
+        const std::vector<TargetColumn> columns = VisibleColumns(PlanTargetNow(), range.left, GetColCount());
+        const std::size_t last = std::min(columns.size(), block.CellsInRow(0));
+        range.right = last > 0 ? columns[last - 1].position : range.left - 1;
+    }
+    return EnterInOpenRow(range, [&](int index, int /*col*/) {
+        return std::string(block.Cell(0, static_cast<std::size_t>(width > 1 ? index : 0)));
+    });
+}
+
 bool CTBCommon::PasteText(const std::string& text, OnRefusal choice) {
-    if (!LeaveRow()) return false;
-    const PositionRange range = CommandRange();
     TextBlock block;
     if (const Outcome read = ClipboardText::Read(text, block); !read) {
         SetWarningText(read.Reason());
         return false;
     }
-    if (range.bottom < range.top || block.RowCount() == 0) return false;
+    if (block.RowCount() == 0) return false;
+    if (block.RowCount() == 1 && IsInOpenRow(CommandRange())) return PasteInOpenRow(block, CommandRange());
+    if (!LeaveRow()) return false;
+    const PositionRange range = CommandRange();
+    if (range.bottom < range.top) return false;
     const auto access = [this](int row, int col) { return AccessOf(row, col); };
     return Apply(PlanPaste(block, SelectionOf(range), PlanTargetNow(), access), "IDS_TB_ENGINE_STEP_PASTE", choice);
 }
 
 bool CTBCommon::FillDown() {
+    PositionRange range = CommandRange();
+    if (IsInOpenRow(range) && range.top > 1) {
+        return EnterInOpenRow(range, [&](int /*index*/, int col) { return GetValueRowCol(range.top - 1, col); });
+    }
     if (!LeaveRow()) return false;
-    const PositionRange range = CommandRange();
+    range = CommandRange();
     if (range.bottom < range.top) return false;
     const auto access = [this](int row, int col) { return AccessOf(row, col); };
     std::string buffer;
@@ -194,8 +232,10 @@ bool CTBCommon::FillDown() {
 }
 
 bool CTBCommon::ClearCells() {
+    PositionRange range = CommandRange();
+    if (IsInOpenRow(range)) return EnterInOpenRow(range, [](int, int) { return std::string(); });
     if (!LeaveRow()) return false;
-    const PositionRange range = CommandRange();
+    range = CommandRange();
     if (range.bottom < range.top) return false;
     const auto access = [this](int row, int col) { return AccessOf(row, col); };
     return Apply(PlanClear(SelectionOf(range), PlanTargetNow(), access), "IDS_TB_ENGINE_STEP_CLEAR",

@@ -18,9 +18,15 @@ Outcome CTBGrid::SaveLayout() {
     return registry.WriteToRegistry(tableName_);
 }
 
+GridPosition CTBGrid::SearchStart() const {
+    const PositionRange range = CommandRange();
+    if (range.top == range.bottom && range.left == range.right) return {range.top, range.left};
+    return current_.Position(*this);
+}
+
 void CTBGrid::UpdateFindParam(STBFindStruct& find) {
-    int col = 0;
-    if (!GetCurrentCell(find.currentRow, col)) find.currentRow = find.direction > 0 ? 0 : RowCount() + 1;
+    const GridPosition start = SearchStart();
+    find.currentRow = start.IsValid() ? start.row : find.direction > 0 ? 0 : RowCount() + 1;
 }
 
 FindResult CTBGrid::Search(const STBFindStruct& find, const FindArea& area) const {
@@ -54,7 +60,7 @@ bool CTBGrid::FindFrom(STBFindStruct& find, int column) {
 }
 
 bool CTBGrid::Find(STBFindStruct& find) {
-    if (find.text.empty()) return false;
+    if (find.text.empty() || !LeaveRow()) return false;
     int row = 0;
     int col = 1;
     GetCurrentCell(row, col);
@@ -62,11 +68,10 @@ bool CTBGrid::Find(STBFindStruct& find) {
 }
 
 bool CTBGrid::FindNext(STBFindStruct& find) {
-    if (find.text.empty()) return false;
+    if (find.text.empty() || !LeaveRow()) return false;
     UpdateFindParam(find);
-    int row = 0;
-    int col = 0;
-    if (!GetCurrentCell(row, col)) return FindFrom(find, 1);
+    if (!SearchStart().IsValid()) return FindFrom(find, 1);
+    int col = SearchStart().column;
     if (find.onlyCurrentColumn) {
         find.currentRow += find.direction > 0 ? 1 : -1;
         return FindFrom(find, col);

@@ -57,6 +57,8 @@ public:
     static inline STBFindStruct m_Find;
     /// Prepares a search that starts at the current cell.
     virtual void UpdateFindParam(STBFindStruct& find);
+    /// Leaves the open row, where there is one, before something else goes on; false when it stays open.
+    virtual bool LeaveRow() { return true; }
     /// Searches on from `find.currentRow` and makes the cell found the current one. The host is told when the search
     /// wrapped or found nothing. False when nothing was found or the open row cannot be left.
     bool Find(STBFindStruct& find);
@@ -81,6 +83,8 @@ protected:
 
 private:
     bool FindFrom(STBFindStruct& find, int column);
+    /// The cell behind which a search goes on: the last one found, though it may not be entered, or the current one.
+    GridPosition SearchStart() const;
 
     std::string tableName_;
 };

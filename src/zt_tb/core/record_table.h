@@ -51,6 +51,7 @@ public:
     /// Name under which the table class registers; said once at load time.
     static std::string Register() { return RegisterTable(Table::Declared().name, &AppendPreferences); }
 
+    using CTBCommonWnd::Initialize;
     /// Binds the table to its record class and sets its columns up.
     void Initialize(CTBView* /*view*/) {
         class_ = GetDB() ? GetDB()->template GetClass<Class>() : nullptr;

@@ -84,7 +84,9 @@ int CTBCommonWnd::Renumber(const IntMap& numbers, std::span<const velda::ColumnI
     }
     const velda::GridUpdateLock lock(*this);
     for (int row = 1; row < GetRowCount(); ++row) RenumberRow(row, cols, numbers);
-    if (!IsRowInEdit()) SortTable(SortInfo());
+    // While a row is being edited nothing moves: the engine sorts when the row is closed, because later changes are
+    // merged into rows that stand in order.
+    SortTable(SortInfo());
     return 1;
 }
 

@@ -105,8 +105,8 @@ public:
     /// The deleted member that member type data belonged to; 0 for any other key.
     std::uint32_t GetDeletedMembKByMbtpK(std::uint32_t key) const;
 
-    // ---- renumbering: changes the numbers that the rows show in place, and sorts the rows unless one is being edited.
-    // False when the change renumbered nothing, or the column does not exist.
+    // ---- renumbering: changes the numbers that the rows show in place and sorts the rows, or has them sorted when the
+    // row that is being edited is closed. False when nothing was renumbered or the column does not exist.
 
     int ConvOldMembNo2NewMembNo(const CViewBuff& buffer, velda::ColumnId colId);
     /// With two columns, only the first of a row that shows an old number is changed.
