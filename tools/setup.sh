@@ -1,8 +1,9 @@
 # Sourced by ./run and ./test: installs the Debian packages that a task needs, as far as they are missing.
 # README.md says what each is for.
 
-packages_build="g++ cmake ninja-build ccache mold gettext libmuparser-dev libsqlite3-dev"
-packages_test="libgtest-dev libgmock-dev libbenchmark-dev"
+packages_build="g++ cmake ninja-build ccache mold gettext libmuparser-dev libsqlite3-dev \
+    libxlsxwriter-dev pkg-config"
+packages_test="libgtest-dev libgmock-dev libbenchmark-dev zlib1g-dev"
 packages_fuzz="clang libclang-rt-dev"
 
 # install_packages SET... with the names of the sets above

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "export_command.h"
 #include "zt_db/doc/doc.h"
 #include "zt_script/script_runner.h"
 
@@ -15,6 +16,8 @@ constexpr int kWrongUse = 2;
 
 void PrintUsage(std::ostream& output) {
     output << "zts info FILE                 what a model file holds, and what is wrong with it\n"
+              "zts export MODEL [--table KIND]... --out FILE\n"
+              "                              writes tables to FILE.xlsx or FILE.csv; all without --table\n"
               "zts script FILE...            runs table scripts\n"
               "zts help                      this text and the commands of scripts\n";
 }
@@ -55,10 +58,20 @@ int RunScripts(const std::vector<std::string>& files) {
     return total.ExitStatus();
 }
 
+int ExportTables(const std::vector<std::string>& words) {
+    const auto request = ReadExportRequest(words);
+    if (!request) {
+        PrintUsage(std::cerr);
+        return kWrongUse;
+    }
+    return Export(*request) ? 0 : kFailed;
+}
+
 int Run(const std::vector<std::string>& arguments) {
     const std::string command = arguments.empty() ? "" : arguments[0];
     const std::vector<std::string> rest(arguments.begin() + (arguments.empty() ? 0 : 1), arguments.end());
     if (command == "info") return Info(rest);
+    if (command == "export") return ExportTables(rest);
     if (command == "script") return RunScripts(rest);
     if (command == "help" || command == "--help") {
         PrintUsage(std::cout);

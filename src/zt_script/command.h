@@ -61,6 +61,7 @@ std::span<const ScriptCommand> LookCommands();
 std::span<const ScriptCommand> LayoutCommands();
 std::span<const ScriptCommand> SelectionCommands();
 std::span<const ScriptCommand> ClipCommands();
+std::span<const ScriptCommand> ExportCommands();
 std::span<const ScriptCommand> CallCommands();
 std::span<const ScriptCommand> ControlCommands();
 

@@ -26,6 +26,12 @@ void ScriptViews::CloseAll() {
     active_ = 0;
 }
 
+std::vector<const CTBView*> ScriptViews::All() const {
+    std::vector<const CTBView*> all;
+    for (const OpenView& open : views_) all.push_back(open.view.get());
+    return all;
+}
+
 CTBCommonWnd* ScriptViews::ActiveTable() const {
     const CTBView* view = Active();
     return view ? dynamic_cast<CTBCommonWnd*>(view->GetActiveGrid()) : nullptr;

@@ -22,6 +22,8 @@ public:
 
     /// Null when no view is open.
     CTBView* Active() const { return views_.empty() ? nullptr : views_[active_].view.get(); }
+    /// All open views.
+    std::vector<const CTBView*> All() const;
     /// The table in front in the active view; null when there is none.
     CTBCommonWnd* ActiveTable() const;
 

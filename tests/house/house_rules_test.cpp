@@ -41,7 +41,8 @@ constexpr std::array<Floor, 9> kFloors{{{"velda_lib", 0},
                                         {"zt_tb", 5},
                                         {"zt_script", 6}}};
 
-/// Headers that do not come with the language, by the beginning of their name, and the folders that may include them.
+/// Headers that do not come with the language, by the beginning of their name, and the folders or files that may
+/// include them.
 struct Library {
     std::string_view header;
     std::vector<std::string_view> folders;
@@ -52,8 +53,8 @@ const std::vector<Library>& Libraries() {
         {"H5", {"src/zt_db/file/", "tests/zt_db/"}},
         {"hdf5", {"src/zt_db/file/", "tests/zt_db/"}},
         {"pugixml", {"src/zt_db/file/"}},
-        {"xlsxwriter", {"src/zt_db/file/", "src/velda_util/xlsx/"}},
-        {"zip.h", {"src/zt_db/file/", "src/velda_util/xlsx/"}},
+        {"xlsxwriter", {"src/velda_util/export/xlsx_file.cpp", "bench/"}},
+        {"zlib.h", {"tests/velda_util/"}},
         {"muParser", {"src/velda_util/formula/"}},
         {"Eigen/", {"src/zt_anl/", "tests/zt_anl/"}},
         {"Spectra/", {"src/zt_anl/"}},

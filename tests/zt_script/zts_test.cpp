@@ -33,6 +33,7 @@ protected:
     void Write(const std::string& name, std::string_view text) const {
         std::ofstream(folder_.File(name), std::ios::binary) << text;
     }
+    std::filesystem::path File(const std::string& name) const { return folder_.File(name); }
     std::string Content(const std::string& name) const {
         std::ostringstream text;
         text << std::ifstream(folder_.File(name), std::ios::binary).rdbuf();
@@ -49,12 +50,40 @@ private:
 };
 
 TEST_F(ZtsTest, WrongWordsGetTheUsageAndStatusTwo) {
-    for (const char* words : {"", "nonsense", "info", "info a b", "script", "HELP"}) {
+    for (const char* words :
+         {"", "nonsense", "info", "info a b", "script", "HELP", "export", "export model", "export --out a.csv",
+          "export model --out", "export model --out a.csv --out b.csv", "export model --kind x --out a.csv"}) {
         const Result result = Zts(words);
         EXPECT_EQ(result.status, 2) << words;
         EXPECT_EQ(result.output, "") << words;
         EXPECT_THAT(result.errors, StartsWith("zts info FILE")) << words;
     }
+}
+
+TEST_F(ZtsTest, ExportWritesTheTablesThatAreNamed) {
+    SaveSample("model.ztm");
+    for (const char* words : {"--table THIK --out a.csv", "--out a.csv --table Thickness", "--out a.csv"}) {
+        std::filesystem::remove(File("a.csv"));
+        const Result result = Zts("export model.ztm " + std::string(words));
+        EXPECT_EQ(result.status, 0) << words << result.errors;
+        EXPECT_THAT(Content("a.csv"), HasSubstr("Name,Thickness (")) << words;
+    }
+    EXPECT_EQ(Zts("export model.ztm --out a.xlsx").status, 0);
+    EXPECT_THAT(Content("a.xlsx"), StartsWith("PK"));
+}
+
+TEST_F(ZtsTest, ExportTellsWhyItWasRefused) {
+    SaveSample("model.ztm");
+    const auto refused = [this](const std::string& words, const std::string& reason) {
+        const Result result = Zts("export " + words);
+        EXPECT_EQ(result.status, 1) << words;
+        EXPECT_THAT(result.errors, HasSubstr(reason)) << words;
+    };
+    refused("missing.ztm --out a.csv", "missing.ztm");
+    refused("model.ztm --table NONE --out a.csv", "NONE; there are THIK");
+    refused("model.ztm --out missing/a.csv", "missing/a.csv");
+    refused("model.ztm --out a.txt", "a.txt");
+    EXPECT_FALSE(std::filesystem::exists(File("a.csv")));
 }
 
 TEST_F(ZtsTest, HelpTellsTheUsageAndTheCommandsOfScripts) {

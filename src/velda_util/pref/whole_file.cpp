@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
-#include <cstdlib>
+#include <string>
 #include <thread>
 
 #include <sys/file.h>
@@ -35,13 +35,13 @@ private:
     int file_;
 };
 
-std::error_code WriteAndSync(int file, std::string_view bytes) {
+std::error_code WriteAll(int file, std::string_view bytes) {
     while (!bytes.empty()) {
         const ssize_t written = write(file, bytes.data(), bytes.size());
         if (written < 0 && errno != EINTR) return LastError();
         if (written > 0) bytes.remove_prefix(static_cast<std::size_t>(written));
     }
-    return fsync(file) == 0 ? std::error_code() : LastError();
+    return {};
 }
 
 void SyncFolder(const fs::path& folder) {
@@ -71,23 +71,47 @@ std::error_code ReadWholeFile(const fs::path& path, std::size_t maxBytes, std::s
     return {};
 }
 
+PartFile::PartFile(const fs::path& target, std::error_code& error) : target_(fs::weakly_canonical(target, error)) {
+    constexpr int kTries = 1000;
+    if (!error && fs::is_directory(target_)) error = std::make_error_code(std::errc::is_a_directory);
+    for (int number = 0; !error && part_.empty(); ++number) {
+        const std::string part = target_.string() + ".part" + std::to_string(getpid()) + "_" + std::to_string(number);
+        const OpenFile file(open(part.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+        if (file.Get() >= 0) {
+            part_ = part;
+        } else if (errno != EEXIST || number == kTries) {
+            error = LastError();
+        }
+    }
+}
+
+PartFile::~PartFile() {
+    if (!part_.empty()) unlink(part_.c_str());
+}
+
+std::error_code PartFile::Commit() {
+    {
+        const OpenFile file(open(part_.c_str(), O_RDONLY | O_CLOEXEC));
+        if (file.Get() < 0 || fsync(file.Get()) != 0) return LastError();
+    }
+    std::error_code error;
+    fs::rename(part_, target_, error);
+    if (error) return error;
+    part_.clear();
+    SyncFolder(target_.parent_path());
+    return error;
+}
+
 std::error_code ReplaceWholeFile(const fs::path& path, std::string_view bytes) {
     std::error_code error;
-    const fs::path target = fs::weakly_canonical(path, error);
+    PartFile part(path, error);
     if (error) return error;
-    std::string part = target.string() + ".XXXXXX";
     {
-        const OpenFile file(mkostemp(part.data(), O_CLOEXEC));
+        const OpenFile file(open(part.Path().c_str(), O_WRONLY | O_CLOEXEC));
         if (file.Get() < 0) return LastError();
-        error = WriteAndSync(file.Get(), bytes);
+        error = WriteAll(file.Get(), bytes);
     }
-    if (!error) fs::rename(part, target, error);
-    if (error) {
-        unlink(part.c_str());
-    } else {
-        SyncFolder(target.parent_path());
-    }
-    return error;
+    return error ? error : part.Commit();
 }
 
 FolderLock::FolderLock(const fs::path& folder) : folder_(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {

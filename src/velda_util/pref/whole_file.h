@@ -10,6 +10,26 @@ namespace velda {
 /// Reads a regular file, `maxBytes` of it at most.
 std::error_code ReadWholeFile(const std::filesystem::path& path, std::size_t maxBytes, std::string& bytes);
 
+/// A new file beside the one whose place it takes when it is complete, so that this one appears whole or not at all. A
+/// link stays, and what it points to is replaced. Without Commit the new file goes and the old one stays.
+class PartFile {
+public:
+    /// Makes an empty file; `error` says why there is none.
+    PartFile(const std::filesystem::path& target, std::error_code& error);
+    ~PartFile();
+    PartFile(const PartFile&) = delete;
+    PartFile& operator=(const PartFile&) = delete;
+
+    /// Where to write; the file is to be closed before Commit.
+    const std::filesystem::path& Path() const { return part_; }
+    /// Brings the file to the disk and to its place.
+    std::error_code Commit();
+
+private:
+    std::filesystem::path target_;
+    std::filesystem::path part_;  ///< empty when there is none
+};
+
 /// Puts `bytes` in the place of a file, whole or not at all; a link stays, and what it points to is replaced.
 std::error_code ReplaceWholeFile(const std::filesystem::path& path, std::string_view bytes);
 
