@@ -38,34 +38,52 @@ void CTBBrowserWndEx::ReplayRecords(const RowChanges& changes) {
 }
 
 bool CTBBrowserWndEx::MatchesFilter(RowId row) const {
-    TextMatcher matcher(filter_->text, false);
-    return matcher.IsIn(GetShownText(PositionOfRow(row), PositionOfColumn(filter_->column)));
+    const int position = PositionOfRow(row);
+    return std::all_of(filter_->texts.begin(), filter_->texts.end(), [&](const auto& wanted) {
+        TextMatcher matcher(wanted.second, false);
+        return matcher.IsIn(GetShownText(position, PositionOfColumn(wanted.first)));
+    });
 }
 
 bool CTBBrowserWndEx::FilterColumn(ColumnId column, const std::string& text) {
-    if (!RemoveFilter()) return false;
-    if (text.empty()) return true;
-    filter_ = ColumnFilter{column, text, {}};
+    if (!LeaveRow()) return false;
+    const GridUpdateLock lock(*this);
+    std::map<ColumnId, std::string> texts = filter_ ? filter_->texts : std::map<ColumnId, std::string>();
+    texts[column] = text;
+    if (text.empty()) texts.erase(column);
+    ShowFilteredRows();
+    if (texts.empty()) return true;
+    filter_ = ColumnFilters{std::move(texts), {}};
     RowChanges changes;
     for (const std::uint32_t key : ShownKeys()) {
         if (!MatchesFilter(Rows().RowOfKey(key))) changes.gone.push_back(key);
     }
     filter_->hidden = changes.gone;
-    const GridUpdateLock lock(*this);
     ReplayRecords(changes);
     return true;
 }
 
-bool CTBBrowserWndEx::RemoveFilter() {
-    if (!LeaveRow()) return false;
-    if (!filter_) return true;
+std::string CTBBrowserWndEx::FilterTextOf(ColumnId column) const {
+    if (!filter_) return {};
+    const auto found = filter_->texts.find(column);
+    return found == filter_->texts.end() ? std::string() : found->second;
+}
+
+void CTBBrowserWndEx::ShowFilteredRows() {
+    if (!filter_) return;
     RowChanges changes;
     for (const std::uint32_t key : filter_->hidden) {
         if (RecordExists(key)) changes.come.push_back(key);
     }
     filter_.reset();
-    const GridUpdateLock lock(*this);
     ReplayRecords(changes);
+}
+
+bool CTBBrowserWndEx::RemoveFilter() {
+    if (!LeaveRow()) return false;
+    if (!filter_) return true;
+    const GridUpdateLock lock(*this);
+    ShowFilteredRows();
     return true;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <optional>
 
 #include "velda_util/clip/text_matcher.h"
@@ -43,12 +44,14 @@ public:
 
     /// Shows only the records of a key list; a count of 0 shows none.
     virtual void FilterRecord(const std::uint32_t* keys, int count) = 0;
-    /// Shows only those of the rows now shown whose cell holds a text, without regard to case. False when the open row
-    /// cannot be left.
+    /// Shows only those of the table's rows whose cell holds a text, without regard to case; filters of several columns
+    /// hold together, an empty text takes that of its column away. False when the open row cannot be left.
     bool FilterColumn(ColumnId column, const std::string& text);
-    /// Shows the rows again that FilterColumn hid.
+    /// Shows the rows again that filters of columns hid.
     bool RemoveFilter();
     bool IsColumnFiltered() const { return filter_.has_value(); }
+    /// What a column is filtered by; empty when it is not.
+    std::string FilterTextOf(ColumnId column) const;
 
     // ---- selection
 
@@ -90,17 +93,17 @@ protected:
     void ReplayRecords(const RowChanges& changes);
 
 private:
-    struct ColumnFilter {
-        ColumnId column;
-        std::string text;
-        std::vector<std::uint32_t> hidden{};  ///< keys that it keeps from being shown
+    struct ColumnFilters {
+        std::map<ColumnId, std::string> texts{};
+        std::vector<std::uint32_t> hidden{};  ///< keys that they keep from being shown
     };
     bool MatchesFilter(RowId row) const;
+    void ShowFilteredRows();
     std::vector<RowId> RowsOfKeys(std::span<const std::uint32_t> keys) const;
 
     std::vector<ColumnId> keyColumns_;
     std::vector<STBSortItem> sortInfo_;
-    std::optional<ColumnFilter> filter_;
+    std::optional<ColumnFilters> filter_;
 };
 
 }  // namespace velda

@@ -162,10 +162,27 @@ TEST_F(GridColumns, AFilterHidesAndItsEndShowsAgain) {
     ASSERT_TRUE(table.FilterColumn(PlateTable::Kind, "slab"));
     EXPECT_EQ(table.ColumnTexts(PlateTable::Name), (Texts{"A", "C"}));
     EXPECT_TRUE(table.IsColumnFiltered());
-    ASSERT_TRUE(table.FilterColumn(PlateTable::Name, "b"));
-    EXPECT_EQ(table.ColumnTexts(PlateTable::Name), (Texts{"B"})) << "another filter, not a further one";
+    EXPECT_EQ(table.FilterTextOf(PlateTable::Kind), "slab");
     ASSERT_TRUE(table.RemoveFilter());
     EXPECT_EQ(table.RecordRowCount(), 3);
+    EXPECT_EQ(table.FilterTextOf(PlateTable::Kind), "");
+}
+
+TEST_F(GridColumns, FiltersOfSeveralColumnsHoldTogether) {
+    table.FilterColumn(PlateTable::Kind, "slab");
+    ASSERT_TRUE(table.FilterColumn(PlateTable::Name, "c"));
+    EXPECT_EQ(table.ColumnTexts(PlateTable::Name), (Texts{"C"}));
+    ASSERT_TRUE(table.FilterColumn(PlateTable::Name, "a"));
+    EXPECT_EQ(table.ColumnTexts(PlateTable::Name), (Texts{"A"})) << "a column has one filter";
+    ASSERT_TRUE(table.FilterColumn(PlateTable::Name, ""));
+    EXPECT_EQ(table.ColumnTexts(PlateTable::Name), (Texts{"A", "C"}));
+}
+
+TEST_F(GridColumns, AFilterIsOneRedraw) {
+    table.FilterColumn(PlateTable::Kind, "slab");
+    const std::uint64_t before = table.RedrawCount();
+    table.FilterColumn(PlateTable::Name, "c");
+    EXPECT_EQ(table.RedrawCount(), before + 1);
 }
 
 TEST_F(GridColumns, ARecordThatIsShownStaysWhenItNoLongerMatches) {
