@@ -2,6 +2,7 @@
 # README.md says what each is for.
 
 packages_build="g++ cmake ninja-build ccache mold gettext libmuparser-dev libsqlite3-dev"
+packages_desktop="qt6-base-dev libqt6opengl6-dev libqt6svg6-dev qt6-charts-dev libxlsxwriter-dev xvfb fonts-nanum"
 packages_test="libgtest-dev libgmock-dev libbenchmark-dev"
 packages_fuzz="clang libclang-rt-dev"
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <utility>
 
 #include "velda_util/edit/edit_session.h"
@@ -113,6 +114,8 @@ public:
     /// Whether a row is being edited.
     bool IsRowInEdit() const { return rowInEdit_; }
     bool SetCurrentCell(int row, int col, int flags = 0) override;
+    /// What a key means now; none when it is no business of the table.
+    std::optional<TableCommand> CommandOf(KeyChord chord) const { return CommandFor(Situation(), chord); }
     /// Handles a key; false when it is no business of the table.
     bool ProcessKey(KeyChord chord);
     virtual bool DoCommand(TableCommand command);
