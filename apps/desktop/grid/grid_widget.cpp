@@ -24,6 +24,7 @@ constexpr double kLargestZoom = 3.0;
 constexpr double kZoomStep = 0.1;
 constexpr int kWheelRows = 3;
 constexpr int kWheelNotch = 120;
+constexpr int kScrollStep = 20;
 constexpr int kDragInterval = 50;
 /// Rows that are looked at, besides those in sight, when a column is fitted.
 constexpr int kSampledRows = 200;
@@ -170,7 +171,7 @@ void GridWidget::Refresh() {
         return;
     }
     FollowCurrentCell();
-    UpdateScrollBars(Geometry());
+    UpdateScrollBars();
     FollowEditor(Geometry());
 }
 
@@ -186,20 +187,23 @@ void GridWidget::FollowCurrentCell() {
     emit CurrentCellChanged();
 }
 
-void GridWidget::UpdateScrollBars(const GridGeometry& geometry) {
+void GridWidget::UpdateScrollBars() {
+    const bool before = std::exchange(settingBars_, true);
+    // The horizontal bar comes and goes with its range, and the window changes with it.
+    horizontalScrollBar()->setRange(0, Geometry().LargestLeft());
+    const GridGeometry geometry = Geometry();
+    const int largestTop = std::max(1, geometry.LargestTopRow());
     const int rows = geometry.FullRows();
     grid_->SetPageRows(rows);
-    scroll_.topRow = std::clamp(scroll_.topRow, 1, std::max(1, geometry.LargestTopRow()));
+    scroll_.topRow = std::clamp(scroll_.topRow, 1, largestTop);
     scroll_.left = std::clamp(scroll_.left, 0, geometry.LargestLeft());
-    const QSignalBlocker vertical(verticalScrollBar());
-    const QSignalBlocker horizontal(horizontalScrollBar());
-    verticalScrollBar()->setRange(1, std::max(1, geometry.LargestTopRow()));
+    verticalScrollBar()->setRange(1, largestTop);
     verticalScrollBar()->setPageStep(rows);
     verticalScrollBar()->setValue(scroll_.topRow);
-    horizontalScrollBar()->setRange(0, geometry.LargestLeft());
     horizontalScrollBar()->setPageStep(geometry.ScrolledArea().width());
-    horizontalScrollBar()->setSingleStep(20);
+    horizontalScrollBar()->setSingleStep(kScrollStep);
     horizontalScrollBar()->setValue(scroll_.left);
+    settingBars_ = before;
 }
 
 void GridWidget::FollowEditor(const GridGeometry& geometry) {
@@ -379,7 +383,7 @@ void GridWidget::changeEvent(QEvent* event) {
 }
 
 void GridWidget::scrollContentsBy(int /*dx*/, int /*dy*/) {
-    if (!grid_) return;
+    if (!grid_ || settingBars_) return;
     scroll_.topRow = verticalScrollBar()->value();
     scroll_.left = horizontalScrollBar()->value();
     Refresh();

@@ -84,7 +84,7 @@ private:
     bool HandleListTyping(const QKeyEvent& event);
     void FollowSelection(velda::PositionRange before);
     void FollowCurrentCell();
-    void UpdateScrollBars(const GridGeometry& geometry);
+    void UpdateScrollBars();
     void FollowEditor(const GridGeometry& geometry);
     void FollowList(const QRect& cell);
     void PickFromList(int line);
@@ -100,6 +100,7 @@ private:
     ChoicePopup* list_;
     velda::CellId shownCurrent_;  ///< the current cell as it was last brought in sight
     bool redrawWaits_ = false;
+    bool settingBars_ = false;  ///< the scroll bars follow the window and not the user
     bool isComposing_ = false;  ///< an input method composes a syllable that began here
     int wheelAngle_ = 0;        ///< turns of the wheel that are no whole row yet
 };
