@@ -39,7 +39,7 @@ public:
         ConfigureRows(0, {{0, 0, 0}});
         std::vector<std::uint32_t> keys(static_cast<std::size_t>(rows));
         std::iota(keys.begin(), keys.end(), 1u);
-        FillRecordRows(keys, Writer());
+        FillRecordRows(keys, [this](std::uint32_t k, velda::CGXData& data, velda::RowId at) { Write(k, data, at); });
     }
 
     void SetColumnStyle(int col, const velda::CGXStyle& style) {
@@ -68,22 +68,21 @@ public:
         std::vector<std::string>& texts = changed_[key];
         texts.clear();
         for (velda::ColumnId id = 0; id < kColumns; ++id) texts.push_back(GetValueRowCol(row, PositionOfColumn(id)));
-        ReplayRows({.gone = {key}, .come = {key}}, Writer());
+        ReplayRows({.gone = {key}, .come = {key}},
+                   [this](std::uint32_t k, velda::CGXData& data, velda::RowId at) { Write(k, data, at); });
         return true;
     }
     bool OnDeleteRecords(const std::vector<int>& /*rows*/) override { return false; }
 
 private:
-    WriteCells Writer() {
-        return [this](std::uint32_t key, velda::CGXData& data, velda::RowId row) {
-            const auto found = changed_.find(key);
-            const std::vector<std::string> fresh = {std::to_string(key), "name", "12.5", "0", "2"};
-            const std::vector<std::string>& texts = found == changed_.end() ? fresh : found->second;
-            for (velda::ColumnId id = 0; id < kColumns; ++id) {
-                const bool numeric = columns_.Info(id).type != velda::ColumnType::String;
-                data.StoreText(row, id, texts[static_cast<std::size_t>(id)], numeric);
-            }
-        };
+    void Write(std::uint32_t key, velda::CGXData& data, velda::RowId row) const {
+        const auto found = changed_.find(key);
+        const std::vector<std::string> fresh = {std::to_string(key), "name", "12.5", "0", "2"};
+        const std::vector<std::string>& texts = found == changed_.end() ? fresh : found->second;
+        for (velda::ColumnId id = 0; id < kColumns; ++id) {
+            const bool numeric = columns_.Info(id).type != velda::ColumnType::String;
+            data.StoreText(row, id, texts[static_cast<std::size_t>(id)], numeric);
+        }
     }
 
     std::map<std::uint32_t, std::vector<std::string>> changed_;

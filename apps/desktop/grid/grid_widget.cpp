@@ -248,8 +248,8 @@ void GridWidget::PickFromList(int line) {
     const auto index = static_cast<std::size_t>(line);
     if (browser_->StyleOf(row, col).GetControl() == velda::ControlKind::CheckListComboBox) {
         browser_->ChangeEditorText(list_->Toggled(index));
-    } else {
-        browser_->EditCell(row, col, std::string(list_->Choices().Key(index)));
+    } else if (browser_->ChangeEditorText(std::string(list_->Choices().Key(index)))) {
+        browser_->AcceptEditor();
     }
     Refresh();
 }

@@ -124,6 +124,8 @@ public:
     bool TypeText(const std::string& text);
     /// Replaces the text of the open editor: what a window does at each change.
     bool ChangeEditorText(const std::string& text) { return Told(session_.ChangeText(text)); }
+    /// Accepts the open editor; the row stays open.
+    bool AcceptEditor() { return Told(session_.AcceptCell()); }
     /// Types a text into a cell and accepts it; the row stays open.
     bool EditCell(int row, int col, const std::string& text);
     /// Leaves the open row before something else goes on; false when it stays open with its findings.
