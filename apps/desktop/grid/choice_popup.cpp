@@ -43,7 +43,7 @@ ChoicePopup::ChoicePopup(QWidget* parent) : QListView(parent) {
     setUniformItemSizes(true);
     setEditTriggers(NoEditTriggers);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setFrameShape(QFrame::Box);
+    setFrameStyle(QFrame::Box | QFrame::Plain);
     setMouseTracking(true);
     hide();
     connect(this, &QListView::clicked, this, [this](const QModelIndex& index) { emit Picked(index.row()); });

@@ -21,6 +21,9 @@ double Luminance(const QColor& color) {
     return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
 }
 
+/// White letters are read better than black ones there.
+bool IsDark(const QColor& color) { return Luminance(color) < 0.18; }
+
 double Contrast(const QColor& a, const QColor& b) {
     const auto [darker, lighter] = std::minmax({Luminance(a), Luminance(b)});
     return (lighter + 0.05) / (darker + 0.05);
@@ -32,8 +35,10 @@ QColor GridColors::OfStyle(std::uint32_t color) {
     return {static_cast<int>(color & 0xFF), static_cast<int>(color >> 8 & 0xFF), static_cast<int>(color >> 16 & 0xFF)};
 }
 
+QColor GridColors::TextOn(const QColor& background) { return IsDark(background) ? Qt::white : Qt::black; }
+
 QColor GridColors::Readable(const QColor& text, const QColor& background) {
-    const QColor end = Luminance(background) < 0.18 ? Qt::white : Qt::black;
+    const QColor end = TextOn(background);
     QColor color = text;
     for (int tenth = 1; tenth <= 10 && Contrast(color, background) < kContrast; ++tenth) {
         color = Mixed(text, end, tenth / 10.0);
@@ -45,7 +50,7 @@ GridColors GridColors::Of(const QPalette& palette) {
     const velda::STBColorSet& light = velda::CTBGrid::m_Color;
     const QColor highlight = palette.color(QPalette::Active, QPalette::Highlight);
     GridColors colors;
-    colors.dark = Luminance(palette.color(QPalette::Base)) < 0.18;
+    colors.dark = IsDark(palette.color(QPalette::Base));
     colors.base = colors.dark ? palette.color(QPalette::Base) : OfStyle(light.background);
     colors.text = colors.dark ? palette.color(QPalette::Text) : OfStyle(light.text);
     const auto tint = [&](const QColor& color, double share) { return Mixed(colors.base, color, share); };

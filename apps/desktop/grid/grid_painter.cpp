@@ -27,9 +27,8 @@ GridPainter::GridPainter(QPainter& painter, const velda::CTBGrid& grid, const Gr
       font_(font),
       zoom_(zoom) {
     grid.GetCurrentCell(current_.row, current_.column);
-    // Lines are whole device pixels at any scale of the screen.
-    linePen_.setCosmetic(true);
-    linePen_.setWidth(std::max(1, static_cast<int>(std::floor(painter.device()->devicePixelRatioF()))));
+    const double scale = painter.device()->devicePixelRatioF();
+    lineWidth_ = std::max(1.0, std::floor(scale)) / scale;
 }
 
 bool GridPainter::IsCheckBox(const velda::CGXStyle& style) {
@@ -103,9 +102,7 @@ void GridPainter::PaintCells(bool frozen, const QRect& dirty) {
     }
     area &= dirty;
     if (area.isEmpty()) return;
-    painter_.save();
-    painter_.setClipRect(area);
-    usedFontSize_ = 0.0;
+    ClipTo(area);
     for (const GridGeometry::Column& column : geometry_.Columns()) {
         if (column.frozen != frozen || column.End() <= area.left() || column.start > area.right()) continue;
         for (const GridBand& row : geometry_.Rows()) {
@@ -143,6 +140,12 @@ QColor GridPainter::BackgroundOf(int row, const velda::CGXStyle& style, bool ena
     return style.GetReadOnly() ? colors_.readOnly : colors_.base;
 }
 
+QColor GridPainter::TextColorOf(const velda::CGXStyle& style, bool enabled, const QColor& background) const {
+    if (style.IncludeTextColor()) return GridColors::Readable(GridColors::OfStyle(style.GetTextColor()), background);
+    if (!enabled) return GridColors::Readable(colors_.disabledText, background);
+    return style.IncludeInterior() ? GridColors::TextOn(background) : colors_.text;
+}
+
 void GridPainter::PaintCell(int row, int col, const QRect& rect) {
     Cell cell{row, col, rect};
     if (!MergedRect(cell)) return;
@@ -153,9 +156,7 @@ void GridPainter::PaintCell(int row, int col, const QRect& rect) {
     const bool isCurrent = current_ == velda::GridPosition{cell.row, cell.col};
     if (!isCurrent && grid_.Selected().Contains({cell.row, cell.col})) painter_.fillRect(cell.rect, colors_.selection);
     PaintLines(cell.rect, colors_.line);
-    const QColor plain = enabled ? colors_.text : colors_.disabledText;
-    const QColor text = style.IncludeTextColor() ? GridColors::OfStyle(style.GetTextColor()) : plain;
-    PaintContent(cell, style, GridColors::Readable(text, background));
+    PaintContent(cell, style, TextColorOf(style, enabled, background));
     if (FindingOf(grid_.RowIdAt(cell.row), grid_.ColumnIdAt(cell.col))) PaintCorner(cell.rect);
 }
 
@@ -178,6 +179,13 @@ void GridPainter::PaintContent(const Cell& cell, const velda::CGXStyle& style, c
         inner.setRight(arrow.left() - 1);
     }
     if (!shown.isEmpty()) PaintText(shown, inner, style);
+}
+
+void GridPainter::ClipTo(const QRect& area) {
+    painter_.save();
+    painter_.setClipRect(area);
+    // What was restored before has its own font.
+    usedFontSize_ = 0.0;
 }
 
 void GridPainter::UseFont(const velda::CGXStyle& style) {
@@ -234,10 +242,11 @@ void GridPainter::PaintArrow(const QRect& rect, const QColor& color) {
 }
 
 void GridPainter::PaintLines(const QRect& rect, const QColor& color) {
-    linePen_.setColor(color);
-    painter_.setPen(linePen_);
-    painter_.drawLine(rect.right(), rect.top(), rect.right(), rect.bottom());
-    painter_.drawLine(rect.left(), rect.bottom(), rect.right(), rect.bottom());
+    // Filled, so that a line ends on the same device pixel as the cell at any scale of the screen.
+    const double right = rect.right() + 1 - lineWidth_;
+    const double bottom = rect.bottom() + 1 - lineWidth_;
+    painter_.fillRect(QRectF(right, rect.top(), lineWidth_, rect.height()), color);
+    painter_.fillRect(QRectF(rect.left(), bottom, rect.width(), lineWidth_), color);
 }
 
 void GridPainter::PaintCorner(const QRect& rect) {
@@ -267,7 +276,8 @@ void GridPainter::PaintCurrent() {
     MergedRect(cell);
     painter_.save();
     painter_.setClipRect(column->frozen ? geometry_.CellArea() : geometry_.ScrolledArea());
-    painter_.setPen(QPen(colors_.current, 2, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    const bool refused = FindingOf(grid_.RowIdAt(cell.row), grid_.ColumnIdAt(cell.col)) != nullptr;
+    painter_.setPen(QPen(refused ? colors_.finding : colors_.current, 2, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
     painter_.drawRect(QRectF(cell.rect).adjusted(0, 0, -1, -1));
     painter_.restore();
 }
@@ -289,12 +299,9 @@ bool GridPainter::IsRowSelected(int row) const {
 void GridPainter::PaintHeader() {
     const QRect header(0, 0, geometry_.CellArea().right() + 1, geometry_.HeaderHeight());
     painter_.fillRect(header, colors_.header);
-    usedFontSize_ = 0.0;
     PaintHeaderPart(false);
     PaintHeaderPart(true);
-    linePen_.setColor(colors_.headerLine);
-    painter_.setPen(linePen_);
-    painter_.drawLine(0, header.bottom(), header.right(), header.bottom());
+    PaintLines(header, colors_.headerLine);
 }
 
 void GridPainter::PaintHeaderPart(bool frozen) {
@@ -306,10 +313,9 @@ void GridPainter::PaintHeaderPart(bool frozen) {
         columns.push_back(&column);
     }
     if (ids.empty()) return;
-    painter_.save();
     const int left = frozen ? geometry_.RowHeaderWidth() : geometry_.ScrolledLeft();
     const int right = frozen ? geometry_.ScrolledLeft() - 1 : geometry_.CellArea().right();
-    painter_.setClipRect(QRect(QPoint(left, 0), QPoint(right, geometry_.HeaderHeight() - 1)));
+    ClipTo(QRect(QPoint(left, 0), QPoint(right, geometry_.HeaderHeight() - 1)));
     for (const velda::HeaderSpan& span : grid_.Header().Spans(ids)) {
         const GridGeometry::Column& first = *columns[span.firstPlace];
         const GridGeometry::Column& last = *columns[span.lastPlace];
@@ -340,10 +346,8 @@ void GridPainter::PaintHeaderCell(const QRect& rect, const velda::HeaderSpan& sp
 void GridPainter::PaintRowHeader() {
     const int width = geometry_.RowHeaderWidth();
     const QRect area(0, geometry_.HeaderHeight(), width, geometry_.CellArea().height());
-    painter_.save();
     painter_.fillRect(area, colors_.header);
-    painter_.setClipRect(area);
-    usedFontSize_ = 0.0;
+    ClipTo(area);
     const velda::CGXStyle& style = grid_.Styles().StandardStyle();
     const int pad = Padding(zoom_);
     const velda::RowId open = browser_ ? browser_->Session().Row() : velda::kNoRow;
@@ -363,9 +367,8 @@ void GridPainter::PaintRowHeader() {
         if (FindingOf(id, velda::kNoColumn)) PaintCorner(rect);
     }
     painter_.restore();
-    linePen_.setColor(colors_.headerLine);
-    painter_.setPen(linePen_);
-    painter_.drawLine(width - 1, 0, width - 1, area.bottom());
+    PaintLines({0, 0, width, geometry_.HeaderHeight()}, colors_.headerLine);
+    PaintLines({0, 0, width, area.bottom() + 1}, colors_.headerLine);
 }
 
 void GridPainter::PaintPencil(const QRect& rect) {

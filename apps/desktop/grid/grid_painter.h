@@ -47,6 +47,7 @@ private:
     /// The merged cell that begins in sight at this cell; none when the cell is covered by one that began before.
     bool MergedRect(Cell& cell) const;
     QColor BackgroundOf(int row, const velda::CGXStyle& style, bool enabled) const;
+    QColor TextColorOf(const velda::CGXStyle& style, bool enabled, const QColor& background) const;
     void PaintContent(const Cell& cell, const velda::CGXStyle& style, const QColor& text);
     void PaintText(const QString& text, const QRect& rect, const velda::CGXStyle& style);
     void PaintBox(const QRect& box, bool checked, const QColor& color);
@@ -63,6 +64,8 @@ private:
     const velda::EditFinding* FindingOf(velda::RowId row, velda::ColumnId column) const;
     bool IsColumnSelected(int col) const;
     bool IsRowSelected(int row) const;
+    /// Begins drawing within an area; ended by restoring the painter.
+    void ClipTo(const QRect& area);
     void UseFont(const velda::CGXStyle& style);
 
     QPainter& painter_;
@@ -74,7 +77,7 @@ private:
     double zoom_;
     velda::GridPosition current_;
     std::vector<velda::PositionSpan> selectedRows_;
-    QPen linePen_;
+    double lineWidth_ = 1.0;  ///< whole device pixels
     double usedFontSize_ = 0.0;
     bool usedBold_ = false;
 };

@@ -223,6 +223,7 @@ void GridWidget::FollowEditor(const GridGeometry& geometry) {
     }
     const velda::CGXStyle& style = browser_->StyleOf(cell.row, cell.column);
     editor_->Follow(*browser_, place.adjusted(1, 1, -2, -2), GridPainter::CellFont(font(), style, scroll_.zoom));
+    editor_->setToolTip(TipAt(place.center()));
     if (hasFocus() && !isComposing_) editor_->setFocus();
     FollowList(place);
 }
