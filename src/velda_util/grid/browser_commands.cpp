@@ -124,7 +124,7 @@ KeySituation CTBBrowserWnd::Situation() const {
 }
 
 bool CTBBrowserWnd::ProcessKey(KeyChord chord) {
-    const std::optional<TableCommand> command = CommandFor(Situation(), chord);
+    const std::optional<TableCommand> command = CommandOf(chord);
     if (command) return DoCommand(*command);
     return false;
 }

@@ -115,6 +115,8 @@ public:
     /// Whether a row is being edited.
     bool IsRowInEdit() const { return rowInEdit_; }
     bool SetCurrentCell(int row, int col, int flags = 0) override;
+    /// What a key means now; none when it is no business of the table.
+    std::optional<TableCommand> CommandOf(KeyChord chord) const { return CommandFor(Situation(), chord); }
     /// Handles a key; false when it is no business of the table.
     bool ProcessKey(KeyChord chord);
     virtual bool DoCommand(TableCommand command);
@@ -123,6 +125,8 @@ public:
     bool TypeText(const std::string& text);
     /// Replaces the text of the open editor: what a window does at each change.
     bool ChangeEditorText(const std::string& text) { return Told(session_.ChangeText(text)); }
+    /// Accepts the open editor; the row stays open.
+    bool AcceptEditor() { return Told(session_.AcceptCell()); }
     /// Types a text into a cell and accepts it; the row stays open.
     bool EditCell(int row, int col, const std::string& text);
     /// Leaves the open row before something else goes on; false when it stays open with its findings.
