@@ -40,7 +40,7 @@ void ScriptViews::Mark() {
     for (OpenView& open : views_) {
         open.view->GetAllGrid(grids);
         open.redraws.clear();
-        for (const velda::CTBGrid* grid : grids) open.redraws.push_back(grid->RedrawCount());
+        for (const velda::CTBGrid* grid : grids) open.redraws.push_back(grid ? grid->RedrawCount() : 0);
     }
 }
 

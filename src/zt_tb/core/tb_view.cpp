@@ -4,17 +4,25 @@ namespace zt {
 
 void CTBView::SetGridHost(velda::GridHost* host) {
     host_ = host;
-    for (const Sheet& sheet : sheets_) sheet.grid->SetHost(host);
+    for (const Sheet& sheet : sheets_) {
+        if (sheet.grid) sheet.grid->SetHost(host);
+    }
 }
 
 void CTBView::AddWorksheet(std::unique_ptr<velda::CTBGrid> grid, std::string title) {
     if (!hasTabs_) sheets_.clear();
-    grid->SetHost(host_);
+    if (grid) grid->SetHost(host_);
     sheets_.push_back({std::move(grid), std::move(title)});
 }
 
 void CTBView::ChangeTabLabel(int tab, std::string title) {
     if (tab >= 0 && tab < GetTabCount()) sheets_[static_cast<std::size_t>(tab)].title = std::move(title);
+}
+
+void CTBView::RemoveWorksheet(int tab) {
+    if (tab < 0 || tab >= GetTabCount()) return;
+    sheets_.erase(sheets_.begin() + tab);
+    if (current_ > 0 && current_ >= tab) --current_;
 }
 
 void CTBView::SetCurrentTab(int tab) {

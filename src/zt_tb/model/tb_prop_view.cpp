@@ -8,15 +8,8 @@
 namespace zt {
 namespace {
 
-template <class Table>
-std::unique_ptr<CTBCommonWnd> Make(CTBView* view) {
-    auto table = std::make_unique<Table>();
-    table->Initialize(view);
-    return table;
-}
-
 constexpr CTBPropView::TableEntry kTables[] = {
-    {CTBPropView::kThickness, "THIK", "IDS_TB_PREVIEW_Thik", &Make<CTBThik>},
+    {CTBPropView::kThickness, "THIK", "IDS_TB_PREVIEW_Thik", &MakeTable<CTBThik>},
 };
 
 }  // namespace

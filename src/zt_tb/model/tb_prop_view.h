@@ -3,7 +3,7 @@
 #include <span>
 #include <string_view>
 
-#include "zt_tb/core/tb_view.h"
+#include "zt_tb/core/table_maker.h"
 
 namespace zt {
 
@@ -18,7 +18,7 @@ public:
         int kind = 0;
         std::string_view mnemonic;  ///< of the record class
         std::string_view titleKey;  ///< of the tab
-        std::unique_ptr<CTBCommonWnd> (*make)(CTBView* view);
+        TableMaker make = nullptr;
     };
     /// The tables in the order of their tabs.
     static std::span<const TableEntry> Tables();
