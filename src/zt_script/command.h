@@ -63,5 +63,6 @@ std::span<const ScriptCommand> SelectionCommands();
 std::span<const ScriptCommand> ClipCommands();
 std::span<const ScriptCommand> CallCommands();
 std::span<const ScriptCommand> ControlCommands();
+std::span<const ScriptCommand> HostCommands();
 
 }  // namespace zt

@@ -16,7 +16,7 @@ CommandResult OpenPropView(ScriptSession& session, ScriptWords words) {
     for (const CTBPropView::TableEntry& entry : CTBPropView::Tables()) {
         if (words[0].value != entry.mnemonic && words[0].value != std::to_string(entry.kind)) continue;
         auto view = std::make_unique<CTBPropView>();
-        view->SetTable(entry.kind, session.Doc());
+        view->SetTable(entry.kind);
         session.OpenView(std::move(view));
         return CommandResult::Done();
     }

@@ -2,8 +2,11 @@
 
 #include "support/number_tables.h"
 #include "support/probe_table.h"
+#include "velda_base/host/headless_dock_pane.h"
+#include "velda_base/host/headless_host.h"
 #include "velda_lib/language.h"
 #include "zt_db/records/stnd.h"
+#include "zt_tb/core/dock_view.h"
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -228,8 +231,8 @@ TEST_F(TBPreViewTest, LabelsTabsByTheirTabTexts) {
 }
 
 TEST_F(TBPreViewTest, StylesTheTabStripOfAGroup) {
-    const TabStyle usual;
-    const TabStyle& style = Open(26)->GetTabStyle();
+    const velda::TabStyle usual;
+    const velda::TabStyle style = Open(26)->GetTabWnd()->GetStyle();
     EXPECT_EQ(0xff0000u, style.activeText);
     EXPECT_EQ(16760992u, style.activeBackground);
     EXPECT_EQ(10526878u, style.otherText);
@@ -238,7 +241,7 @@ TEST_F(TBPreViewTest, StylesTheTabStripOfAGroup) {
     EXPECT_EQ(16, style.activeFontHeight);
     EXPECT_EQ(700, style.activeFontWeight);
     EXPECT_EQ(usual.stripHeight + usual.stripHeight / 2, style.stripHeight);
-    EXPECT_EQ(usual, Open(1)->GetTabStyle());
+    Open(1)->SetTabStyle();
 }
 
 TEST_F(TBPreViewTest, KeepsATableThatIsAskedForAgain) {
@@ -518,13 +521,237 @@ TEST_F(TBPreViewTest, PassesCheckItemsAndSizesOnToTheCheckerTable) {
     }
 }
 
+TEST_F(TBPreViewTest, TellsTheCheckerTableOfTheSizeOfItsWindow) {
+    const auto view = Open(161);
+    view->OnWindowPosChanging({0, 0, 300, 200});
+    EXPECT_THAT(TakeCalls(*view), ElementsAre(Calls{"layout"}));
+    EXPECT_EQ((velda::WindowRect{0, 0, 300, 200}), FirstTable(*view).Place());
+}
+
+// ---- frames and panes
+
+/// Views in frames, and the two docking panes.
+class TBPreViewFrameTest : public TBPreViewTest {
+protected:
+    struct Framed {
+        Framed(velda::HeadlessHost& host, std::unique_ptr<CTBPreView> shown)
+            : frame(host.queue), window(host.queue), view(std::move(shown)) {
+            window.SetParentFrame(&frame);
+            view->SetWindow(&window);
+            frame.onClosed = [this] { view.reset(); };
+        }
+        bool IsOpen() const { return frame.IsOpen(); }
+
+        velda::HeadlessFrame frame;
+        velda::HeadlessWindow window;
+        std::unique_ptr<CTBPreView> view;  ///< gone with the frame
+    };
+    struct Pane : velda::CDockViewBase {
+        Pane(velda::HeadlessHost& host, std::uint32_t id) : window(host.queue, *this) { SetDockViewWithID(id, this); }
+        bool IsShown() const { return window.IsVisible(); }
+
+        velda::HeadlessDockPane window;
+    };
+
+    std::unique_ptr<Framed> OpenFramed(int kind) { return std::make_unique<Framed>(host_, Open(kind)); }
+    bool StaysOpen(int kind, int code, const std::string& text = "") {
+        const auto framed = OpenFramed(kind);
+        Hint(code, text);
+        EXPECT_EQ(framed->IsOpen(), framed->view != nullptr);
+        return framed->IsOpen();
+    }
+    std::vector<int> KindsClosedBy(int code, const std::string& text = "") {
+        std::vector<int> closed;
+        for (const TableKindEntry& entry : TableKinds()) {
+            if (!StaysOpen(entry.kind, code, text)) closed.push_back(entry.kind);
+        }
+        return closed;
+    }
+
+    velda::HeadlessHost host_;
+    velda::UseHost use_{host_};
+    Pane checker_{host_, 34551};
+    Pane other_{host_, 7};
+};
+
+TEST_F(TBPreViewFrameTest, GivesItsTitleToItsFrameAndIsDrawnAtOnceWhileItOpens) {
+    Framed framed(host_, NewView());
+    framed.view->SetTable(26, nullptr);
+    EXPECT_EQ("Member Line Load", framed.frame.GetTitle());
+    EXPECT_EQ(1, framed.frame.RedrawCount());
+    EXPECT_EQ(1, framed.window.RedrawCount());
+    EXPECT_EQ(1, host_.waitCursor.times);
+    EXPECT_EQ(0, host_.waitCursor.depth);
+}
+
+TEST_F(TBPreViewFrameTest, WithoutAKindNothingIsDrawn) {
+    Framed framed(host_, NewView());
+    framed.view->SetTable(0, nullptr);
+    EXPECT_EQ("No Table", framed.frame.GetTitle());
+    EXPECT_EQ(0, framed.window.RedrawCount());
+}
+
+TEST_F(TBPreViewFrameTest, ClosesOnTheTextCommandOfItsKind) {
+    std::vector<int> memberTypes;
+    for (const TableKindRange& range : {TableKindRange{140, 153}, TableKindRange{156, 157}, TableKindRange{160, 160}}) {
+        for (int kind = range.first; kind <= range.last; ++kind) memberTypes.push_back(kind);
+    }
+    EXPECT_EQ(memberTypes, KindsClosedBy(39, "FINISH_MBTB_TABLE"));
+    EXPECT_THAT(KindsClosedBy(39, "FINISH_SBLA_TABLE"), ElementsAre(34));
+    EXPECT_THAT(KindsClosedBy(39, "FINISH_LNLD_TABLE"), ElementsAre(25));
+    EXPECT_THAT(KindsClosedBy(39, "FINISH_BNDR_OFFS_TABLE"), ElementsAre(31));
+    EXPECT_THAT(KindsClosedBy(39, "FINISH"), IsEmpty());
+    EXPECT_THAT(KindsClosedBy(39), IsEmpty());
+    EXPECT_THAT(KindsClosedBy(3, "FINISH_SBLA_TABLE"), IsEmpty());
+    EXPECT_TRUE(checker_.IsShown());
+}
+
+TEST_F(TBPreViewFrameTest, TextCommandsTellTheAskedKindFromTheKindOfTheGroup) {
+    const auto asked = OpenFramed(25);
+    Framed initial(host_, OpenInitially(25));
+    Hint(39, "FINISH_LNLD_TABLE");
+    EXPECT_FALSE(asked->IsOpen());
+    EXPECT_TRUE(initial.IsOpen());
+}
+
+TEST_F(TBPreViewFrameTest, TextCommandWithoutAHintIsPassedOver) {
+    const auto framed = OpenFramed(25);
+    doc->UpdateAllViews(nullptr, 39, nullptr);
+    EXPECT_TRUE(framed->IsOpen());
+}
+
+TEST_F(TBPreViewFrameTest, ClosesThePaneOfTheCheckerWhenItIsVisible) {
+    const auto framed = OpenFramed(1);
+    Hint(39, "FINISH_CHECKING");
+    EXPECT_FALSE(checker_.IsShown());
+    EXPECT_EQ(1, checker_.window.stored);
+    EXPECT_TRUE(other_.IsShown());
+    EXPECT_TRUE(framed->IsOpen());
+    Hint(39, "FINISH_CHECKING");
+    EXPECT_EQ(1, checker_.window.stored);
+}
+
+TEST_F(TBPreViewFrameTest, ClosesOnTheSwitchToTheModellingSideUnlessItShowsADetail) {
+    std::vector<int> expected;
+    for (const TableKindEntry& entry : TableKinds()) {
+        if (entry.kind != 85 && entry.kind != 86) expected.push_back(entry.kind);
+    }
+    EXPECT_EQ(expected, KindsClosedBy(HintCode::PreMode));
+    EXPECT_FALSE(other_.IsShown());
+}
+
+TEST_F(TBPreViewFrameTest, ClosesAllPanesOnTheSwitchToTheModellingSide) {
+    const auto framed = OpenFramed(85);
+    doc->SetModePre();
+    EXPECT_TRUE(framed->IsOpen());
+    EXPECT_FALSE(checker_.IsShown());
+    EXPECT_FALSE(other_.IsShown());
+}
+
+TEST_F(TBPreViewFrameTest, ClosesModelTablesOnTheSwitchToTheResultSide) {
+    std::vector<int> expected;
+    for (const TableKindEntry& entry : TableKinds()) {
+        const int kind = entry.kind;
+        if ((kind >= 1 && kind <= 76) || (kind >= 79 && kind <= 84) || (kind >= 140 && kind <= 160)) {
+            expected.push_back(kind);
+        }
+    }
+    EXPECT_EQ(expected, KindsClosedBy(HintCode::PostMode));
+}
+
+TEST_F(TBPreViewFrameTest, ClosesAllPanesOnTheSwitchToTheResultSideUnlessTheCheckerTraces) {
+    const auto checker = OpenFramed(161);
+    doc->StartTracerMode();
+    doc->SetModePost();
+    EXPECT_TRUE(other_.IsShown());
+    doc->EndTracerMode();
+    doc->SetModePost();
+    EXPECT_FALSE(other_.IsShown());
+    EXPECT_TRUE(checker->IsOpen());
+    other_.window.Show(true);
+    doc->StartTracerMode();
+    const auto hinges = OpenFramed(121);
+    doc->SetModePost();
+    EXPECT_FALSE(other_.IsShown());
+    EXPECT_TRUE(hinges->IsOpen());
+}
+
+TEST_F(TBPreViewFrameTest, ExposuresCloseWhenTheStandardsChange) {
+    for (const int code : {0, 1, 3}) {
+        const auto exposures = OpenFramed(78);
+        const auto nodes = OpenFramed(1);
+        AddNode(20 + static_cast<std::uint32_t>(code), 0);
+        EXPECT_TRUE(exposures->IsOpen());
+        EXPECT_THAT(FirstTable(*exposures->view).ShownKeys(), Contains(20u + static_cast<std::uint32_t>(code)));
+        Hint(code);
+        EXPECT_TRUE(exposures->IsOpen());
+        T_STND_D standards;
+        standards.concrete = "code " + std::to_string(code);
+        Add<CClassStnd>(10 + static_cast<std::uint32_t>(code), standards);
+        EXPECT_FALSE(exposures->IsOpen());
+        EXPECT_TRUE(nodes->IsOpen());
+        const auto late = OpenFramed(78);
+        Hint(code);
+        EXPECT_FALSE(late->IsOpen());
+    }
+}
+
+TEST_F(TBPreViewFrameTest, ExposuresCloseOnEachKindOfChangeOfTheStandards) {
+    T_STND_D standards;
+    standards.concrete = "A";
+    Add<CClassStnd>(1, standards);
+    standards.concrete = "B";
+    const auto modified = OpenFramed(78);
+    ASSERT_TRUE(Records<CClassStnd>().TR_Modify(1, 1, standards));
+    EXPECT_FALSE(modified->IsOpen());
+    const auto deleted = OpenFramed(78);
+    ASSERT_TRUE(Records<CClassStnd>().TR_Del(1));
+    EXPECT_FALSE(deleted->IsOpen());
+}
+
+TEST_F(TBPreViewFrameTest, OutdatedExposuresAreNotUpdated) {
+    const auto view = Open(78);
+    TakeCalls(*view);
+    Add<CClassStnd>(1, {});
+    EXPECT_THAT(TakeCalls(*view), ElementsAre(IsEmpty()));
+}
+
+TEST_F(TBPreViewFrameTest, IsHostedByAPaneAndGoesWithIt) {
+    CTBPreView::RegisterWithPanes();
+    CDockView_PreTable pane;
+    velda::HeadlessDockPane window(host_.queue, pane);
+    const int kind = 26;
+    ASSERT_TRUE(pane.SetInitData(99, &kind));
+    const auto* view = dynamic_cast<CTBPreView*>(pane.GetOrCreateView());
+    ASSERT_NE(nullptr, view);
+    EXPECT_EQ(26, view->GetTableKind());
+    EXPECT_EQ(4, view->GetTabCount());
+    doc->SetModePre();
+    EXPECT_EQ(nullptr, pane.GetCurrentView());
+    EXPECT_FALSE(window.IsVisible());
+    CDockView_PreTable::RegisterView({});
+}
+
+TEST_F(TBPreViewFrameTest, FindsTheFrameOfTheFirstViewWithATitle) {
+    const auto nodes = OpenFramed(1);
+    const auto first = OpenFramed(26);
+    const auto second = OpenFramed(25);
+    EXPECT_EQ(&first->frame, CTBPreView::FindTBFrame<CTBPreView>(*doc, "Member Line Load"));
+    EXPECT_EQ(&nodes->frame, CTBPreView::FindTBFrame<CTitleCtrlView>(*doc, "Node"));
+    EXPECT_EQ(nullptr, CTBPreView::FindTBFrame<CTBPreView>(*doc, "Line Load"));
+    EXPECT_EQ(nullptr, CTBPreView::FindTBFrame<CTBPreView>(*doc, ""));
+    EXPECT_EQ(nullptr, CTBPreView::FindTBFrame<OneTableView<PartTable>>(*doc, "Node"));
+    first->frame.Close();
+    EXPECT_EQ(&second->frame, CTBPreView::FindTBFrame<CTBPreView>(*doc, "Member Line Load"));
+}
+
 // ---- context menu
 
 TEST_F(TBPreViewTest, AddsItsEntriesToTheContextMenu) {
     const auto entries = [](int kind) {
-        velda::TableMenu menu;
+        velda::CMenu menu;
         Open(kind)->CustomizeContextMenu(menu);
-        return menu;
+        return menu.Items();
     };
     ASSERT_THAT(entries(86), SizeIs(1));
     EXPECT_EQ(CTBPreView::kOnTableDisplayDlg, entries(86)[0].id);

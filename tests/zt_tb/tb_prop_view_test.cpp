@@ -42,7 +42,7 @@ TEST_F(TBPropViewTest, ListsItsTablesInTheOrderOfTheirKinds) {
 
 TEST_F(TBPropViewTest, ShowsATabForEachTableWithTheAskedOneInFront) {
     CTBPropView view;
-    ASSERT_TRUE(view.SetTable(CTBPropView::kThickness, *doc_));
+    ASSERT_TRUE(view.SetTable(CTBPropView::kThickness));
     EXPECT_EQ(static_cast<int>(CTBPropView::Tables().size()), view.GetTabCount());
     EXPECT_EQ("Thickness", view.GetTabLabel(view.GetCurrentTab()));
     EXPECT_EQ("Properties", view.GetTitle());
@@ -52,7 +52,7 @@ TEST_F(TBPropViewTest, ShowsATabForEachTableWithTheAskedOneInFront) {
 TEST_F(TBPropViewTest, MakesNothingForAKindWithoutATable) {
     for (const int kind : {-1, 0, 4}) {
         CTBPropView view;
-        EXPECT_FALSE(view.SetTable(kind, *doc_)) << kind;
+        EXPECT_FALSE(view.SetTable(kind)) << kind;
         EXPECT_EQ(0, view.GetTabCount());
         EXPECT_EQ(nullptr, view.GetActiveGrid());
     }
@@ -60,7 +60,7 @@ TEST_F(TBPropViewTest, MakesNothingForAKindWithoutATable) {
 
 TEST_F(TBPropViewTest, FollowsTheDocumentUntilItIsClosed) {
     auto view = std::make_unique<CTBPropView>();
-    ASSERT_TRUE(view->SetTable(CTBPropView::kThickness, *doc_));
+    ASSERT_TRUE(view->SetTable(CTBPropView::kThickness));
     Add(5, "W180");
     EXPECT_THAT(TableOf(*view).ShownKeys(), ElementsAre(3, 5, 7));
     view.reset();
@@ -74,13 +74,13 @@ TEST_F(TBPropViewTest, ShowsTheRecordsUnderTheKeysOfSelectedNodes) {
     Add(5, "W180");
     CTBCommonWnd::GetDB()->GetViewCtrl()->SelectPont(nullptr, keys);
     CTBPropView view;
-    ASSERT_TRUE(view.SetTable(CTBPropView::kThickness, *doc_));
+    ASSERT_TRUE(view.SetTable(CTBPropView::kThickness));
     EXPECT_THAT(TableOf(view).ShownKeys(), ElementsAre(3, 7));
 }
 
 TEST_F(TBPropViewTest, IsDrawnOnceAsItOpens) {
     CTBPropView view;
-    ASSERT_TRUE(view.SetTable(CTBPropView::kThickness, *doc_));
+    ASSERT_TRUE(view.SetTable(CTBPropView::kThickness));
     EXPECT_EQ(1u, TableOf(view).RedrawCount());
     EXPECT_FALSE(TableOf(view).IsUpdateLocked());
 }
@@ -88,13 +88,13 @@ TEST_F(TBPropViewTest, IsDrawnOnceAsItOpens) {
 TEST_F(TBPropViewTest, OpensLockedWhileResultsAreCurrent) {
     doc_->SetExcuted(1);
     CTBPropView view;
-    ASSERT_TRUE(view.SetTable(CTBPropView::kThickness, *doc_));
+    ASSERT_TRUE(view.SetTable(CTBPropView::kThickness));
     EXPECT_TRUE(TableOf(view).IsEditModeLocked());
 }
 
 TEST_F(TBPropViewTest, ShowsKeyZeroAsAnEmptyText) {
     CTBPropView view;
-    ASSERT_TRUE(view.SetTable(CTBPropView::kThickness, *doc_));
+    ASSERT_TRUE(view.SetTable(CTBPropView::kThickness));
     T_THIK_D record;
     record.name = "W1";
     record.thickness = 1.0 / 3.0;

@@ -2,13 +2,18 @@
 
 #include <algorithm>
 
+#include "velda_base/host/dock_view_base.h"
+#include "velda_base/host/wait_cursor.h"
 #include "velda_lib/msg_dll.h"
 #include "zt_db/records/stnd.h"
+#include "zt_tb/core/dock_view.h"
 #include "zt_tb/model/check_sheet.h"
 
 namespace zt {
 namespace {
 
+/// The docking pane of the model checker, and the text command that closes it.
+constexpr std::uint32_t kCheckerPane = 34551;
 constexpr std::string_view kFinishChecking = "FINISH_CHECKING";
 
 std::string Text(std::string_view key) { return velda::CMsgDll::pfuncLoadStr(key, 0); }
@@ -26,7 +31,23 @@ bool StandardsChanged(const T_UPDATE_HINT* hint) {
     return false;
 }
 
+void CloseCheckerPane() {
+    const velda::CDockViewBase* pane = velda::CDockViewBase::GetDockViewFromID(kCheckerPane);
+    if (pane && pane->IsVisible()) velda::CDockViewBase::CloseDockView(kCheckerPane);
+}
+
+/// Whether the database may have changed with a hint.
+bool IsChange(int code) {
+    return code == HintCode::Changed0 || code == HintCode::Changed1 || code == HintCode::Changed;
+}
+
 }  // namespace
+
+void CTBPreView::RegisterWithPanes() {
+    CDockView_PreTable::RegisterView(
+        {[]() -> std::unique_ptr<CTBView> { return std::make_unique<CTBPreView>(); },
+         [](CTBView& view, int kind) { dynamic_cast<CTBPreView&>(view).SetTable(kind, nullptr); }});
+}
 
 // ---- opening ----
 
@@ -97,6 +118,8 @@ void CTBPreView::AddTables(const CDBDoc* doc, std::span<const int> kinds) {
 
 void CTBPreView::FillAndShow(bool tellSingleTable) {
     if (kind_ == kTableNone || !CDBDoc::m_pDBDoc) return;
+    RedrawNow();
+    const velda::WaitCursor wait;
     FillTables(tellSingleTable);
     ShowActiveTable(*CDBDoc::m_pDBDoc);
 }
@@ -125,11 +148,20 @@ void CTBPreView::Fill(CTBCommonWnd& table, bool tell) {
     if (tell) table.OnAfterOpen();
 }
 
+// Frame, tabs and an empty table stand on the screen while the tables are filled.
+void CTBPreView::RedrawNow() const {
+    if (velda::IFrame* frame = GetParentFrame()) frame->RedrawNow();
+    if (GetWindow()) GetWindow()->RedrawNow();
+}
+
 void CTBPreView::ShowActiveTable(const CDBDoc& doc) {
     velda::CTBGrid* grid = GetActiveGrid();
     if (!grid) return;
-    const velda::GridUpdateLock lock(*grid);
-    SetTableReadOnlyMode(doc.IsExcuted());
+    {
+        const velda::GridUpdateLock lock(*grid);
+        SetTableReadOnlyMode(doc.IsExcuted());
+    }
+    grid->SetFocus();
 }
 
 void CTBPreView::MakeItemExMemberTable() {
@@ -183,28 +215,28 @@ void CTBPreView::DisplayTables(std::span<const std::string> remove, std::span<co
 
 void CTBPreView::RemoveTable(const std::string& title) {
     const std::vector<std::string> titles = DisplayedTables();
-    const auto tab = std::find(titles.begin(), titles.end(), title) - titles.begin();
-    std::vector<velda::CTBGrid*> grids;
-    if (tab == GetAllGrid(grids)) return;
-    const velda::CTBGrid* grid = grids[static_cast<std::size_t>(tab)];
-    std::erase_if(m_arrTables, [&](const CTBCommonWnd* table) { return table == grid; });
-    std::erase_if(tables_, [&](const auto& table) { return table.second == grid; });
-    RemoveWorksheet(static_cast<int>(tab));
+    const auto tab = static_cast<int>(std::find(titles.begin(), titles.end(), title) - titles.begin());
+    if (tab >= GetTabCount()) return;
+    const velda::TabPane* pane = GetTabWnd()->GetPane(tab);
+    std::erase_if(m_arrTables, [&](const CTBCommonWnd* table) { return table == pane; });
+    std::erase_if(tables_, [&](const auto& table) { return table.second == pane; });
+    GetTabWnd()->RemoveTab(tab);
 }
 
 // ---- look ----
 
 void CTBPreView::UpdateViewTitle() { SetTitle(GetTableName(kind_)); }
 
-void CTBPreView::CustomizeContextMenu(velda::TableMenu& menu) {
-    if (kind_ == kTableMembDetail) menu.push_back({kOnTableDisplayDlg, Text("IDS_TB_PREVIEW_DISPLAY_TABLES")});
+void CTBPreView::CustomizeContextMenu(velda::CMenu& menu) {
+    if (kind_ == kTableMembDetail) menu.Append(kOnTableDisplayDlg, Text("IDS_TB_PREVIEW_DISPLAY_TABLES"));
     if (kind_ == kTablePhgeAll || kind_ == kTableIeheAll) {
-        menu.push_back({kOnTableHingePropSetting, Text("IDS_TB_HINGE_TABLE_SETTING")});
+        menu.Append(kOnTableHingePropSetting, Text("IDS_TB_HINGE_TABLE_SETTING"));
     }
 }
 
 void CTBPreView::SetTabStyle() {
-    TabStyle style;
+    if (!GetTabWnd()) return;
+    velda::TabStyle style;
     style.activeText = 0xff0000;
     style.activeBackground = 16760992;
     style.otherText = 10526878;
@@ -213,7 +245,12 @@ void CTBPreView::SetTabStyle() {
     style.activeFontHeight = 16;
     style.activeFontWeight = 700;
     style.stripHeight += style.stripHeight / 2;
-    SetTabStyle(std::move(style));
+    GetTabWnd()->SetStyle(std::move(style));
+}
+
+void CTBPreView::OnWindowPosChanging(const velda::WindowRect& place) {
+    CTBCommonView::OnWindowPosChanging(place);
+    OnSize();
 }
 
 void CTBPreView::OnSize() {
@@ -232,8 +269,15 @@ void CTBPreView::OnUpdate(CDBUpdateConnector* sender, int code, T_UPDATE_HINT* h
         CloseFrame();
         return;
     }
-    CTBView::OnUpdate(sender, code, hint);
+    if (IsChange(code) && IsOutdatedBy(hint)) {
+        UpdateBuffer(hint);
+        return;
+    }
+    CTBCommonView::OnUpdate(sender, code, hint);
 }
+
+// Exposure conditions are those of a design standard.
+bool CTBPreView::IsOutdatedBy(const T_UPDATE_HINT* hint) const { return kind_ == kTableExps && StandardsChanged(hint); }
 
 bool CTBPreView::IsFinishedBy(std::string_view command) const {
     const auto commands = ClosingCommands();
@@ -248,7 +292,7 @@ TableFollows CTBPreView::Follows() const {
 }
 
 void CTBPreView::UpdateBuffer(T_UPDATE_HINT* hint) {
-    if (kind_ == kTableExps && StandardsChanged(hint)) {
+    if (IsOutdatedBy(hint)) {
         CloseFrame();
         return;
     }
@@ -275,19 +319,17 @@ void CTBPreView::UpdateSelection(int code) {
 
 void CTBPreView::UpdateSelPre() {
     if (!Contains(KindsKeptByPreMode(), kind_)) CloseFrame();
-    CloseAllPanes();
+    velda::CDockViewBase::CloseDockViewAll();
 }
 
 void CTBPreView::UpdateSelPost() {
     const bool tracing = kind_ == kTableChk && CDBDoc::m_pDBDoc && CDBDoc::m_pDBDoc->IsTracerMode();
     if (Contains(KindsClosedByPostMode(), kind_)) CloseFrame();
-    if (!tracing) CloseAllPanes();
+    if (!tracing) velda::CDockViewBase::CloseDockViewAll();
 }
 
-// ---- frames and panes ----
-
-void CTBPreView::CloseFrame() { DisconnectFromDoc(); }
-void CTBPreView::CloseAllPanes() {}
-void CTBPreView::CloseCheckerPane() {}
+void CTBPreView::CloseFrame() {
+    if (velda::IFrame* frame = GetParentFrame()) frame->Close();
+}
 
 }  // namespace zt

@@ -4,8 +4,10 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
+#include "zt_tb/core/tb_common_view.h"
 #include "zt_tb/model/table_kinds.h"
 
 namespace zt {
@@ -14,15 +16,30 @@ class ICheckSheet;
 
 /// The view of all tables of the model: one table, or a group of tables on tabs. It is asked for a kind, makes and
 /// fills the tables of that kind, and passes the changes of the document on to them.
-class CTBPreView : public CTBView {
+class CTBPreView : public CTBCommonView {
 public:
     /// Commands that the view adds to the context menu.
     enum Command {
-        kOnTableDisplayDlg = 41001,        ///< choose the tables of a member detail
-        kOnTableHingePropSetting = 41002,  ///< choose what hinge tables show
+        kOnTableDisplayDlg = 46520,        ///< choose the tables of a member detail
+        kOnTableHingePropSetting = 46521,  ///< choose what hinge tables show
     };
 
     explicit CTBPreView(TableMakerLookup findMaker = &FindTableMaker) : findMaker_(findMaker) {}
+
+    /// The frame of the first view of a class, which derives from CTitleCtrlView, with a title; null when the document
+    /// has none.
+    template <class View>
+    static velda::IFrame* FindTBFrame(const CDBDoc& doc, std::string_view title) {
+        static_assert(std::is_base_of_v<CTitleCtrlView, View>);
+        for (CDBUpdateConnector* connected : doc.GetViews()) {
+            const auto* view = dynamic_cast<const View*>(connected);
+            if (view && view->GetTitle() == title) return view->GetParentFrame();
+        }
+        return nullptr;
+    }
+
+    /// Makes this the view that docking panes host. Said once by the program.
+    static void RegisterWithPanes();
 
     // ---- opening
 
@@ -37,7 +54,7 @@ public:
     void StoreTableKind(int kind) { kind_ = kind; }
     /// The first update of a view whose kind was stored before. Other than SetTable it gives no title, tells a table
     /// that stands alone nothing of its opening, and makes the kind of a group the kind of the view.
-    void OnInitialUpdate();
+    void OnInitialUpdate() override;
     /// Makes the tables of these kinds, in this order, and puts each on a tab. A table that is there already stays on
     /// its tab; a kind whose table class does not exist gets an empty tab.
     void AddTables(const CDBDoc* doc, std::span<const int> kinds);
@@ -67,9 +84,10 @@ public:
     // ---- look
 
     void UpdateViewTitle() override;
-    void CustomizeContextMenu(velda::TableMenu& menu);
+    void CustomizeContextMenu(velda::CMenu& menu) override;
     void SetTabStyle() override;
-    /// The window of the view has another size.
+    void OnWindowPosChanging(const velda::WindowRect& place) override;
+    /// The window has another size, of which the table of the model checker is told.
     void OnSize();
 
     // ---- hints
@@ -83,8 +101,6 @@ public:
     void UpdateSelPost() override;
 
 private:
-    using CTBView::SetTabStyle;
-
     void MakeTables();
     std::unique_ptr<CTBCommonWnd> MakeTable(int kind);
     void MakeSingleTable(const CDBDoc* doc);
@@ -93,17 +109,17 @@ private:
     void FillAndShow(bool tellSingleTable);
     void FillTables(bool tellSingleTable);
     static void Fill(CTBCommonWnd& table, bool tell);
+    void RedrawNow() const;
     void ShowActiveTable(const CDBDoc& doc);
     void FetchSelectedKeys(GroupSelection selection);
 
     void UpdateSelection(int code);
+    bool IsOutdatedBy(const T_UPDATE_HINT* hint) const;
     bool IsFinishedBy(std::string_view command) const;
     TableFollows Follows() const;
     ICheckSheet* CheckSheet() const;
 
     void CloseFrame();
-    static void CloseAllPanes();
-    static void CloseCheckerPane();
 
     TableMakerLookup findMaker_;
     int kind_ = kTableNone;
