@@ -54,16 +54,16 @@ void ScriptViews::Mark() {
     for (OpenView& open : views_) {
         open.view->GetAllGrid(grids);
         open.redraws.clear();
-        for (const velda::CTBGrid* grid : grids) open.redraws.push_back(grid->RedrawCount());
+        for (const velda::CTBGrid* grid : grids) open.redraws[grid] = grid->RedrawCount();
     }
 }
 
 std::uint64_t ScriptViews::RedrawsSinceMark() const {
     const CTBCommonWnd* table = ActiveTable();
     if (!table) return 0;
-    const auto tab = static_cast<std::size_t>(Active()->GetCurrentTab());
-    const std::vector<std::uint64_t>& marked = views_[active_].redraws;
-    return table->RedrawCount() - (tab < marked.size() ? marked[tab] : 0);
+    const auto& marked = views_[active_].redraws;
+    const auto before = marked.find(table);
+    return table->RedrawCount() - (before == marked.end() ? 0 : before->second);
 }
 
 }  // namespace zt

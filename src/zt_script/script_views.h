@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <vector>
 
@@ -58,7 +59,7 @@ private:
         std::unique_ptr<velda::HeadlessFrame> frame;
         std::unique_ptr<ViewWindow> window;
         std::unique_ptr<CTBView> view;
-        std::vector<std::uint64_t> redraws{};  ///< of each tab, at the mark
+        std::map<const velda::CTBGrid*, std::uint64_t> redraws{};  ///< of each table, at the mark
     };
     void Close(std::size_t at);
 

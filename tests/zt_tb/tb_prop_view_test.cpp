@@ -49,6 +49,52 @@ TEST_F(TBPropViewTest, ShowsATabForEachTableWithTheAskedOneInFront) {
     EXPECT_THAT(TableOf(view).ShownKeys(), ElementsAre(3, 7));
 }
 
+TEST_F(TBPropViewTest, ListsTheTablesThatAreMissing) {
+    std::vector<std::string_view> missing;
+    for (const CTBPropView::TableEntry& entry : CTBPropView::Tables()) {
+        if (!entry.make) missing.push_back(entry.mnemonic);
+    }
+    EXPECT_THAT(missing, ElementsAre("MATL", "SECT"));
+}
+
+TEST_F(TBPropViewTest, ShowsAllTabsWhicheverKindIsAskedFor) {
+    const std::vector<std::pair<int, std::string>> kinds = {{CTBPropView::kMaterial, "Material"},
+                                                            {CTBPropView::kSection, "Section"},
+                                                            {CTBPropView::kThickness, "Thickness"}};
+    for (const auto& [kind, title] : kinds) {
+        CTBPropView view;
+        ASSERT_TRUE(view.SetTable(kind));
+        EXPECT_EQ(view.GetTabCount(), 3);
+        EXPECT_EQ(view.GetTabLabel(view.GetCurrentTab()), title);
+        std::vector<velda::CTBGrid*> grids;
+        EXPECT_EQ(view.GetAllGrid(grids), 1);
+    }
+}
+
+TEST_F(TBPropViewTest, OpensOneTableAloneWithoutTabs) {
+    CTBPropView view;
+    EXPECT_FALSE(view.OninitialUpdateMatl(doc_.get(), {}));
+    EXPECT_FALSE(view.OninitialUpdateSect(doc_.get(), {}));
+    EXPECT_FALSE(view.OnInitialUpdateThik(nullptr, {}));
+    ASSERT_TRUE(view.OnInitialUpdateThik(doc_.get(), {0, 0, 40, 30}));
+    EXPECT_EQ(view.GetTabCount(), 0);
+    EXPECT_EQ(TableOf(view).Place(), (velda::WindowRect{0, 0, 40, 30}));
+    EXPECT_THAT(TableOf(view).ShownKeys(), ElementsAre(3, 7));
+}
+
+TEST_F(TBPropViewTest, WaitsForAModel) {
+    CTBPropView view;
+    view.OnInitialUpdate();
+    EXPECT_EQ(view.GetTabCount(), 0) << "no kind is known";
+    CDBDoc::m_pDBDoc = nullptr;
+    EXPECT_FALSE(view.SetTable(CTBPropView::kThickness));
+    doc_->MakeCurrent();
+    view.OnInitialUpdate();
+    EXPECT_EQ(view.GetTabCount(), 3);
+    view.OnInitialUpdate();
+    EXPECT_EQ(view.GetTabCount(), 3);
+}
+
 TEST_F(TBPropViewTest, MakesNothingForAKindWithoutATable) {
     for (const int kind : {-1, 0, 4}) {
         CTBPropView view;
