@@ -64,5 +64,6 @@ std::span<const ScriptCommand> ClipCommands();
 std::span<const ScriptCommand> ExportCommands();
 std::span<const ScriptCommand> CallCommands();
 std::span<const ScriptCommand> ControlCommands();
+std::span<const ScriptCommand> HostCommands();
 
 }  // namespace zt

@@ -3,24 +3,21 @@
 #include <optional>
 #include <string>
 
-#include "velda_base/host/cmd_dialog.h"
+#include "velda_base/host/headless_host.h"
 #include "velda_util/grid/grid_host.h"
 
 namespace zt {
 
-/// The surroundings of the tables of a script: keeps what they tell, their clipboard, and the dialogs that they open,
-/// which are cancelled at once.
-class ScriptHost final : public velda::GridHost, public velda::ICmdDialog {
+/// The surroundings of a script: keeps what tables and views tell and ask, and answers as the script said before. The
+/// property dialogs of the application are cancelled at once.
+class ScriptHost final : public velda::GridHost, public velda::ICmdDialog, public velda::HeadlessHost {
 public:
     struct OpenedDialog {
         std::string name;
         std::uint32_t key = 0;
     };
 
-    ScriptHost() : before_(Instance()) { SetInstance(this); }
-    ~ScriptHost() override { SetInstance(before_); }
-    ScriptHost(const ScriptHost&) = delete;
-    ScriptHost& operator=(const ScriptHost&) = delete;
+    ScriptHost() { cmdDialog = this; }
 
     void OnWarning(const std::string& text) override { warning_ = text; }
     void OnMessage(const std::string& text) override { message_ = text; }
@@ -30,18 +27,26 @@ public:
         return 0;
     }
 
-    /// The last warning, message and dialog since ForgetTold; none when there was none.
+    /// The last warning, message or message box, and dialog since ForgetTold; none when there was none.
     const std::optional<std::string>& Warning() const { return warning_; }
-    const std::optional<std::string>& Message() const { return message_; }
-    const std::optional<OpenedDialog>& Dialog() const { return dialog_; }
+    std::optional<std::string> Message() const {
+        return messages.shown.empty() ? message_ : std::optional(messages.shown.back());
+    }
+    std::optional<OpenedDialog> Dialog() const {
+        return dialogs.shown.empty() ? dialog_ : OpenedDialog{dialogs.shown.back()};
+    }
     void ForgetTold() {
         warning_.reset();
         message_.reset();
         dialog_.reset();
+        messages.shown.clear();
+        dialogs.shown.clear();
+        mainFrame.sent.clear();
+        mainFrame.posted.clear();
     }
 
 private:
-    velda::ICmdDialog* before_;
+    velda::UseHost use_{*this};
     std::optional<std::string> warning_;
     std::optional<std::string> message_;
     std::optional<OpenedDialog> dialog_;

@@ -11,9 +11,9 @@ namespace zt {
 namespace {
 
 constexpr std::span<const ScriptCommand> (*kTables[])() = {
-    &ModelCommands, &RecordCommands, &HistoryCommands, &ChangeCommands, &ViewCommands,
-    &CellCommands,  &RowCommands,    &LookCommands,    &LayoutCommands, &SelectionCommands,
-    &ClipCommands,  &ExportCommands, &CallCommands,    &ControlCommands};
+    &ModelCommands, &RecordCommands, &HistoryCommands, &ChangeCommands,  &ViewCommands,
+    &CellCommands,  &RowCommands,    &LookCommands,    &LayoutCommands,  &SelectionCommands,
+    &ClipCommands,  &ExportCommands, &CallCommands,    &ControlCommands, &HostCommands};
 
 /// Number of words in which a command's name fits the beginning of a line; 0 when it does not.
 std::size_t FittingWords(std::string_view name, ScriptWords words) {
@@ -99,7 +99,9 @@ CommandResult ScriptRunner::RunLine(ScriptSession& session, ScriptWords words, b
     if (!expects) session.Host().ForgetTold();
     if (refused) return RunRefused(session, words.subspan(1));
     if (expects && words.size() > 2 && words[1].value == "not" && !words[1].quoted) return RunNegated(session, words);
-    return RunCommand(session, words);
+    CommandResult result = RunCommand(session, words);
+    session.Views().DropClosed();
+    return result;
 }
 
 void ScriptRunner::Report(const std::string& place, const CommandResult& result, bool isCheck, ScriptCount& count) {

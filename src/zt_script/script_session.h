@@ -66,7 +66,7 @@ private:
     velda::STBFindStruct findBefore_;
     ScriptHost host_;
     std::unique_ptr<CDBDoc> doc_;
-    ScriptViews views_;
+    ScriptViews views_{host_.queue};
     std::unique_ptr<ScriptControl> control_;
     std::uint64_t mark_ = 0;
     std::string reason_;

@@ -5,8 +5,25 @@
 namespace zt {
 
 void ScriptViews::Open(std::unique_ptr<CTBView> view) {
-    views_.push_back({std::move(view)});
+    auto frame = std::make_unique<velda::HeadlessFrame>(queue_);
+    auto window = std::make_unique<ViewWindow>(queue_, *view);
+    window->SetParentFrame(frame.get());
+    view->SetWindow(window.get());
+    view->OnWindowPosChanging(window->GetClientRect());
+    views_.push_back({std::move(frame), std::move(window), std::move(view)});
     active_ = views_.size() - 1;
+}
+
+void ScriptViews::Close(std::size_t at) {
+    views_[at].view->OnDestroy();
+    views_.erase(views_.begin() + static_cast<std::ptrdiff_t>(at));
+    active_ = views_.empty() ? 0 : views_.size() - 1;
+}
+
+void ScriptViews::DropClosed() {
+    for (std::size_t at = views_.size(); at-- > 0;) {
+        if (!views_[at].frame->IsOpen()) Close(at);
+    }
 }
 
 bool ScriptViews::Activate(std::int64_t number) {
@@ -16,14 +33,11 @@ bool ScriptViews::Activate(std::int64_t number) {
 }
 
 void ScriptViews::CloseActive() {
-    if (views_.empty()) return;
-    views_.erase(views_.begin() + static_cast<std::ptrdiff_t>(active_));
-    active_ = views_.empty() ? 0 : views_.size() - 1;
+    if (!views_.empty()) Close(active_);
 }
 
 void ScriptViews::CloseAll() {
-    views_.clear();
-    active_ = 0;
+    while (!views_.empty()) CloseActive();
 }
 
 std::vector<const CTBView*> ScriptViews::All() const {
@@ -46,16 +60,16 @@ void ScriptViews::Mark() {
     for (OpenView& open : views_) {
         open.view->GetAllGrid(grids);
         open.redraws.clear();
-        for (const velda::CTBGrid* grid : grids) open.redraws.push_back(grid->RedrawCount());
+        for (const velda::CTBGrid* grid : grids) open.redraws[grid] = grid->RedrawCount();
     }
 }
 
 std::uint64_t ScriptViews::RedrawsSinceMark() const {
     const CTBCommonWnd* table = ActiveTable();
     if (!table) return 0;
-    const auto tab = static_cast<std::size_t>(Active()->GetCurrentTab());
-    const std::vector<std::uint64_t>& marked = views_[active_].redraws;
-    return table->RedrawCount() - (tab < marked.size() ? marked[tab] : 0);
+    const auto& marked = views_[active_].redraws;
+    const auto before = marked.find(table);
+    return table->RedrawCount() - (before == marked.end() ? 0 : before->second);
 }
 
 }  // namespace zt

@@ -2,6 +2,7 @@
 
 #include "velda_lib/number_text.h"
 #include "zt_script/table_words.h"
+#include "zt_tb/model/tb_pre_view.h"
 #include "zt_tb/model/tb_prop_view.h"
 
 namespace zt {
@@ -15,11 +16,39 @@ CommandResult OpenPropView(ScriptSession& session, ScriptWords words) {
     for (const CTBPropView::TableEntry& entry : CTBPropView::Tables()) {
         if (words[0].value != entry.mnemonic && words[0].value != std::to_string(entry.kind)) continue;
         auto view = std::make_unique<CTBPropView>();
-        view->SetTable(entry.kind, session.Doc());
+        view->SetTable(entry.kind);
         session.OpenView(std::move(view));
         return CommandResult::Done();
     }
     return CommandResult::Unreadable("the property view has no table " + words[0].value);
+}
+
+/// A kind by its number, or by the mnemonic of its table.
+bool ReadTableKind(const std::string& word, int& kind) {
+    std::int64_t number = 0;
+    const TableKindEntry* entry = FindTableKind(word);
+    if (!entry && (!velda::ReadWholeLong(word, number) || !std::in_range<int>(number))) return false;
+    kind = entry ? entry->kind : static_cast<int>(number);
+    return true;
+}
+
+/// view pre PONT, view pre 1, view pre 26 initial
+CommandResult OpenPreView(ScriptSession& session, ScriptWords words) {
+    const bool initial = words.size() == 2 && words[1].value == "initial";
+    if (words.size() != 1 && !initial) return CommandResult::Misused();
+    int kind = 0;
+    if (!ReadTableKind(words[0].value, kind)) {
+        return CommandResult::Unreadable("the model table view has no kind " + words[0].value);
+    }
+    auto view = std::make_unique<CTBPreView>();
+    if (initial) {
+        view->StoreTableKind(kind);
+        view->OnInitialUpdate();
+    } else {
+        view->SetTable(kind, nullptr);
+    }
+    session.OpenView(std::move(view));
+    return CommandResult::Done();
 }
 
 CommandResult ActivateView(ScriptSession& session, ScriptWords words) {
@@ -129,6 +158,7 @@ CommandResult SetExecuted(ScriptSession& session, ScriptWords words) {
 
 constexpr ScriptCommand kCommands[] = {
     {"view prop", &OpenPropView, "view prop THIK|3"},
+    {"view pre", &OpenPreView, "view pre PONT|1 [initial]"},
     {"view", &ActivateView, "view N"},
     {"view close", &CloseView, "view close"},
     {"expect open", &ExpectOpen, "expect open"},

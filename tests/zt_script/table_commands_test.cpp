@@ -178,7 +178,7 @@ TEST(TableCommands, WordsThatDoNotFitGetTheUsage) {
 }
 
 TEST(TableCommands, WhatDoesNotExistIsRefused) {
-    ExpectFails("tab 2", "refused: there is no tab 2");
+    ExpectFails("tab 4", "refused: there is no tab 4");
     ExpectFails("tab \"Materials\"", "refused: there is no tab Materials");
     ExpectFails("view 2", "refused: there is no view 2");
     ExpectFails("view 0", "refused: there is no view 0");

@@ -42,17 +42,63 @@ TEST_F(TBPropViewTest, ListsItsTablesInTheOrderOfTheirKinds) {
 
 TEST_F(TBPropViewTest, ShowsATabForEachTableWithTheAskedOneInFront) {
     CTBPropView view;
-    ASSERT_TRUE(view.SetTable(CTBPropView::kThickness, *doc_));
+    ASSERT_TRUE(view.SetTable(CTBPropView::kThickness));
     EXPECT_EQ(static_cast<int>(CTBPropView::Tables().size()), view.GetTabCount());
     EXPECT_EQ("Thickness", view.GetTabLabel(view.GetCurrentTab()));
     EXPECT_EQ("Properties", view.GetTitle());
     EXPECT_THAT(TableOf(view).ShownKeys(), ElementsAre(3, 7));
 }
 
+TEST_F(TBPropViewTest, ListsTheTablesThatAreMissing) {
+    std::vector<std::string_view> missing;
+    for (const CTBPropView::TableEntry& entry : CTBPropView::Tables()) {
+        if (!entry.make) missing.push_back(entry.mnemonic);
+    }
+    EXPECT_THAT(missing, ElementsAre("MATL", "SECT"));
+}
+
+TEST_F(TBPropViewTest, ShowsAllTabsWhicheverKindIsAskedFor) {
+    const std::vector<std::pair<int, std::string>> kinds = {{CTBPropView::kMaterial, "Material"},
+                                                            {CTBPropView::kSection, "Section"},
+                                                            {CTBPropView::kThickness, "Thickness"}};
+    for (const auto& [kind, title] : kinds) {
+        CTBPropView view;
+        ASSERT_TRUE(view.SetTable(kind));
+        EXPECT_EQ(view.GetTabCount(), 3);
+        EXPECT_EQ(view.GetTabLabel(view.GetCurrentTab()), title);
+        std::vector<velda::CTBGrid*> grids;
+        EXPECT_EQ(view.GetAllGrid(grids), 1);
+    }
+}
+
+TEST_F(TBPropViewTest, OpensOneTableAloneWithoutTabs) {
+    CTBPropView view;
+    EXPECT_FALSE(view.OninitialUpdateMatl(doc_.get(), {}));
+    EXPECT_FALSE(view.OninitialUpdateSect(doc_.get(), {}));
+    EXPECT_FALSE(view.OnInitialUpdateThik(nullptr, {}));
+    ASSERT_TRUE(view.OnInitialUpdateThik(doc_.get(), {0, 0, 40, 30}));
+    EXPECT_EQ(view.GetTabCount(), 0);
+    EXPECT_EQ(TableOf(view).Place(), (velda::WindowRect{0, 0, 40, 30}));
+    EXPECT_THAT(TableOf(view).ShownKeys(), ElementsAre(3, 7));
+}
+
+TEST_F(TBPropViewTest, WaitsForAModel) {
+    CTBPropView view;
+    view.OnInitialUpdate();
+    EXPECT_EQ(view.GetTabCount(), 0) << "no kind is known";
+    CDBDoc::m_pDBDoc = nullptr;
+    EXPECT_FALSE(view.SetTable(CTBPropView::kThickness));
+    doc_->MakeCurrent();
+    view.OnInitialUpdate();
+    EXPECT_EQ(view.GetTabCount(), 3);
+    view.OnInitialUpdate();
+    EXPECT_EQ(view.GetTabCount(), 3);
+}
+
 TEST_F(TBPropViewTest, MakesNothingForAKindWithoutATable) {
     for (const int kind : {-1, 0, 4}) {
         CTBPropView view;
-        EXPECT_FALSE(view.SetTable(kind, *doc_)) << kind;
+        EXPECT_FALSE(view.SetTable(kind)) << kind;
         EXPECT_EQ(0, view.GetTabCount());
         EXPECT_EQ(nullptr, view.GetActiveGrid());
     }
@@ -60,7 +106,7 @@ TEST_F(TBPropViewTest, MakesNothingForAKindWithoutATable) {
 
 TEST_F(TBPropViewTest, FollowsTheDocumentUntilItIsClosed) {
     auto view = std::make_unique<CTBPropView>();
-    ASSERT_TRUE(view->SetTable(CTBPropView::kThickness, *doc_));
+    ASSERT_TRUE(view->SetTable(CTBPropView::kThickness));
     Add(5, "W180");
     EXPECT_THAT(TableOf(*view).ShownKeys(), ElementsAre(3, 5, 7));
     view.reset();
@@ -74,13 +120,13 @@ TEST_F(TBPropViewTest, ShowsTheRecordsUnderTheKeysOfSelectedNodes) {
     Add(5, "W180");
     CTBCommonWnd::GetDB()->GetViewCtrl()->SelectPont(nullptr, keys);
     CTBPropView view;
-    ASSERT_TRUE(view.SetTable(CTBPropView::kThickness, *doc_));
+    ASSERT_TRUE(view.SetTable(CTBPropView::kThickness));
     EXPECT_THAT(TableOf(view).ShownKeys(), ElementsAre(3, 7));
 }
 
 TEST_F(TBPropViewTest, IsDrawnOnceAsItOpens) {
     CTBPropView view;
-    ASSERT_TRUE(view.SetTable(CTBPropView::kThickness, *doc_));
+    ASSERT_TRUE(view.SetTable(CTBPropView::kThickness));
     EXPECT_EQ(1u, TableOf(view).RedrawCount());
     EXPECT_FALSE(TableOf(view).IsUpdateLocked());
 }
@@ -88,13 +134,13 @@ TEST_F(TBPropViewTest, IsDrawnOnceAsItOpens) {
 TEST_F(TBPropViewTest, OpensLockedWhileResultsAreCurrent) {
     doc_->SetExcuted(1);
     CTBPropView view;
-    ASSERT_TRUE(view.SetTable(CTBPropView::kThickness, *doc_));
+    ASSERT_TRUE(view.SetTable(CTBPropView::kThickness));
     EXPECT_TRUE(TableOf(view).IsEditModeLocked());
 }
 
 TEST_F(TBPropViewTest, ShowsKeyZeroAsAnEmptyText) {
     CTBPropView view;
-    ASSERT_TRUE(view.SetTable(CTBPropView::kThickness, *doc_));
+    ASSERT_TRUE(view.SetTable(CTBPropView::kThickness));
     T_THIK_D record;
     record.name = "W1";
     record.thickness = 1.0 / 3.0;

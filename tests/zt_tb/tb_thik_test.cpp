@@ -1,6 +1,6 @@
-#include "zt_tb/core/tb_view.h"
 #include "zt_tb/model/tb_thik.h"
 
+#include "zt_tb/core/tb_view.h"
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

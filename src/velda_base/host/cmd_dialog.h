@@ -15,12 +15,8 @@ public:
     /// The same on one record. The two further arguments are for dialogs that take more than a key.
     virtual int DoModal3(std::string_view name, std::uint32_t key, void* first, void* second) = 0;
 
-    /// The service of this host; null where there are no dialogs.
-    static ICmdDialog* Instance() { return instance_; }
-    static void SetInstance(ICmdDialog* instance) { instance_ = instance; }
-
-private:
-    static inline ICmdDialog* instance_ = nullptr;
+    /// That of the current host; null where there are no dialogs.
+    static ICmdDialog* Instance();
 };
 
 }  // namespace velda

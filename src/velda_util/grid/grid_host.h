@@ -1,6 +1,10 @@
 #pragma once
 
 #include <string>
+#include <string_view>
+
+#include "velda_base/host/application_host.h"
+#include "velda_util/print/text_measure.h"
 
 namespace velda {
 
@@ -17,11 +21,18 @@ public:
     /// Something that the user should know: the end of a search, the report of a paste, an edit that was lost.
     virtual void OnMessage(const std::string& /*text*/) {}
 
-    virtual void SetClipboardText(std::string text) { clipboard_ = std::move(text); }
-    virtual std::string GetClipboardText() { return clipboard_; }
+    /// The grid wants the focus.
+    virtual void OnSetFocus() {}
 
-private:
-    std::string clipboard_;
+    virtual void SetClipboardText(std::string text) {
+        ApplicationHost::Current().GetClipboard().SetText(std::move(text));
+    }
+    virtual std::string GetClipboardText() { return ApplicationHost::Current().GetClipboard().GetText(); }
+
+    /// Width in pixels that a text takes in a font of this size in points.
+    virtual double TextWidth(std::string_view text, double fontSize, bool bold) const {
+        return UsualTextWidth(text, fontSize, bold) / kPointsPerPixel;
+    }
 };
 
 }  // namespace velda

@@ -11,6 +11,8 @@ namespace velda {
 namespace {
 
 constexpr int kRowHeight = 20;
+/// Identifier of the column that holds the key in most tables.
+constexpr ColumnId kKeyColumn = 0;
 /// Colours of verdicts, blue-green-red.
 constexpr std::uint32_t kColorNG = 255;
 constexpr std::uint32_t kColorOK = 0xFF0000;
@@ -52,9 +54,52 @@ void CGXGridCore::HideColsByIntend(int firstCol, int lastCol, bool hide) {
 
 void CGXGridCore::SetColHidden(int col, bool hidden) { columns_.SetHidden(IdOfColumn(col), hidden); }
 
-void CGXGridCore::SetColLocked(int col, bool locked) { columns_.SetLocked(IdOfColumn(col), locked); }
+void CGXGridCore::SetColLocked(int col, bool locked) {
+    const ColumnId id = IdOfColumn(col);
+    columns_.SetLocked(id, locked);
+    if (id != kKeyColumn) return;
+    SetFrozenCols(locked ? col : 0);
+    if (!locked) SetTopLeft({topLeft_.row, 1});
+}
 
 void CGXGridCore::SetFrozenCols(int count) { columns_.SetFrozen(count); }
+
+void CGXGridCore::SetTopLeft(GridPosition cell) {
+    topLeft_ = {std::clamp(cell.row, 1, std::max(RowCount(), 1)),
+                std::clamp(cell.column, 1, std::max(GetColCount(), 1))};
+}
+
+bool CGXGridCore::IsInWindow(GridPosition cell) const {
+    const bool inRows = cell.row == 0 || (cell.row >= topLeft_.row && cell.row <= RowCount());
+    const bool inCols = cell.column >= 1 && cell.column <= GetColCount() && !IsColumnHidden(cell.column);
+    return inRows && inCols && (cell.column <= columns_.Frozen() || cell.column >= topLeft_.column);
+}
+
+std::optional<GridPosition> CGXGridCore::HitTest(WindowPoint point) const {
+    if (point.x < 0 || point.y < 0) return std::nullopt;
+    GridPosition cell{0, 1};
+    for (int y = GetRowHeight(0); y <= point.y; y += GetRowHeight(cell.row)) {
+        cell.row = cell.row == 0 ? topLeft_.row : cell.row + 1;
+        if (cell.row > RowCount()) return std::nullopt;
+    }
+    for (int x = 0; cell.column <= GetColCount(); ++cell.column) {
+        if (!IsInWindow({0, cell.column})) continue;
+        x += GetColWidth(cell.column);
+        if (point.x < x) return cell;
+    }
+    return std::nullopt;
+}
+
+std::optional<WindowPoint> CGXGridCore::CellMiddle(GridPosition cell) const {
+    if (!IsInWindow(cell)) return std::nullopt;
+    WindowPoint middle{GetColWidth(cell.column) / 2, GetRowHeight(cell.row) / 2};
+    for (int col = 1; col < cell.column; ++col) {
+        if (IsInWindow({0, col})) middle.x += GetColWidth(col);
+    }
+    if (cell.row > 0) middle.y += GetRowHeight(0);
+    for (int row = topLeft_.row; row < cell.row; ++row) middle.y += GetRowHeight(row);
+    return middle;
+}
 
 int CGXGridCore::GetRowHeight(int row) const {
     const auto found = rowHeights_.find(row);

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "velda_base/host/window.h"
 #include "velda_util/columns/column_list.h"
 #include "velda_util/edit/cell_selection.h"
 #include "velda_util/edit/navigation.h"
@@ -44,9 +46,17 @@ public:
     virtual bool IsHiddenByIntend(int col) const { return columns_.IsHiddenByIntend(col); }
     /// Hides or shows a column for the user.
     void SetColHidden(int col, bool hidden);
-    /// A locked column cannot be entered. The key column stays in view while it is locked.
+    /// A locked column cannot be entered. The key column, and what stands before it, stays in view while it is locked.
     void SetColLocked(int col, bool locked);
     void SetFrozenCols(int count);
+
+    /// The first cell that is shown behind the frozen columns. Places outside the table are drawn into it.
+    void SetTopLeft(GridPosition cell);
+    GridPosition TopLeft() const { return topLeft_; }
+    /// The cell under a point of the grid's window; row 0 is the header. No position where there is no cell.
+    std::optional<GridPosition> HitTest(WindowPoint point) const;
+    /// The middle of a cell in the grid's window; none when the cell is hidden or scrolled away.
+    std::optional<WindowPoint> CellMiddle(GridPosition cell) const;
 
     /// Heights in pixels; row 0 is the header, other rows share one height unless they have their own.
     void SetRowHeight(int row, int height) { rowHeights_[row] = height; }
@@ -148,10 +158,12 @@ protected:
 
 private:
     bool EnterNearest(int row, int col, int step);
+    bool IsInWindow(GridPosition cell) const;
     void ChangeState(int row, int col, const CGXStyle& style);
 
     std::map<int, int> rowHeights_;
     mutable CGXStyle hooked_;
+    GridPosition topLeft_{1, 1};
     int pageRows_ = 20;
     bool locked_ = false;
     std::uint64_t redraws_ = 0;

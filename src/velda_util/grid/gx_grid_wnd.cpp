@@ -1,12 +1,19 @@
 #include "velda_util/grid/gx_grid_wnd.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "velda_lib/msg_dll.h"
 #include "velda_util/clip/clipboard_text.h"
 #include "velda_util/style/display_text.h"
 
 namespace velda {
+namespace {
+
+/// Room beside the text of a cell, in pixels.
+constexpr int kCellPadding = 10;
+
+}  // namespace
 
 std::string CGXGridWnd::ClipboardCellText(int row, int col) const {
     const CGXStyle& style = StyleOf(row, col);
@@ -55,6 +62,42 @@ bool CGXGridWnd::Copy(bool withHeaders) {
     }
     Host().SetClipboardText(std::move(text));
     return true;
+}
+
+// ---- widths ----
+
+int CGXGridWnd::FittingWidth(int col, int rowCount) const {
+    const auto id = static_cast<std::uint32_t>(IdOfColumn(col));
+    const auto widthOf = [this](std::string_view text, const CGXStyle& style) {
+        return Host().TextWidth(text, style.GetFontSize(), style.GetBold());
+    };
+    double width = 0.0;
+    for (std::uint32_t row = 0; row < header_.RowCount(); ++row) {
+        width = std::max(width, widthOf(header_.Text(row, id), StyleOf(0, col)));
+    }
+    const int rows = RowCount();
+    const int samples = std::clamp(rowCount, 0, rows);
+    for (int i = 0; i < samples; ++i) {
+        const int row = 1 + static_cast<int>(static_cast<long long>(i) * rows / samples);
+        width = std::max(width, widthOf(GetShownText(row, col), StyleOf(row, col)));
+    }
+    const double bounded = std::min(width, static_cast<double>(ColumnList::kLargestWidth));
+    return static_cast<int>(std::ceil(bounded)) + kCellPadding;
+}
+
+void CGXGridWnd::ResizeColWidthsToFitSmart(int rowCount) {
+    for (int col = 1; col <= GetColCount(); ++col) {
+        if (!IsColumnHidden(col)) SetColWidth(col, FittingWidth(col, rowCount));
+    }
+}
+
+// ---- printing ----
+
+void CGXGridWnd::OnGridBeginPrinting(PrintJob& job) {
+    PrintSettings settings{job.paper, job.preview ? job.margins : margins_, job.fontSize, {}};
+    if (!job.title.empty()) settings.titles.push_back(job.title);
+    printed_.emplace(*this, std::move(settings));
+    job.pages = printed_->PageCount();
 }
 
 }  // namespace velda

@@ -4,6 +4,7 @@
 
 #include "velda_lib/flat_index.h"
 #include "velda_lib/number_text.h"
+#include "velda_util/grid/table_dialogs.h"
 
 namespace velda {
 
@@ -25,6 +26,11 @@ bool CTBBrowserWndEx::Sort(const std::vector<STBSortItem>& items) {
     const GridUpdateLock lock(*this);
     SortTable(items);
     return true;
+}
+
+bool CTBBrowserWndEx::ShowSortDlg() {
+    CTBSortDlg dialog(*this);
+    return DoModal(dialog);
 }
 
 bool CTBBrowserWndEx::FindRecordByKey(const std::vector<std::string>& keyTexts, int& row, std::uint32_t key) const {
@@ -163,8 +169,7 @@ void CTBBrowserWndEx::SelectKeys(std::span<const std::uint32_t> keys) {
 
 // ---- preferences and titles ----
 
-void CTBBrowserWndEx::ApplyPreference() {
-    ConfigureRows(GetKeyColID(), sortInfo_);
+void CTBBrowserWndEx::ApplyColumnPreferences() {
     const std::vector<STBPrefItem> items = GetPrefInfo(GetTableName());
     for (ColumnId id = 0; id < columns_.Count() && id < static_cast<int>(items.size()); ++id) {
         const STBPrefItem& item = items[static_cast<std::size_t>(id)];
@@ -176,10 +181,15 @@ void CTBBrowserWndEx::ApplyPreference() {
                                   .SetFormat(item.numberFormat == 2 ? NumberFormat::Fixed : NumberFormat::General)
                                   .SetPlaces(item.decimalPlaces));
     }
+}
+
+void CTBBrowserWndEx::ApplyPreference() {
+    ConfigureRows(GetKeyColID(), sortInfo_);
+    ApplyColumnPreferences();
     const TableLayout layout = TableRegistry::OfProcess().GetLayout(GetTableName());
     if (!layout.order.empty()) columns_.SetOrder(layout.order);
     for (const ColumnId id : layout.hidden) columns_.SetHidden(id, true);
-    for (const ColumnId id : layout.locked) columns_.SetLocked(id, true);
+    for (const ColumnId id : layout.locked) SetColLocked(PositionOfColumn(id), true);
     SetHeaderTitle(0, 0);
 }
 

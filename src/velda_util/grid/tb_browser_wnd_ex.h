@@ -35,6 +35,7 @@ public:
     void SortTable(std::vector<STBSortItem> sortInfo);
     /// The user sorts: leaves the open row first. False when it stays open.
     virtual bool Sort(const std::vector<STBSortItem>& items);
+    bool ShowSortDlg() override;
     /// Searches the rows in sort order, one text for each sort item. True when a row with exactly these texts exists,
     /// and `row` is that row; false when none exists, and `row` is where such a record belongs. Among rows with equal
     /// texts the one of the record `key` is chosen.
@@ -75,6 +76,7 @@ public:
     /// Applies what is stored under the table's name: widths, decimal places, order, hidden and locked columns. The
     /// store of the rows is laid out here, too.
     void ApplyPreference();
+    void ApplyColumnPreferences() override;
     /// Writes the titles of all columns into the header, with the labels of their current units.
     void SetHeaderTitle(int flagA, int flagB);
     /// Writes titles into the header for some grid columns.

@@ -13,6 +13,7 @@ bool CTBCommon::Initialize() {
     if (GetInitialColCount() > 0) {
         SetStyleRange(CGXRange().SetCols(1, static_cast<std::uint32_t>(GetInitialColCount())), style);
     }
+    InitBrowserSettings();
     return true;
 }
 

@@ -23,6 +23,8 @@ public:
 
     /// Prepares the grid: numeric right-aligned columns, titles, nothing in it.
     virtual bool Initialize();
+    /// What a table sets up of its own while it is initialised.
+    virtual void InitBrowserSettings() {}
 
     // ---- what a table supplies
 
@@ -74,7 +76,9 @@ public:
     // ---- changes of many cells, each one step of the undo history
 
     /// Pastes the clipboard, or a text, into the selection. The report goes to the host; false when nothing was done.
-    bool Paste(OnRefusal choice = OnRefusal::WriteOthers);
+    bool Paste() override { return Paste(OnRefusal::WriteOthers); }
+    bool Paste(OnRefusal choice);
+    bool CanPaste() const override { return !IsEditModeLocked() && CanCopy(); }
     bool PasteText(const std::string& text, OnRefusal choice = OnRefusal::WriteOthers);
     bool FillDown();
     bool ClearCells();
@@ -83,6 +87,8 @@ public:
 
     // ---- what the engine calls
 
+    /// A text is about to be pasted at a range; false keeps it out.
+    virtual bool OnPasteFromClipboard(const CGXRange& /*range*/) { return true; }
     bool OnValidateField(int row, int col) override;
     bool OnValidateRecord(int row) override;
     bool OnAddNewRecord(int row) override { return AddRecord(row) != 0; }

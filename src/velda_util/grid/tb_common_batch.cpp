@@ -170,6 +170,15 @@ bool CTBCommon::Apply(const ChangePlan& plan, const char* stepKey, OnRefusal cho
 
 // ---- the commands ----
 
+namespace {
+
+CGXRange CellsOf(const PositionRange& range) {
+    return CGXRange(static_cast<std::uint32_t>(range.top), static_cast<std::uint32_t>(range.left),
+                    static_cast<std::uint32_t>(range.bottom), static_cast<std::uint32_t>(range.right));
+}
+
+}  // namespace
+
 bool CTBCommon::Paste(OnRefusal choice) { return PasteText(Host().GetClipboardText(), choice); }
 
 bool CTBCommon::IsInOpenRow(const PositionRange& range) const {
@@ -215,10 +224,11 @@ bool CTBCommon::PasteText(const std::string& text, OnRefusal choice) {
         return false;
     }
     if (block.RowCount() == 0) return false;
-    if (block.RowCount() == 1 && IsInOpenRow(CommandRange())) return PasteInOpenRow(block, CommandRange());
-    if (!LeaveRow()) return false;
+    const bool inOpenRow = block.RowCount() == 1 && IsInOpenRow(CommandRange());
+    if (!inOpenRow && !LeaveRow()) return false;
     const PositionRange range = CommandRange();
-    if (range.bottom < range.top) return false;
+    if (range.bottom < range.top || !OnPasteFromClipboard(CellsOf(range))) return false;
+    if (inOpenRow) return PasteInOpenRow(block, range);
     const auto access = [this](int row, int col) { return AccessOf(row, col); };
     return Apply(PlanPaste(block, SelectionOf(range), PlanTargetNow(), access), "IDS_TB_ENGINE_STEP_PASTE", choice);
 }

@@ -1,8 +1,22 @@
 #include "velda_util/grid/tb_grid.h"
 
 #include "velda_lib/msg_dll.h"
+#include "velda_util/grid/table_dialogs.h"
 
 namespace velda {
+
+bool CTBGrid::ShowColorDlg() {
+    CTBColorDlg dialog;
+    return DoModal(dialog);
+}
+
+Outcome CTBGrid::SaveWidths() {
+    std::vector<int> widths;
+    for (ColumnId id = 0; id < columns_.Count(); ++id) widths.push_back(columns_.Width(id));
+    SetCurrColWithInPrefInfo(tableName_, widths);
+    return WriteToRegistry(tableName_);
+}
+
 Outcome CTBGrid::SaveLayout() {
     TableRegistry& registry = TableRegistry::OfProcess();
     std::vector<int> widths;

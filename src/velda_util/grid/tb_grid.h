@@ -10,16 +10,6 @@
 
 namespace velda {
 
-struct T_GRAPH_D;
-
-/// An entry that a table adds to the right-button menu.
-struct TableMenuItem {
-    int id = 0;
-    std::string text{};
-    bool enabled = true;
-};
-using TableMenu = std::vector<TableMenuItem>;
-
 /// Colours of all tables, blue-green-red.
 struct STBColorSet {
     std::uint32_t text = 0x000000;
@@ -50,6 +40,10 @@ public:
     const std::string& GetTableName() const { return tableName_; }
     /// Keeps the widths, the order, and what is hidden and locked, for the next time that the table opens.
     Outcome SaveLayout();
+    /// Keeps the widths alone.
+    Outcome SaveWidths();
+    /// Applies the stored widths and decimal places.
+    virtual void ApplyColumnPreferences() {}
 
     // ---- find
 
@@ -68,12 +62,18 @@ public:
     // ---- look
 
     static inline STBColorSet m_Color;
+    /// Lets the user choose the colours of all tables; false when he cancels.
+    static bool ShowColorDlg();
+    /// Lets the user sort the table; false when he cancels or the table has no order of its own.
+    virtual bool ShowSortDlg() { return false; }
 
     // ---- hooks of tables
 
     virtual bool GetGraphData(T_GRAPH_D& /*data*/) { return false; }
     virtual CGXRange GetGraphRange() const { return {}; }
-    virtual void CustomizeContextMenu(TableMenu& /*menu*/) {}
+    /// Adds to the right-button menu, or takes away from it.
+    virtual void CustomizeContextMenu(CMenu& /*menu*/) {}
+    /// A command that the table added to the menu; false when it is no command of the table.
     virtual bool HandleCustomContextMenu(int /*command*/) { return false; }
 
 protected:

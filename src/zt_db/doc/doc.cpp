@@ -98,6 +98,12 @@ void CDBDoc::RemoveView(CDBUpdateConnector* view) {
     }
 }
 
+std::vector<CDBUpdateConnector*> CDBDoc::GetViews() const {
+    std::vector<CDBUpdateConnector*> open = views_;
+    std::erase(open, nullptr);
+    return open;
+}
+
 void CDBDoc::UpdateAllViews(CDBUpdateConnector* sender, int code, T_UPDATE_HINT* hint) {
     struct Telling {
         CDBDoc& doc;

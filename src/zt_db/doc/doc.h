@@ -67,6 +67,8 @@ public:
 
     void AddView(CDBUpdateConnector* view);
     void RemoveView(CDBUpdateConnector* view);
+    /// The views in the order in which they were added.
+    std::vector<CDBUpdateConnector*> GetViews() const;
     /// Tells every view, in the order in which they were added, before it returns. A view may close itself or others
     /// while it is told; one that is opened meanwhile is not told of this change.
     void UpdateAllViews(CDBUpdateConnector* sender, int code, T_UPDATE_HINT* hint);

@@ -16,6 +16,8 @@ public:
 
     void ConnectToDoc(CDBDoc* doc);
     void DisconnectFromDoc();
+    /// The document that it listens to; null for none.
+    CDBDoc* GetDocument() const { return doc_; }
 
     /// A change of the document. The sender is the listener that caused it, or null; it is told like all others.
     virtual void OnUpdate(CDBUpdateConnector* sender, int code, T_UPDATE_HINT* hint) = 0;

@@ -1,47 +1,84 @@
 #include "zt_tb/core/tb_view.h"
 
+#include <algorithm>
+
+#include "velda_base/host/application_host.h"
+#include "velda_lib/msg_dll.h"
+#include "zt_tb/core/tb_print_preview.h"
+
 namespace zt {
+
+using velda::CMsgDll;
+
+void CMyGXTabWnd::OnTabSwitch() {
+    CGXTabWnd::OnTabSwitch();
+    owner_.OnTabSwitch();
+}
 
 void CTBView::SetGridHost(velda::GridHost* host) {
     host_ = host;
-    for (const Sheet& sheet : sheets_) sheet.grid->SetHost(host);
+    std::vector<velda::CTBGrid*> grids;
+    GetAllGrid(grids);
+    for (velda::CTBGrid* grid : grids) grid->SetHost(host);
+}
+
+// ---- tabs
+
+void CTBView::BuildWorkbook() {
+    tabs_ = std::make_unique<CMyGXTabWnd>(*this);
+    tabs_->MoveWindow(place_);
+    tabs_->AddTab(std::make_unique<velda::CGXGridView>(), {});
 }
 
 void CTBView::AddWorksheet(std::unique_ptr<velda::CTBGrid> grid, std::string title) {
-    if (!hasTabs_) sheets_.clear();
-    grid->SetHost(host_);
-    sheets_.push_back({std::move(grid), std::move(title)});
+    if (grid) grid->SetHost(host_);
+    if (grid) grid->MoveWindow(place_);
+    if (!tabs_) {
+        single_ = std::move(grid);
+        return;
+    }
+    tabs_->AddTab(std::move(grid), std::move(title));
+    if (dynamic_cast<velda::CGXGridView*>(tabs_->GetPane(0))) tabs_->RemoveTab(0);
 }
 
 void CTBView::ChangeTabLabel(int tab, std::string title) {
-    if (tab >= 0 && tab < GetTabCount()) sheets_[static_cast<std::size_t>(tab)].title = std::move(title);
+    if (tabs_) tabs_->SetLabel(tab, std::move(title));
 }
 
 void CTBView::SetCurrentTab(int tab) {
-    if (tab < 0 || tab >= GetTabCount() || tab == current_) return;
-    current_ = tab;
-    OnTabSwitch();
+    if (tabs_) tabs_->SwitchTab(tab);
+}
+
+const std::string& CTBView::GetTabLabel(int tab) const {
+    if (!tabs_) throw std::out_of_range("a view of one grid has no tabs");
+    return tabs_->GetLabel(tab);
 }
 
 velda::CTBGrid* CTBView::GetActiveGrid() const {
-    return sheets_.empty() ? nullptr : sheets_[static_cast<std::size_t>(current_)].grid.get();
+    return tabs_ ? dynamic_cast<velda::CTBGrid*>(tabs_->GetActivePane()) : single_.get();
 }
+
+velda::CTBGrid* CTBView::LiveGrid() const { return GetWindow() && !GetWindow()->IsOpen() ? nullptr : GetActiveGrid(); }
 
 int CTBView::GetAllGrid(std::vector<velda::CTBGrid*>& grids) const {
     grids.clear();
-    for (const Sheet& sheet : sheets_) grids.push_back(sheet.grid.get());
+    if (single_ && !tabs_) grids.push_back(single_.get());
+    for (int tab = 0; tab < GetTabCount(); ++tab) {
+        if (auto* grid = dynamic_cast<velda::CTBGrid*>(tabs_->GetPane(tab))) grids.push_back(grid);
+    }
     return static_cast<int>(grids.size());
 }
 
 bool CTBView::LeaveRows() {
-    for (const Sheet& sheet : sheets_) {
-        auto* browser = dynamic_cast<velda::CTBBrowserWnd*>(sheet.grid.get());
-        if (browser && !browser->LeaveRow()) return false;
-    }
-    return true;
+    std::vector<velda::CTBGrid*> grids;
+    GetAllGrid(grids);
+    return std::all_of(grids.begin(), grids.end(), [](velda::CTBGrid* grid) { return grid->LeaveRow(); });
 }
 
+// ---- hints of the document
+
 void CTBView::OnUpdate(CDBUpdateConnector* /*sender*/, int code, T_UPDATE_HINT* hint) {
+    const velda::WaitCursor wait;
     switch (code) {
         case HintCode::Changed0:
         case HintCode::Changed1:
@@ -65,10 +102,178 @@ void CTBView::OnUpdate(CDBUpdateConnector* /*sender*/, int code, T_UPDATE_HINT* 
     }
 }
 
-void CTBView::SetTableReadOnlyMode(int flag) {
-    for (const Sheet& sheet : sheets_) {
-        if (auto* browser = dynamic_cast<velda::CTBBrowserWnd*>(sheet.grid.get())) browser->LockEditMode(flag != 0);
+void CTBView::SetReadOnlyMode(velda::TabPane* pane, int flag) const {
+    if (!pane) return;
+    if (auto* browser = dynamic_cast<velda::CTBBrowserWnd*>(pane)) {
+        browser->LockEditMode(flag != 0);
+    } else {
+        velda::AfxMessageBox(CMsgDll::pfuncLoadStr("IDS_TB_VIEW_OVERRIDE_SETTABLEREADONLYMODE", 0));
     }
+}
+
+void CTBView::SetTableReadOnlyMode(int flag) {
+    if (!tabs_) SetReadOnlyMode(GetActiveGrid(), flag);
+    for (int tab = 0; tab < GetTabCount(); ++tab) SetReadOnlyMode(tabs_->GetPane(tab), flag);
+}
+
+// ---- commands
+
+std::span<const ViewCommand<CTBView>> CTBView::Commands() {
+    static constexpr ViewCommand<CTBView> kCommands[] = {
+        {CommandId::EditCopy, &CTBView::OnEditCopy, &CTBView::CanCopy},
+        {CommandId::EditPaste, &CTBView::OnEditPaste, &CTBView::CanPaste},
+        {CommandId::FilePrint, &CTBView::OnFilePrint, &CTBView::HasLiveGrid},
+        {CommandId::FilePrintDirect, &CTBView::OnFilePrint, &CTBView::HasLiveGrid},
+        {CommandId::FilePrintPreview, &CTBView::OnFilePrintPreview, &CTBView::HasLiveGrid},
+        {CommandId::Color, &CTBView::OnTbColorDlg, &CTBView::Always},
+        {CommandId::Graph, &CTBView::OnTbGvGraphView, &CTBView::HasLiveGrid},
+    };
+    return kCommands;
+}
+
+bool CTBView::OnCommand(int id) {
+    for (const ViewCommand<CTBView>& command : Commands()) {
+        if (command.id != id || !(this->*command.isEnabled)()) continue;
+        (this->*command.run)();
+        return true;
+    }
+    return false;
+}
+
+bool CTBView::IsCommandEnabled(int id) const {
+    return std::any_of(Commands().begin(), Commands().end(), [&](const ViewCommand<CTBView>& command) {
+        return command.id == id && (this->*command.isEnabled)();
+    });
+}
+
+bool CTBView::CanCopy() const { return LiveGrid() && LiveGrid()->CanCopy(); }
+
+bool CTBView::CanPaste() const { return LiveGrid() && LiveGrid()->CanPaste(); }
+
+void CTBView::OnEditCopy() {
+    if (velda::CTBGrid* grid = LiveGrid()) grid->Copy();
+}
+
+void CTBView::OnEditPaste() {
+    if (velda::CTBGrid* grid = LiveGrid()) grid->Paste();
+}
+
+void CTBView::OnFilePrintPreview() { CTBPrintPreview::OnFilePrintPreview(*this); }
+
+void CTBView::OnTbColorDlg() {
+    if (!velda::CTBGrid::ShowColorDlg()) return;
+    if (velda::CTBGrid* grid = LiveGrid()) grid->Redraw();
+}
+
+void CTBView::OnTbGvGraphView() {
+    velda::CTBGrid* grid = LiveGrid();
+    if (!grid) return;
+    auto data = std::make_unique<velda::T_GRAPH_D>();
+    if (!grid->GetGraphData(*data)) {
+        velda::AfxMessageBox(CMsgDll::pfuncLoadStr("IDS_TB__Error___Invalid_Graph_Range_", 0));
+        return;
+    }
+    velda::IGraphView* service = velda::IGraphView::Instance();
+    if (!CDBDoc::m_pDBDoc || !service) return;
+    velda::CGraphFuncView* view = service->GetView(CMsgDll::pfuncLoadStr("IDS_TB__Table_Graph_View", 0));
+    if (!view) return;
+    if (velda::IFrame* frame = GetParentFrame()) frame->Activate();
+    view->SetGraphData(std::move(data));
+}
+
+// ---- the window
+
+velda::TabPane* CTBView::Child() const {
+    if (tabs_) return tabs_.get();
+    return single_.get();
+}
+
+void CTBView::OnSetFocus() {
+    if (velda::CTBGrid* grid = LiveGrid()) grid->SetFocus();
+}
+
+void CTBView::OnWindowPosChanging(const velda::WindowRect& place) {
+    place_ = place;
+    if (velda::TabPane* child = Child()) child->MoveWindow(place);
+}
+
+// ---- printing
+
+bool CTBView::Print(bool preview) {
+    if (!LiveGrid()) return false;
+    velda::IPrinter& printer = velda::ApplicationHost::Current().GetPrinter();
+    velda::PrintJob job;
+    job.title = GetTitle();
+    job.preview = preview;
+    if (!OnPreparePrinting(job)) return false;
+    OnBeginPrinting(job);
+    printer.BeginJob(job);
+    for (int page = 1; page <= job.pages && printer.BeginPage(page); ++page) {
+        OnPrepareDC(page);
+        OnPrint(page);
+    }
+    printer.EndJob();
+    OnEndPrinting(job);
+    return true;
+}
+
+bool CTBView::OnPreparePrinting(velda::PrintJob& job) { return CTBPrintPreview::OnPreparePrinting(job); }
+
+void CTBView::OnPrepareDC(int page) {
+    if (velda::CTBGrid* grid = LiveGrid()) grid->OnGridPrepareDC(page);
+}
+
+void CTBView::OnPrint(int page) {
+    if (velda::CTBGrid* grid = LiveGrid()) grid->OnPrint(page);
+}
+
+namespace {
+
+void SetStandardFontSize(velda::CTBGrid& grid, double size) {
+    grid.ChangeStandardStyle(velda::CGXStyle().SetFontSize(size));
+}
+
+void SetMargins(velda::CTBGrid& grid, const velda::PrintMargins& margins) {
+    grid.SetMargins(margins.top, margins.left, margins.bottom, margins.right);
+}
+
+}  // namespace
+
+void CTBView::OnBeginPrinting(velda::PrintJob& job) {
+    velda::CTBGrid* grid = LiveGrid();
+    if (!grid) return;
+    if (!job.preview) {
+        printing_ = true;
+        savedLock_ = grid->LockUpdate(true);
+        savedFontSize_ = grid->Styles().StandardStyle().GetFontSize();
+        SetStandardFontSize(*grid, CTBPrintPreview::m_nPrintFontSize);
+        savedMargins_ = grid->GetMargins();
+        SetMargins(*grid, job.margins);
+    }
+    grid->OnGridBeginPrinting(job);
+}
+
+void CTBView::OnEndPrinting(const velda::PrintJob& job) {
+    velda::CTBGrid* grid = LiveGrid();
+    if (!grid) return;
+    if (!job.preview) {
+        SetStandardFontSize(*grid, savedFontSize_);
+        SetMargins(*grid, savedMargins_);
+        printing_ = false;
+    }
+    grid->OnGridEndPrinting();
+    if (!job.preview) grid->LockUpdate(savedLock_);
+}
+
+void CTBView::OnDraw(bool printing) {
+    velda::CTBGrid* grid = LiveGrid();
+    if (printing || !grid) return;
+    const double size = grid->Styles().StandardStyle().GetFontSize();
+    const bool locked = grid->LockUpdate(false);
+    if (printing_) SetStandardFontSize(*grid, savedFontSize_);
+    grid->Redraw();
+    if (printing_) SetStandardFontSize(*grid, size);
+    grid->LockUpdate(locked);
 }
 
 }  // namespace zt

@@ -2,22 +2,26 @@
 
 #include <algorithm>
 
+#include "velda_base/host/wait_cursor.h"
 #include "velda_lib/msg_dll.h"
 #include "zt_tb/model/tb_thik.h"
 
 namespace zt {
 namespace {
 
-template <class Table>
-std::unique_ptr<CTBCommonWnd> Make(CTBView* view) {
-    auto table = std::make_unique<Table>();
-    table->Initialize(view);
-    return table;
-}
-
 constexpr CTBPropView::TableEntry kTables[] = {
-    {CTBPropView::kThickness, "THIK", "IDS_TB_PREVIEW_Thik", &Make<CTBThik>},
+    {CTBPropView::kMaterial, "MATL", "IDB_TB_PREVIEW_Matl"},
+    {CTBPropView::kSection, "SECT", "IDB_TB_PREVIEW_Sect"},
+    {CTBPropView::kThickness, "THIK", "IDS_TB_PREVIEW_Thik", &MakeTable<CTBThik>},
 };
+constexpr int kAllKinds[] = {CTBPropView::kMaterial, CTBPropView::kSection, CTBPropView::kThickness};
+
+/// Null for a kind without a tab.
+const CTBPropView::TableEntry* EntryOf(int kind) {
+    const auto found = std::find_if(std::begin(kTables), std::end(kTables),
+                                    [&](const CTBPropView::TableEntry& entry) { return entry.kind == kind; });
+    return found == std::end(kTables) ? nullptr : &*found;
+}
 
 }  // namespace
 
@@ -27,42 +31,74 @@ std::string CTBPropView::GetTableName(int /*kind*/) {
     return velda::CMsgDll::pfuncLoadStr("IDS_TB_PROPVIEW_PROPERTIES", 0);
 }
 
-bool CTBPropView::SetTable(int kind, CDBDoc& doc) {
-    const auto asked =
-        std::find_if(std::begin(kTables), std::end(kTables), [&](const TableEntry& e) { return e.kind == kind; });
-    if (asked == std::end(kTables)) return false;
+bool CTBPropView::SetTable(int kind, void* /*data*/) {
+    if (!EntryOf(kind)) return false;
     kind_ = kind;
-    BuildWorkbook();
-    AddTables();
-    SetCurrentTab(static_cast<int>(asked - std::begin(kTables)));
     UpdateViewTitle();
-    FillTables(*doc.GetMDBCtrl()->GetCurrentDB()->GetViewCtrl());
-    SetTableReadOnlyMode(doc.IsExcuted());
-    ConnectToDoc(&doc);
+    OnInitialUpdate();
+    return !tables_.empty();
+}
+
+void CTBPropView::OnInitialUpdate() {
+    CDBDoc* doc = CDBDoc::m_pDBDoc;
+    if (kind_ == 0 || !doc || !tables_.empty()) return;
+    OnInitialUpdateProperties(*doc, GetPlace(), kind_);
+    ShowAndFill(*doc);
+}
+
+void CTBPropView::OnInitialUpdateProperties(CDBDoc& doc, const velda::WindowRect& place, int kind) {
+    OnWindowPosChanging(place);
+    BuildWorkbook();
+    ReadSelectedKeys(doc);
+    AddTables(kAllKinds);
+    SetCurrentTab(static_cast<int>(EntryOf(kind) - kTables));
+    SetTabStyle();
+}
+
+bool CTBPropView::OpenAlone(CDBDoc* doc, const velda::WindowRect& place, int kind) {
+    const TableEntry& entry = *EntryOf(kind);
+    if (!doc || !entry.make || !tables_.empty()) return false;
+    kind_ = kind;
+    OnWindowPosChanging(place);
+    ReadSelectedKeys(*doc);
+    AddTable(entry);
+    UpdateViewTitle();
+    ShowAndFill(*doc);
     return true;
 }
 
-void CTBPropView::AddTables() {
-    for (const TableEntry& entry : kTables) {
-        std::unique_ptr<CTBCommonWnd> table = entry.make(this);
-        tables_.push_back(table.get());
-        AddWorksheet(std::move(table), velda::CMsgDll::pfuncLoadStr(entry.titleKey, 0));
-    }
+void CTBPropView::ReadSelectedKeys(CDBDoc& doc) {
+    doc.GetMDBCtrl()->GetCurrentDB()->GetViewCtrl()->GetAllSelectedPont(selectedKeys_);
+    std::sort(selectedKeys_.begin(), selectedKeys_.end());
 }
 
-void CTBPropView::FillTables(CViewCtrl& view) {
-    std::vector<std::uint32_t> nodes;
-    view.GetAllSelectedPont(nodes);
-    std::sort(nodes.begin(), nodes.end());
+void CTBPropView::AddTable(const TableEntry& entry) {
+    const std::string title = velda::CMsgDll::pfuncLoadStr(entry.titleKey, 0);
+    std::unique_ptr<CTBCommonWnd> table = entry.make ? entry.make(this) : nullptr;
+    if (table) tables_.push_back(table.get());
+    AddWorksheet(std::move(table), title);
+}
+
+void CTBPropView::AddTables(std::span<const int> kinds) {
+    for (const int kind : kinds) AddTable(*EntryOf(kind));
+}
+
+void CTBPropView::ShowAndFill(CDBDoc& doc) {
+    if (velda::IFrame* frame = GetParentFrame()) frame->RedrawNow();
+    if (velda::CWnd* window = GetWindow()) window->RedrawNow();
+    const velda::WaitCursor wait;
+    SetTableReadOnlyMode(doc.IsExcuted());
     for (CTBCommonWnd* table : tables_) {
         const velda::GridUpdateLock lock(*table);
-        if (nodes.empty()) {
+        if (selectedKeys_.empty()) {
             table->MakeItemEx(nullptr, -2, 0);
         } else {
-            table->PreFilterRecord(nodes);
+            table->PreFilterRecord(selectedKeys_);
         }
         table->OnAfterOpen();
     }
+    ConnectToDoc(&doc);
+    OnSetFocus();
 }
 
 void CTBPropView::UpdateViewTitle() { SetTitle(GetTableName(kind_)); }

@@ -3,13 +3,14 @@
 #include <span>
 #include <string_view>
 
-#include "zt_tb/core/tb_view.h"
+#include "zt_tb/core/table_maker.h"
+#include "zt_tb/core/tb_common_view.h"
 
 namespace zt {
 
 /// The view of the property tables, all on tabs of one view. It shows all records, or, when nodes are selected as it
 /// opens, those records whose keys are the keys of the nodes.
-class CTBPropView : public CTBView {
+class CTBPropView : public CTBCommonView {
 public:
     enum enTableKind { kMaterial = 1, kSection = 2, kThickness = 3 };
 
@@ -18,27 +19,44 @@ public:
         int kind = 0;
         std::string_view mnemonic;  ///< of the record class
         std::string_view titleKey;  ///< of the tab
-        std::unique_ptr<CTBCommonWnd> (*make)(CTBView* view);
+        /// Null while the table does not exist: its tab is empty.
+        TableMaker make = nullptr;
     };
     /// The tables in the order of their tabs.
     static std::span<const TableEntry> Tables();
     /// Title of the view.
     static std::string GetTableName(int kind);
 
-    /// Makes and fills all tables, with the tab of `kind` in front, and listens to the document from then on. Once in
-    /// the life of a view. False, and nothing done, for a kind without a table.
-    bool SetTable(int kind, CDBDoc& doc);
+    /// Makes and fills all tables, with the tab of `kind` in front, and listens to the current document from then on.
+    /// Once in the life of a view. False, and nothing made, for a kind without a tab and while no model is open.
+    bool SetTable(int kind, void* data = nullptr);
+    /// Makes what SetTable could not make for want of a model; nothing before SetTable.
+    void OnInitialUpdate() override;
+
+    // One table alone, without tabs. False when the table does not exist or no model is open.
+    bool OninitialUpdateMatl(CDBDoc* doc, const velda::WindowRect& place) { return OpenAlone(doc, place, kMaterial); }
+    bool OninitialUpdateSect(CDBDoc* doc, const velda::WindowRect& place) { return OpenAlone(doc, place, kSection); }
+    bool OnInitialUpdateThik(CDBDoc* doc, const velda::WindowRect& place) { return OpenAlone(doc, place, kThickness); }
 
     void UpdateViewTitle() override;
     void UpdateBuffer(T_UPDATE_HINT* hint) override;
     void UpdateUnit() override;
+    void UpdatePrefChanged() override {}
+
+protected:
+    void CustomizeContextMenu(velda::CMenu& /*menu*/) override {}
 
 private:
-    void AddTables();
-    void FillTables(CViewCtrl& view);
+    void OnInitialUpdateProperties(CDBDoc& doc, const velda::WindowRect& place, int kind);
+    bool OpenAlone(CDBDoc* doc, const velda::WindowRect& place, int kind);
+    void AddTables(std::span<const int> kinds);
+    void AddTable(const TableEntry& entry);
+    void ReadSelectedKeys(CDBDoc& doc);
+    void ShowAndFill(CDBDoc& doc);
 
     int kind_ = 0;
     std::vector<CTBCommonWnd*> tables_;
+    std::vector<std::uint32_t> selectedKeys_;  ///< of nodes
 };
 
 }  // namespace zt

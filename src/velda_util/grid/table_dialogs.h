@@ -1,0 +1,69 @@
+#pragma once
+
+#include <vector>
+
+#include "velda_base/host/modal_dialog.h"
+#include "velda_util/grid/tb_browser_wnd_ex.h"
+
+namespace velda {
+
+/// Lets the user choose the colours of all tables.
+class CTBColorDlg final : public ModalDialog {
+public:
+    std::string_view GetName() const override { return "TableColors"; }
+    void OnInitDialog() override { colors = CTBGrid::m_Color; }
+    bool OnOK() override {
+        CTBGrid::m_Color = colors;
+        return true;
+    }
+
+    STBColorSet colors;
+};
+
+/// Lets the user sort a table by its columns.
+class CTBSortDlg final : public ModalDialog {
+public:
+    /// The table outlives the dialog.
+    explicit CTBSortDlg(CTBBrowserWndEx& table) : table_(table) {}
+
+    std::string_view GetName() const override { return "TableSort"; }
+    void OnInitDialog() override { items = table_.SortInfo(); }
+    /// Stays open when the open row of the table cannot be left.
+    bool OnOK() override { return table_.Sort(items); }
+    /// Identifiers of the columns that can be sorted by: those that the user can see.
+    std::vector<ColumnId> Columns() const;
+
+    std::vector<STBSortItem> items;
+
+private:
+    CTBBrowserWndEx& table_;
+};
+
+/// Lets the user choose how the columns of a table are shown.
+class CTBStyleDlg final : public ModalDialog {
+public:
+    explicit CTBStyleDlg(CTBGrid& table) : table_(table) {}
+
+    std::string_view GetName() const override { return "TableStyle"; }
+    void OnInitDialog() override { items = CTBGrid::GetPrefInfo(table_.GetTableName()); }
+    /// Keeps the preferences and applies them. Stays open when they do not fit the table.
+    bool OnOK() override;
+
+    std::vector<STBPrefItem> items;  ///< by column identifier
+
+private:
+    CTBGrid& table_;
+};
+
+/// Opens the style dialog of a table.
+class CTBStyleCtrlEx {
+public:
+    void Initialize(CTBGrid& table) { table_ = &table; }
+    /// False when the user cancels, and before Initialize.
+    bool ShowStyleDlg();
+
+private:
+    CTBGrid* table_ = nullptr;
+};
+
+}  // namespace velda

@@ -1,0 +1,644 @@
+#include <filesystem>
+
+#include "velda_base/host/headless_dock_pane.h"
+#include "velda_base/host/headless_host.h"
+#include "velda_lib/language.h"
+#include "velda_util/grid/table_dialogs.h"
+#include "zt_tb/core/dock_view.h"
+#include "zt_tb/core/tb_common_view.h"
+#include "zt_tb/core/tb_find_dlg.h"
+#include "zt_tb/core/tb_print_preview.h"
+#include "zt_tb/model/tb_thik.h"
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace zt {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+constexpr int kName = 1;  ///< column identifiers
+constexpr int kThickness = 2;
+
+/// A thickness table that lets the tests say what its hooks do.
+class HookedThik : public CTBThik {
+public:
+    bool GetGraphData(velda::T_GRAPH_D& data) override {
+        data.title = "Graph";
+        return hasGraph;
+    }
+    void CustomizeContextMenu(velda::CMenu& menu) override {
+        menu.Append(50000, "Own");
+        menu.RemoveCommand(CommandId::ChangeUnit);
+    }
+    bool HandleCustomContextMenu(int command) override {
+        handled.push_back(command);
+        return command == 50000;
+    }
+
+    bool hasGraph = false;
+    std::vector<int> handled;
+};
+
+/// A grid that is no record browser.
+class PlainGrid : public velda::CTBGrid {
+public:
+    int GetRowCount() const override { return 0; }
+    int RowCount() const override { return 0; }
+    bool HasAppendRow() const override { return false; }
+    std::string GetValueRowCol(int, int) const override { return {}; }
+    velda::RowId RowIdAt(int) const override { return velda::kNoRow; }
+    int PositionOfRow(velda::RowId) const override { return 0; }
+};
+
+class TestView : public CTBCommonView {
+public:
+    void OnTabSwitch() override { ++switches; }
+    void UpdateBuffer(T_UPDATE_HINT*) override { Called("buffer"); }
+    void UpdateUnit() override { Called("unit"); }
+    void UpdateSelAdd() override { Called("selAdd"); }
+    void UpdateSelDel() override { Called("selDel"); }
+    void UpdateSelPre() override { Called("pre"); }
+    void UpdateSelPost() override { Called("post"); }
+    void UpdateExeStart() override { Called("exeStart"); }
+    void UpdateExeEnd() override { Called("exeEnd"); }
+    void UpdateRefresh() override { Called("refresh"); }
+    void UpdatePostDBChanged() override { Called("postDb"); }
+    void UpdatePrefChanged() override { Called("pref"); }
+    void UpdateDgnForceChanged() override { Called("forceChanged"); }
+    void UpdateDgnForceRemoved() override { Called("forceRemoved"); }
+
+    int switches = 0;
+    std::vector<std::string> calls;
+    bool waited = true;
+
+protected:
+    void CustomizeContextMenu(velda::CMenu& menu) override { menu.Append(50001, "View"); }
+
+private:
+    void Called(const char* what) {
+        calls.emplace_back(what);
+        auto& host = dynamic_cast<velda::HeadlessHost&>(velda::ApplicationHost::Current());
+        waited = waited && host.waitCursor.depth == 1;
+    }
+};
+
+class TBViewTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        velda::SetCurrentLanguage(velda::Language::English);
+        velda::TableRegistry::OfProcess().UseFile(velda::PreferenceFile(std::filesystem::path()));
+        velda::CTBGrid::m_Find = {};
+        doc->MakeCurrent();
+        for (std::uint32_t key = 1; key <= 4; ++key) {
+            T_THIK_D record;
+            record.name = key == 3 ? "Slab" : "Wall";
+            record.thickness = 0.1;
+            ASSERT_TRUE(CTBCommonWnd::GetDB()->GetClass<CClassThik>()->TR_Add(key, record));
+        }
+        window.SetParentFrame(&frame);
+        view.SetWindow(&window);
+    }
+    void TearDown() override {
+        view.OnDestroy();
+        CDBDoc::m_pDBDoc = nullptr;
+        velda::CTBGrid::m_Find = {};
+        velda::TableRegistry::OfProcess().UseFile(velda::PreferenceFile());
+    }
+    static std::unique_ptr<HookedThik> MakeTable() {
+        auto table = std::make_unique<HookedThik>();
+        table->Initialize(static_cast<CTBView*>(nullptr));
+        table->MakeItemEx(nullptr, -2, 0);
+        return table;
+    }
+    HookedThik& AddTable(const std::string& title = "Thickness") {
+        auto table = MakeTable();
+        HookedThik& added = *table;
+        view.AddWorksheet(std::move(table), title);
+        return added;
+    }
+    static const velda::ColumnList& ColumnsOf(const velda::CGXGridCore& table) { return table.Columns(); }
+    static int Col(const HookedThik& table, int id) { return table.PositionOfColumn(id); }
+
+    velda::HeadlessHost host;
+    velda::UseHost use{host};
+    velda::HeadlessFrame frame{host.queue};
+    velda::HeadlessWindow window{host.queue};
+    std::unique_ptr<CDBDoc> doc = CDBDoc::New();
+    TestView view;
+};
+
+// ---- tabs
+
+TEST_F(TBViewTest, TheFirstWorksheetTakesThePlaceOfThePlaceholder) {
+    view.BuildWorkbook();
+    EXPECT_EQ(view.GetTabCount(), 1);
+    EXPECT_EQ(view.GetActiveGrid(), nullptr) << "the placeholder is no grid";
+    HookedThik& table = AddTable("A");
+    EXPECT_EQ(view.GetTabCount(), 1);
+    EXPECT_EQ(view.GetTabLabel(0), "A");
+    EXPECT_EQ(view.GetActiveGrid(), &table);
+    AddTable("B");
+    EXPECT_EQ(view.GetTabCount(), 2);
+    view.ChangeTabLabel(1, "C");
+    EXPECT_EQ(view.GetTabLabel(1), "C");
+}
+
+TEST_F(TBViewTest, AViewOfOneGridHasNoTabsAndOneGrid) {
+    HookedThik& table = AddTable();
+    std::vector<velda::CTBGrid*> grids{nullptr, nullptr};
+    EXPECT_EQ(view.GetAllGrid(grids), 1);
+    EXPECT_THAT(grids, ElementsAre(&table));
+    EXPECT_EQ(view.GetTabCount(), 0);
+}
+
+TEST_F(TBViewTest, AllGridsComeInTheOrderOfTheirTabs) {
+    view.BuildWorkbook();
+    HookedThik& a = AddTable("A");
+    view.AddWorksheet(nullptr, "Empty");
+    HookedThik& b = AddTable("B");
+    std::vector<velda::CTBGrid*> grids;
+    EXPECT_EQ(view.GetAllGrid(grids), 2);
+    EXPECT_THAT(grids, ElementsAre(&a, &b));
+}
+
+TEST_F(TBViewTest, IsToldThatAnotherTabIsInFront) {
+    view.BuildWorkbook();
+    AddTable("A");
+    AddTable("B");
+    EXPECT_EQ(view.switches, 0);
+    view.SetCurrentTab(1);
+    view.SetCurrentTab(1);
+    view.SetCurrentTab(2);
+    EXPECT_EQ(view.switches, 1);
+}
+
+// ---- hints
+
+TEST_F(TBViewTest, EachHintHasItsOperationUnderAWaitCursor) {
+    const std::vector<std::pair<int, std::string>> hints = {
+        {0, "buffer"},   {1, "buffer"},        {3, "buffer"},  {4, "unit"},     {5, "selAdd"},
+        {6, "selDel"},   {7, "pre"},           {8, "post"},    {9, "exeStart"}, {10, "exeEnd"},
+        {12, "refresh"}, {14, "forceRemoved"}, {20, "postDb"}, {27, "pref"},    {30, "forceChanged"}};
+    for (const auto& [code, call] : hints) {
+        view.calls.clear();
+        view.OnUpdate(nullptr, code, nullptr);
+        EXPECT_THAT(view.calls, ElementsAre(call)) << code;
+    }
+    EXPECT_TRUE(view.waited);
+    EXPECT_EQ(host.waitCursor.depth, 0);
+}
+
+TEST_F(TBViewTest, OtherHintsDoNothing) {
+    for (const int code : {-1, 2, 11, 13, 18, 19, 21, 26, 28, 31, 39, 99}) view.OnUpdate(nullptr, code, nullptr);
+    EXPECT_THAT(view.calls, IsEmpty());
+}
+
+TEST_F(TBViewTest, HintsOfTheRunStateLockTheTables) {
+    HookedThik& table = AddTable();
+    doc->SetExcuted(1);
+    view.OnUpdate(nullptr, 3, nullptr);
+    EXPECT_FALSE(table.IsEditModeLocked());
+    view.OnUpdate(nullptr, 1, nullptr);
+    EXPECT_TRUE(table.IsEditModeLocked());
+    doc->SetExcuted(0);
+    view.OnUpdate(nullptr, 0, nullptr);
+    EXPECT_FALSE(table.IsEditModeLocked());
+}
+
+TEST_F(TBViewTest, AGridThatIsNoRecordBrowserTellsThatTheViewMustKnowIt) {
+    view.BuildWorkbook();
+    view.AddWorksheet(nullptr, "Empty");
+    HookedThik& table = AddTable("A");
+    view.SetTableReadOnlyMode(1);
+    EXPECT_THAT(host.messages.shown, IsEmpty()) << "a tab without a pane is passed over";
+    view.AddWorksheet(std::make_unique<PlainGrid>(), "Plain");
+    view.SetTableReadOnlyMode(1);
+    EXPECT_THAT(host.messages.shown, ElementsAre("The view must override SetTableReadOnlyMode."));
+    EXPECT_TRUE(table.IsEditModeLocked());
+}
+
+// ---- commands
+
+TEST_F(TBViewTest, WithoutATableCommandsDoNothing) {
+    for (const int id : {CommandId::EditCopy, CommandId::EditPaste, CommandId::FilePrint, CommandId::FilePrintPreview,
+                         CommandId::EditFind, CommandId::FindNext, CommandId::Sort, CommandId::FitWidth,
+                         CommandId::Style, CommandId::Graph, CommandId::LockColumns, CommandId::UnlockColumns, 50000}) {
+        EXPECT_FALSE(view.IsCommandEnabled(id)) << id;
+        EXPECT_FALSE(view.OnCommand(id)) << id;
+    }
+    view.OnTbGvFind();
+    view.OnTbGvFindNext();
+    view.OnTbGvSortDlg();
+    view.OnTbGvResizeWidth();
+    view.OnResizeWidth();
+    view.OnTbGvStyleDlg();
+    view.OnEnableCol();
+    view.OnDisableCol();
+    view.OnTbGvGraphView();
+    view.OnContextMenu({});
+    view.OnSetFocus();
+    view.OnDraw(false);
+    EXPECT_FALSE(view.Print(false));
+    EXPECT_THAT(host.dialogs.shown, IsEmpty());
+    EXPECT_THAT(host.messages.shown, IsEmpty());
+    EXPECT_EQ(host.menus.last, std::nullopt);
+}
+
+TEST_F(TBViewTest, ATableWhoseWindowIsGoneTakesNoCommands) {
+    AddTable();
+    EXPECT_TRUE(view.IsCommandEnabled(CommandId::EditFind));
+    window.Destroy();
+    EXPECT_FALSE(view.IsCommandEnabled(CommandId::EditFind));
+    EXPECT_FALSE(view.OnCommand(CommandId::EditFind));
+}
+
+TEST_F(TBViewTest, CopyAndPasteAreEnabledAsTheTableSays) {
+    HookedThik& table = AddTable();
+    EXPECT_FALSE(view.IsCommandEnabled(CommandId::EditCopy)) << "nothing is selected";
+    ASSERT_TRUE(table.SetCurrentCell(1, Col(table, kName)));
+    EXPECT_TRUE(view.OnCommand(CommandId::EditCopy));
+    EXPECT_EQ(host.clipboard.GetText(), "Wall\n");
+    ASSERT_TRUE(table.SetCurrentCell(3, Col(table, kName)));
+    EXPECT_TRUE(view.OnCommand(CommandId::EditPaste));
+    T_THIK_D record;
+    CTBCommonWnd::GetDB()->GetClass<CClassThik>()->Get(3, record);
+    EXPECT_EQ(record.name, "Wall");
+    table.LockEditMode(true);
+    EXPECT_FALSE(view.IsCommandEnabled(CommandId::EditPaste));
+}
+
+// ---- graph
+
+TEST_F(TBViewTest, AnInvalidGraphRangeShowsTheMessageAndNoGraph) {
+    AddTable();
+    view.OnTbGvGraphView();
+    EXPECT_THAT(host.messages.shown, ElementsAre("The selected range cannot be shown as a graph."));
+    EXPECT_THAT(host.graphs.asked, IsEmpty());
+}
+
+TEST_F(TBViewTest, AGraphGoesToTheViewOfItsTitle) {
+    AddTable().hasGraph = true;
+    view.OnTbGvGraphView();
+    EXPECT_THAT(host.graphs.asked, ElementsAre("Table Graph View"));
+    ASSERT_NE(host.graphs.shown, nullptr);
+    EXPECT_EQ(host.graphs.shown->title, "Graph");
+    EXPECT_EQ(frame.activations, 1);
+}
+
+TEST_F(TBViewTest, NoGraphIsShownWithoutAViewOrADocument) {
+    AddTable().hasGraph = true;
+    host.graphs.fails = true;
+    view.OnTbGvGraphView();
+    EXPECT_EQ(frame.activations, 0);
+    host.graphs.asked.clear();
+    CDBDoc::m_pDBDoc = nullptr;
+    view.OnTbGvGraphView();
+    EXPECT_THAT(host.graphs.asked, IsEmpty());
+    doc->MakeCurrent();
+}
+
+// ---- window
+
+TEST_F(TBViewTest, WhatFillsTheViewFollowsIt) {
+    HookedThik& table = AddTable();
+    view.OnWindowPosChanging({1, 2, 300, 200});
+    EXPECT_EQ(table.Place(), (velda::WindowRect{1, 2, 300, 200}));
+    view.BuildWorkbook();
+    view.OnWindowPosChanging({0, 0, 50, 60});
+    EXPECT_EQ(view.GetTabWnd()->Place(), (velda::WindowRect{0, 0, 50, 60}));
+}
+
+// ---- printing
+
+TEST_F(TBViewTest, PrintingPutsFontAndMarginsInAndTakesThemBack) {
+    HookedThik& table = AddTable();
+    const double size = table.Styles().StandardStyle().GetFontSize();
+    ASSERT_NE(size, CTBPrintPreview::m_nPrintFontSize);
+    int left = 0;
+    int top = 0;
+    int right = 0;
+    int bottom = 0;
+    CTBPrintPreview::GetMarginDPUnit(left, top, right, bottom);
+    int seen = 0;
+    host.printer.whilePrinting = [&] {
+        ++seen;
+        EXPECT_EQ(table.Styles().StandardStyle().GetFontSize(), CTBPrintPreview::m_nPrintFontSize);
+        EXPECT_EQ(table.GetMargins(), (velda::PrintMargins{left, top, right, bottom}));
+        EXPECT_TRUE(table.IsUpdateLocked());
+        const auto redraws = table.RedrawCount();
+        view.OnDraw(true);
+        EXPECT_EQ(table.RedrawCount(), redraws) << "paper is no window";
+        view.OnDraw(false);
+        EXPECT_EQ(table.RedrawCount(), redraws + 1);
+        EXPECT_TRUE(table.IsUpdateLocked());
+        EXPECT_NE(table.PrintedPages(), nullptr);
+    };
+    EXPECT_TRUE(view.OnCommand(CommandId::FilePrintDirect));
+    EXPECT_EQ(seen, 1);
+    EXPECT_THAT(host.printer.pages, ElementsAre(1));
+    EXPECT_EQ(table.Styles().StandardStyle().GetFontSize(), size);
+    EXPECT_EQ(table.GetMargins(), velda::PrintMargins());
+    EXPECT_FALSE(table.IsUpdateLocked());
+    EXPECT_EQ(table.PrintedPages(), nullptr);
+}
+
+TEST_F(TBViewTest, APreviewLeavesTheTableAsItIs) {
+    HookedThik& table = AddTable();
+    const double size = table.Styles().StandardStyle().GetFontSize();
+    host.printer.whilePrinting = [&] {
+        EXPECT_EQ(table.Styles().StandardStyle().GetFontSize(), size);
+        EXPECT_FALSE(table.IsUpdateLocked());
+    };
+    EXPECT_TRUE(view.OnCommand(CommandId::FilePrintPreview));
+    ASSERT_EQ(host.printer.jobs.size(), 1u);
+    EXPECT_TRUE(host.printer.jobs[0].preview);
+    EXPECT_GT(host.printer.jobs[0].margins.left, 0);
+    EXPECT_EQ(host.printer.jobs[0].fontSize, CTBPrintPreview::m_nPrintFontSize);
+}
+
+TEST_F(TBViewTest, ACancelledPrintDoesNothing) {
+    AddTable();
+    host.printer.cancels = true;
+    EXPECT_FALSE(view.Print(false));
+    EXPECT_THAT(host.printer.jobs, IsEmpty());
+}
+
+// ---- context menu
+
+TEST_F(TBViewTest, TheMenuIsChangedByTheViewAndThenByTheTable) {
+    AddTable();
+    view.OnContextMenu({5, 5});
+    ASSERT_TRUE(host.menus.last);
+    const velda::CMenu& menu = *host.menus.last;
+    const auto& items = menu.Items();
+    ASSERT_GE(items.size(), 3u);
+    EXPECT_EQ(items[items.size() - 3].id, CommandId::Color);
+    EXPECT_EQ(items[items.size() - 2].id, 50001);
+    EXPECT_EQ(items[items.size() - 1].id, 50000);
+    EXPECT_EQ(menu.Find(CommandId::ChangeUnit), nullptr);
+    EXPECT_TRUE(menu.Find(CommandId::Sort)->enabled);
+}
+
+TEST_F(TBViewTest, AnOpenRowKeepsTheTableFromBeingSorted) {
+    HookedThik& table = AddTable();
+    ASSERT_TRUE(table.EditCell(1, Col(table, kName), "X"));
+    view.OnContextMenu({5, 5});
+    EXPECT_FALSE(host.menus.last->Find(CommandId::Sort)->enabled);
+}
+
+TEST_F(TBViewTest, TheChosenCommandRunsAlsoWhenItIsTheTables) {
+    HookedThik& table = AddTable();
+    host.menus.choices = {50000, 50001, CommandId::Sort};
+    view.OnContextMenu({5, 5});
+    view.OnContextMenu({5, 5});
+    view.OnContextMenu({5, 5});
+    EXPECT_THAT(table.handled, ElementsAre(50000, 50001));
+    EXPECT_THAT(host.dialogs.shown, ElementsAre("TableSort"));
+}
+
+// ---- find
+
+velda::HeadlessDialogs::User Finds(const std::string& text, int direction = 1) {
+    return [=](velda::ModalDialog& dialog) {
+        auto& find = dynamic_cast<CTBFindDlg&>(dialog);
+        find.text = text;
+        find.direction = direction;
+        find.allColumns = true;
+        return true;
+    };
+}
+
+TEST_F(TBViewTest, FindNextWithoutATextOpensTheDialog) {
+    HookedThik& table = AddTable();
+    host.dialogs.users.push_back(Finds("Slab"));
+    view.OnTbGvFindNext();
+    EXPECT_THAT(host.dialogs.shown, ElementsAre("TableFind"));
+    int row = 0;
+    int col = 0;
+    ASSERT_TRUE(table.GetCurrentCell(row, col));
+    EXPECT_EQ(row, 3);
+    view.OnTbGvFindNext();
+    EXPECT_EQ(host.dialogs.shown.size(), 1u) << "now it has a text";
+}
+
+TEST_F(TBViewTest, TheFindDialogTakesNoEmptyText) {
+    AddTable();
+    host.dialogs.users.push_back(Finds(""));
+    view.OnTbGvFind();
+    EXPECT_EQ(velda::CTBGrid::m_Find.text, "");
+    EXPECT_TRUE(velda::CTBGrid::m_Find.direction == 1 && !velda::CTBGrid::m_Find.onlyCurrentColumn);
+}
+
+TEST_F(TBViewTest, TheFindDialogShowsAndKeepsTheSettings) {
+    HookedThik& table = AddTable();
+    velda::CTBGrid::m_Find = {"abc", true, true, 0, 0};
+    CTBFindDlg dialog(table);
+    dialog.OnInitDialog();
+    EXPECT_EQ(dialog.text, "abc");
+    EXPECT_TRUE(dialog.matchCase);
+    EXPECT_FALSE(dialog.allColumns);
+    EXPECT_EQ(dialog.direction, 0);
+    EXPECT_TRUE(dialog.IsFindEnabled());
+    dialog.text.clear();
+    EXPECT_FALSE(dialog.IsFindEnabled());
+    dialog.text = "xyz";
+    dialog.allColumns = true;
+    dialog.matchCase = false;
+    dialog.direction = 1;
+    EXPECT_TRUE(dialog.OnOK()) << "it closes though nothing was found";
+    const velda::STBFindStruct& find = velda::CTBGrid::m_Find;
+    EXPECT_EQ(find.text, "xyz");
+    EXPECT_FALSE(find.onlyCurrentColumn);
+    EXPECT_FALSE(find.matchCase);
+    EXPECT_EQ(find.direction, 1);
+}
+
+TEST_F(TBViewTest, ACancelledFindChangesNothing) {
+    AddTable();
+    host.dialogs.users.push_back([](velda::ModalDialog& dialog) {
+        dynamic_cast<CTBFindDlg&>(dialog).text = "Slab";
+        return false;
+    });
+    view.OnTbGvFind();
+    EXPECT_EQ(velda::CTBGrid::m_Find.text, "");
+}
+
+// ---- locked columns
+
+TEST_F(TBViewTest, SelectedColumnsAreLockedButNotThatOfTheCurrentCell) {
+    HookedThik& table = AddTable();
+    const int name = Col(table, kName);
+    const int thickness = Col(table, kThickness);
+    ASSERT_TRUE(table.SetCurrentCell(1, name));
+    table.SelectRange(velda::PositionRange::Columns(name, thickness));
+    view.OnDisableCol();
+    EXPECT_FALSE(ColumnsOf(table).IsLocked(kName));
+    EXPECT_TRUE(ColumnsOf(table).IsLocked(kThickness));
+    EXPECT_TRUE(table.Selected().IsEmpty());
+    EXPECT_FALSE(table.IsUpdateLocked());
+    table.SelectRange(velda::PositionRange::Columns(thickness, thickness));
+    view.OnEnableCol();
+    EXPECT_FALSE(ColumnsOf(table).IsLocked(kThickness));
+}
+
+TEST_F(TBViewTest, WithoutSelectedColumnsThatUnderTheMenuIsLocked) {
+    HookedThik& table = AddTable();
+    ASSERT_TRUE(table.SetCurrentCell(1, Col(table, kName)));
+    view.OnDisableCol();
+    EXPECT_FALSE(ColumnsOf(table).IsLocked(kThickness)) << "no menu was opened";
+    view.OnContextMenu(*table.CellMiddle({2, Col(table, kThickness)}));
+    view.OnDisableCol();
+    EXPECT_TRUE(ColumnsOf(table).IsLocked(kThickness));
+}
+
+TEST_F(TBViewTest, TheColumnOfTheCurrentCellIsNotLockedByTheMenuEither) {
+    HookedThik& table = AddTable();
+    ASSERT_TRUE(table.SetCurrentCell(1, Col(table, kName)));
+    table.SelectRange(velda::PositionRange::Columns(Col(table, kName), Col(table, kName)));
+    view.OnContextMenu(*table.CellMiddle({2, Col(table, kName)}));
+    view.OnDisableCol();
+    EXPECT_FALSE(ColumnsOf(table).IsLocked(kName));
+    EXPECT_FALSE(table.Selected().IsEmpty()) << "nothing was done";
+    view.OnContextMenu({100000, 5});
+    view.OnDisableCol();
+    EXPECT_FALSE(ColumnsOf(table).IsLocked(kThickness)) << "there is no cell";
+}
+
+TEST_F(TBViewTest, ALockedKeyColumnIsFrozenUntilItIsUnlocked) {
+    HookedThik& table = AddTable();
+    ASSERT_TRUE(table.SetCurrentCell(1, Col(table, kName)));
+    table.SelectRange(velda::PositionRange::Columns(1, 1));
+    view.OnDisableCol();
+    EXPECT_EQ(ColumnsOf(table).Frozen(), 1);
+    table.SetTopLeft({3, 2});
+    table.SelectRange(velda::PositionRange::Columns(1, 1));
+    view.OnEnableCol();
+    EXPECT_EQ(ColumnsOf(table).Frozen(), 0);
+    EXPECT_EQ(table.TopLeft(), (velda::GridPosition{3, 1}));
+}
+
+// ---- widths
+
+TEST_F(TBViewTest, FittingWidthsIsDrawnOnceFromTheMenu) {
+    HookedThik& table = AddTable();
+    table.SetColWidth(Col(table, kName), 999);
+    const auto redraws = table.RedrawCount();
+    view.OnResizeWidth();
+    EXPECT_LT(table.GetColWidth(Col(table, kName)), 999);
+    EXPECT_EQ(table.RedrawCount(), redraws + 1);
+    EXPECT_FALSE(table.IsUpdateLocked());
+}
+
+TEST_F(TBViewTest, TheWidthsOfTheTableInFrontAreKept) {
+    view.BuildWorkbook();
+    HookedThik& front = AddTable("A");
+    HookedThik& behind = AddTable("B");
+    front.SetColWidth(Col(front, kName), 123);
+    behind.SetColWidth(Col(behind, kName), 45);
+    view.OnDestroy();
+    EXPECT_EQ(MakeTable()->GetColWidth(Col(front, kName)), 123);
+}
+
+// ---- docked views
+
+class TestPane : public CDockView {
+public:
+    ViewClass GetRuntimeViewClass() const override { return viewClass; }
+    void OnAfterCreateView() override { ++created; }
+
+    ViewClass viewClass = [] { return std::unique_ptr<CTBView>(std::make_unique<TestView>()); };
+    int created = 0;
+};
+
+TEST_F(TBViewTest, APaneMakesItsViewOnce) {
+    TestPane pane;
+    velda::HeadlessDockPane paneWindow(host.queue, pane);
+    EXPECT_EQ(pane.GetCurrentView(), nullptr);
+    ASSERT_TRUE(pane.SetInitData(7, nullptr));
+    CTBView* made = pane.GetOrCreateView();
+    ASSERT_NE(made, nullptr);
+    EXPECT_EQ(pane.GetOrCreateView(), made);
+    EXPECT_EQ(pane.GetCurrentView(), made);
+    EXPECT_EQ(pane.created, 1);
+    EXPECT_EQ(host.frames.made, 1);
+    EXPECT_EQ(made->GetDocument(), doc.get());
+    paneWindow.MoveWindow({0, 0, 100, 50});
+    EXPECT_EQ(made->GetPlace(), (velda::WindowRect{0, 0, 102, 52}));
+}
+
+TEST_F(TBViewTest, AViewThatCannotBeMadeIsNull) {
+    TestPane pane;
+    pane.SetInitData(7, nullptr);
+    EXPECT_EQ(pane.GetOrCreateView(), nullptr) << "no window";
+    velda::HeadlessDockPane paneWindow(host.queue, pane);
+    host.frames.fails = true;
+    EXPECT_EQ(pane.GetOrCreateView(), nullptr);
+    host.frames.fails = false;
+    pane.viewClass = nullptr;
+    EXPECT_EQ(pane.GetOrCreateView(), nullptr);
+    pane.viewClass = []() -> std::unique_ptr<CTBView> { throw std::runtime_error("no view"); };
+    EXPECT_EQ(pane.GetOrCreateView(), nullptr);
+    pane.viewClass = [] { return std::unique_ptr<CTBView>(std::make_unique<TestView>()); };
+    CDBDoc::m_pDBDoc = nullptr;
+    EXPECT_EQ(pane.GetOrCreateView(), nullptr) << "no document";
+    doc->MakeCurrent();
+    EXPECT_NE(pane.GetOrCreateView(), nullptr);
+    EXPECT_EQ(pane.created, 1);
+}
+
+TEST_F(TBViewTest, Hint18ClosesThePane) {
+    TestPane pane;
+    pane.SetInitData(7, nullptr);
+    pane.OnUpdate(nullptr, HintCode::ClosePanes, nullptr);
+    velda::HeadlessDockPane paneWindow(host.queue, pane);
+    ASSERT_NE(pane.GetOrCreateView(), nullptr);
+    T_UPDATE_HINT hint;
+    doc->UpdateAllViews(nullptr, HintCode::Refresh, &hint);
+    EXPECT_NE(pane.GetCurrentView(), nullptr);
+    doc->UpdateAllViews(nullptr, HintCode::ClosePanes, &hint);
+    EXPECT_EQ(pane.GetCurrentView(), nullptr);
+    EXPECT_FALSE(pane.IsVisible());
+    EXPECT_EQ(pane.GetId(), 7u) << "the pane keeps its identifier";
+    EXPECT_NE(pane.GetOrCreateView(), nullptr) << "and can have a view again";
+    paneWindow.Destroy();
+    pane.OnUpdate(nullptr, HintCode::ClosePanes, nullptr);
+    EXPECT_NE(pane.GetCurrentView(), nullptr) << "its window is gone";
+}
+
+TEST_F(TBViewTest, APaneThatIsDestroyedHoldsIdleWorkBack) {
+    TestPane pane;
+    velda::HeadlessDockPane paneWindow(host.queue, pane);
+    pane.SetInitData(7, nullptr);
+    pane.GetOrCreateView();
+    pane.OnDestroy();
+    EXPECT_EQ(pane.GetCurrentView(), nullptr);
+    EXPECT_THAT(host.idleCalls, ElementsAre(true, false));
+}
+
+TEST_F(TBViewTest, APaneKeepsNoIdentifierThatAnotherHas) {
+    TestPane pane;
+    TestPane other;
+    EXPECT_TRUE(pane.SetInitData(7, nullptr));
+    EXPECT_FALSE(other.SetInitData(7, nullptr));
+    EXPECT_EQ(other.GetId(), velda::CDockViewBase::kNoId);
+    EXPECT_FALSE(other.ShowDockView());
+}
+
+TEST_F(TBViewTest, ATablePaneGivesItsKindToTheView) {
+    static int kindGiven = 0;
+    CDockView_PreTable pane;
+    velda::HeadlessDockPane paneWindow(host.queue, pane);
+    const int kind = 161;
+    ASSERT_TRUE(pane.SetInitData(34551, &kind));
+    EXPECT_EQ(pane.GetOrCreateView(), nullptr) << "no view class is registered";
+    CDockView_PreTable::RegisterView({[] { return std::unique_ptr<CTBView>(std::make_unique<TestView>()); },
+                                      [](CTBView&, int given) { kindGiven = given; }});
+    EXPECT_NE(pane.GetOrCreateView(), nullptr);
+    EXPECT_EQ(kindGiven, 161);
+    CDockView_PreTable::RegisterView({});
+}
+
+}  // namespace
+}  // namespace zt
