@@ -7,7 +7,7 @@
 
 namespace velda {
 
-/// A window with a title that carries a view.
+/// A window with a title that carries a view. It is its own parent frame.
 class IFrame : public CWnd {
 public:
     virtual std::string GetTitle() const = 0;

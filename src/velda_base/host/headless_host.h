@@ -82,6 +82,7 @@ public:
     std::string GetTitle() const override { return title_; }
     void SetTitle(const std::string& title) override { title_ = title; }
     void Activate() override { ++activations; }
+    IFrame* GetParentFrame() override { return this; }
     void Close() override;
 
     int activations = 0;
