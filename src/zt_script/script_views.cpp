@@ -17,6 +17,8 @@ bool ScriptViews::Activate(std::int64_t number) {
 
 void ScriptViews::CloseActive() {
     if (views_.empty()) return;
+    // A script has no file to write the layout to; the next views take it from memory.
+    if (velda::CTBGrid* grid = Active()->GetActiveGrid()) static_cast<void>(grid->SaveLayout());
     views_.erase(views_.begin() + static_cast<std::ptrdiff_t>(active_));
     active_ = views_.empty() ? 0 : views_.size() - 1;
 }
