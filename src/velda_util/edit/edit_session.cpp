@@ -145,8 +145,8 @@ EditRefusal EditSession::Raise(EditEvent event, const Arguments& arguments) {
 EditRefusal EditSession::Act(EditAction action, const Arguments& arguments) {
     switch (action) {
         case EditAction::None: break;
-        case EditAction::OpenReplacing: return OpenEditor(arguments.cell, arguments.text, true);
-        case EditAction::OpenInPlace: return OpenEditor(arguments.cell, host_.EditText(arguments.cell), false);
+        case EditAction::OpenReplacing: return OpenEditor(arguments.cell, &arguments.text);
+        case EditAction::OpenInPlace: return OpenEditor(arguments.cell, nullptr);
         case EditAction::ChangeText: return ChangeEditorText(arguments.text);
         case EditAction::AcceptCell: return AcceptEditor();
         case EditAction::CancelCell: return CancelEditor();
@@ -177,17 +177,18 @@ EditRefusal EditSession::FollowUp(EditFollowUp then, EditEvent event, const Argu
     return EditRefusal::None;
 }
 
-EditRefusal EditSession::OpenEditor(CellId cell, std::string text, bool touched) {
+EditRefusal EditSession::OpenEditor(CellId cell, const std::string* typed) {
     if (!host_.CanEditCell(cell)) return EditRefusal::NotEditable;
+    std::string text = typed ? *typed : host_.EditText(cell);
     const bool opensRow = state_ == EditState::Browsing;
     if (opensRow) BeginRow(cell.row);
-    open_.editor = {cell.column, std::move(text), touched};
+    open_.editor = {cell.column, std::move(text), typed != nullptr};
     if (!host_.OnStartEditing(cell)) {
         if (opensRow) EndRow();
         open_.editor = {};
         return EditRefusal::NotEditable;
     }
-    if (touched) host_.OnModifyCell(cell, open_.editor.text);
+    if (typed) host_.OnModifyCell(cell, open_.editor.text);
     return EditRefusal::None;
 }
 

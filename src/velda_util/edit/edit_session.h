@@ -123,7 +123,8 @@ private:
     EditRefusal Act(EditAction action, const Arguments& arguments);
     EditRefusal FollowUp(EditFollowUp then, EditEvent event, const Arguments& arguments);
 
-    EditRefusal OpenEditor(CellId cell, std::string text, bool touched);
+    /// Opens the editor of a cell with what was typed, or in place with the text of the host.
+    EditRefusal OpenEditor(CellId cell, const std::string* typed);
     EditRefusal ChangeEditorText(const std::string& text);
     EditRefusal AcceptEditor();
     EditRefusal CancelEditor();

@@ -10,13 +10,6 @@ bool CTBGrid::ShowColorDlg() {
     return DoModal(dialog);
 }
 
-Outcome CTBGrid::SaveWidths() {
-    std::vector<int> widths;
-    for (ColumnId id = 0; id < columns_.Count(); ++id) widths.push_back(columns_.Width(id));
-    SetCurrColWithInPrefInfo(tableName_, widths);
-    return WriteToRegistry(tableName_);
-}
-
 Outcome CTBGrid::SaveLayout() {
     TableRegistry& registry = TableRegistry::OfProcess();
     std::vector<int> widths;

@@ -40,8 +40,6 @@ public:
     const std::string& GetTableName() const { return tableName_; }
     /// Keeps the widths, the order, and what is hidden and locked, for the next time that the table opens.
     Outcome SaveLayout();
-    /// Keeps the widths alone.
-    Outcome SaveWidths();
     /// Applies the stored widths and decimal places.
     virtual void ApplyColumnPreferences() {}
 

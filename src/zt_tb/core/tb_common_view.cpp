@@ -189,8 +189,8 @@ void CTBCommonView::SetColumnsLocked(bool locked) {
 void CTBCommonView::OnDestroy() {
     velda::CTBGrid* grid = GetActiveGrid();
     if (grid && !velda::CTBGrid::GetPrefInfo(grid->GetTableName()).empty()) {
-        // Widths that cannot be written stay in force in this process.
-        static_cast<void>(grid->SaveWidths());
+        // A layout that cannot be written stays in force in this process.
+        static_cast<void>(grid->SaveLayout());
     }
     CTBView::OnDestroy();
 }

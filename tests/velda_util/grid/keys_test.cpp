@@ -21,6 +21,11 @@ TEST_F(GridKeys, F2EditsInPlace) {
     EXPECT_EQ(table.Session().EditorText(), "A2");
 }
 
+TEST_F(GridKeys, F2WithoutACurrentCellIsRefused) {
+    EXPECT_FALSE(table.Press("F2"));
+    EXPECT_FALSE(table.IsRowInEdit());
+}
+
 TEST_F(GridKeys, EnterAcceptsGoesDownAndWritesTheRow) {
     table.GoTo(1, PlateTable::Name);
     table.TypeText("New");
