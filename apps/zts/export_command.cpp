@@ -14,6 +14,7 @@ using Tables = zt::CTBPropView;
 int TabOf(const std::string& name) {
     const auto tables = Tables::Tables();
     for (std::size_t tab = 0; tab < tables.size(); ++tab) {
+        if (!tables[tab].make) continue;
         const bool isTitle = name == velda::CMsgDll::pfuncLoadStr(tables[tab].titleKey, 0);
         if (isTitle || name == tables[tab].mnemonic) return static_cast<int>(tab);
     }
@@ -26,7 +27,9 @@ bool AddTables(velda::CGridExportToExcel& exporter, const zt::CTBView& view, con
         const int tab = TabOf(name);
         if (tab < 0) {
             std::cerr << "there is no table " << name << "; there are";
-            for (const auto& table : Tables::Tables()) std::cerr << ' ' << table.mnemonic;
+            for (const auto& table : Tables::Tables()) {
+                if (table.make) std::cerr << ' ' << table.mnemonic;
+            }
             std::cerr << '\n';
             return false;
         }
@@ -66,7 +69,7 @@ bool Export(const ExportRequest& request) {
     if (!doc) return false;
     doc->MakeCurrent();
     zt::CTBPropView view;
-    view.SetTable(Tables::Tables().front().kind, *doc);
+    view.SetTable(Tables::Tables().front().kind);
     velda::CGridExportToExcel exporter;
     bool done = AddTables(exporter, view, request.tables);
     if (done) {
