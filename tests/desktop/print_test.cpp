@@ -99,9 +99,11 @@ TEST_F(PrintedPages, AMergedCellShowsOneText) {
 }
 
 TEST_F(PrintedPages, ABoxThatIsCheckedHasATick) {
-    const int empty = Dark(Picture(1), Cell(2, ExampleGrid::kCheck - 1));
+    const QImage empty = Picture(1);
     grid.SetDataRowCol(2, ExampleGrid::kCheck, 1);
-    EXPECT_GT(Dark(Picture(1), Cell(2, ExampleGrid::kCheck - 1)), empty + 10);
+    const QImage checked = Picture(1);
+    const QRect box = Cell(2, ExampleGrid::kCheck - 1);
+    EXPECT_GT(Dark(checked, box), Dark(empty, box) + 10);
 }
 
 TEST_F(PrintedPages, KoreanTextsAreAboutTwiceAsWide) {

@@ -21,7 +21,7 @@ namespace zt {
 namespace {
 
 /// Labels along the axis, as many as can be read.
-constexpr int kMostLabels = 12;
+constexpr int kMostLabels = 8;
 /// Points of a line that are drawn; of more, the least and the greatest of each stretch stand for the stretch.
 constexpr std::size_t kMostPoints = 4000;
 /// Points up to which each is marked.
@@ -66,6 +66,12 @@ QString ValueTitle(const velda::T_GRAPH_D& data) {
     const bool all =
         std::all_of(data.items.begin(), data.items.end(), [&](const auto& i) { return unit(i) == shared; });
     return all ? shared : QString();
+}
+
+/// Room below and above the values, so that the outermost ones do not lie on the edge.
+double RoomAround(double least, double greatest) {
+    if (greatest > least) return 0.02 * (greatest - least);
+    return least == 0.0 ? 1.0 : std::abs(least) / 2.0;
 }
 
 }  // namespace
@@ -174,13 +180,10 @@ void GraphWindow::AddAxes(QChart& chart) const {
             greatest = std::max(greatest, value);
         }
     }
-    if (least == greatest) {
-        const double room = least == 0.0 ? 1.0 : std::abs(least) / 2.0;
-        least -= room;
-        greatest += room;
-    }
     auto* values = new QValueAxis;
-    values->setRange(least, greatest);
+    const double room = RoomAround(least, greatest);
+    // Bars stand on the zero line.
+    values->setRange(ShowsBars() && least == 0.0 ? least : least - room, greatest + room);
     values->applyNiceNumbers();
     values->setTitleText(ValueTitle(*data_));
 

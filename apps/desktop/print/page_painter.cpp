@@ -13,6 +13,7 @@ namespace {
 
 constexpr double kPointsPerInch = 72.0;
 constexpr double kPadding = 2.5;    ///< points beside a text
+constexpr double kLeading = 1.5;    ///< points above and below it
 constexpr double kLineWidth = 0.4;  ///< points
 const QColor kLineColor(0x80, 0x80, 0x80);
 const QColor kHeaderColor(0xEE, 0xEE, 0xEE);
@@ -114,7 +115,8 @@ void PagePainter::PaintCell(int row, int col, const QRectF& rect) {
         style.IncludeTextColor() ? GridColors::OfStyle(style.GetTextColor()) : GridColors::TextOn(background);
     painter_.setPen(color);
     const QString text = ToQt(velda::DisplayText(grid_.GetValueRowCol(row, col), style));
-    QRectF inner = rect.adjusted(kPadding * scaleX_, 0, -kPadding * scaleX_, 0);
+    const double pad = kPadding * scaleX_;
+    QRectF inner = rect.adjusted(pad, kLeading * scaleY_, -pad, -kLeading * scaleY_);
     if (!GridPainter::IsCheckBox(style)) {
         PaintText(text, inner, style);
         return;
@@ -124,7 +126,7 @@ void PagePainter::PaintCell(int row, int col, const QRectF& rect) {
     const double left = hasCaption ? inner.left() : rect.center().x() - side / 2;
     PaintBox({left, rect.center().y() - side / 2, side, side}, text == QLatin1String("1"));
     if (!hasCaption) return;
-    inner.setLeft(left + side + kPadding * scaleX_);
+    inner.setLeft(left + side + pad);
     painter_.setPen(color);
     PaintText(ToQt(style.GetChoiceList()).section(QLatin1Char('\n'), 0, 0), inner, style);
 }

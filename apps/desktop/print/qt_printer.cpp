@@ -56,6 +56,7 @@ bool QtPrinter::Prepare(velda::PrintJob& job) {
     }
     job.paper = PaperOf(*printer_);
     job.headings.push_back(PrintHeading());
+    job.headings.emplace_back();  // a gap above the table
     job.textWidth = &PagePainter::TextWidth;
     return true;
 }

@@ -182,7 +182,7 @@ QPixmap FirstPage(const velda::CTBGrid& table, const std::string& title) {
     auto& margins = settings.margins;
     CTBPrintPreview::GetMarginDPUnit(margins.left, margins.top, margins.right, margins.bottom);
     settings.fontSize = CTBPrintPreview::m_nPrintFontSize;
-    settings.titles = {title, PrintHeading()};
+    settings.titles = {title, PrintHeading(), {}};
     settings.textWidth = &PagePainter::TextWidth;
     QImage page(qRound(settings.paper.width * dotsPerPoint), qRound(settings.paper.height * dotsPerPoint),
                 QImage::Format_RGB32);
@@ -219,7 +219,7 @@ void TourPaperAndGraphs(Album& album) {
     PaperHost host(table.view);
     const velda::UseHost use(host);
     velda::CTBGrid& grid = *table.view.GetActiveGrid();
-    album.Add("printed-page", FirstPage(grid, table.view.GetTitle()));
+    album.Add("printed-page", FirstPage(grid, table.view.GetTabLabel(table.view.GetCurrentTab())));
     AddDialog(album, "print-preview", [&] { table.view.OnFilePrintPreview(); });
     grid.SelectRange({1, kName, 20, kThickness});
     table.view.OnTbGvGraphView();
