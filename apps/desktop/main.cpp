@@ -6,6 +6,8 @@
 #include <iostream>
 
 #include "desktop/grid/qt_text.h"
+#include "desktop/print/pdf_file.h"
+#include "desktop/tour/tour.h"
 #include "desktop/window/main_window.h"
 #include "desktop/window/theme.h"
 #include "velda_lib/language.h"
@@ -47,17 +49,27 @@ int main(int count, char** arguments) {
     QCommandLineOption language("language", "en or ko.", "code", "ko");
     QCommandLineOption screenshot("screenshot", "Writes a picture of the window and ends.", "file");
     screenshot.setFlags(QCommandLineOption::HiddenFromHelp);
-    parser.addOptions({sample, theme, language, screenshot});
+    QCommandLineOption tour("tour", "Writes pictures of all kinds of windows and ends.", "folder");
+    tour.setFlags(QCommandLineOption::HiddenFromHelp);
+    QCommandLineOption pdf("pdf", "Prints a table into a PDF file and ends.", "file");
+    QCommandLineOption table("table", "Table to print, by its mnemonic.", "name", "THIK");
+    parser.addOptions({sample, theme, language, screenshot, tour, pdf, table});
     parser.process(application);
 
     const auto known = velda::LanguageOfCode(zt::FromQt(parser.value(language)));
     if (known) velda::SetCurrentLanguage(*known);
+    if (parser.isSet(tour)) return zt::TakeTour(application, parser.value(tour)) ? 0 : 1;
     zt::UseTheme(application, ThemeOf(parser.value(theme)));
     const QStringList models = parser.positionalArguments();
     auto doc = parser.isSet(sample) ? SampleModel(zt::FromQt(parser.value(sample)))
                : models.isEmpty()   ? zt::CDBDoc::New()
                                     : OpenModel(zt::FromQt(models.front()));
     if (!doc) return kWrongUse;
+    if (parser.isSet(pdf)) {
+        const velda::Outcome printed = zt::WritePdf(*doc, zt::FromQt(parser.value(table)), parser.value(pdf));
+        if (!printed) std::cerr << printed.Reason() << '\n';
+        return printed ? 0 : 1;
+    }
 
     zt::MainWindow window(std::move(doc));
     window.show();

@@ -58,7 +58,7 @@ const std::vector<Library>& Libraries() {
         {"muParser", {"src/velda_util/formula/"}},
         {"Eigen/", {"src/zt_anl/", "tests/zt_anl/"}},
         {"Spectra/", {"src/zt_anl/"}},
-        {"Q", {"apps/desktop/", "tests/desktop/"}},
+        {"Q", {"apps/desktop/", "tests/desktop/", "bench/desktop_bench"}},
         {"gtest/", {"tests/"}},
         {"gmock/", {"tests/"}},
         {"benchmark/", {"bench/"}},

@@ -358,6 +358,14 @@ TEST_F(TBViewTest, APreviewLeavesTheTableAsItIs) {
     EXPECT_EQ(host.printer.jobs[0].fontSize, CTBPrintPreview::m_nPrintFontSize);
 }
 
+TEST_F(TBViewTest, APrintIsTitledByTheTabInFront) {
+    view.BuildWorkbook();
+    view.AddWorksheet(std::make_unique<PlainGrid>(), "Walls");
+    EXPECT_TRUE(view.Print(true));
+    ASSERT_EQ(host.printer.jobs.size(), 1u);
+    EXPECT_EQ(host.printer.jobs[0].title, "Walls");
+}
+
 TEST_F(TBViewTest, ACancelledPrintDoesNothing) {
     AddTable();
     host.printer.cancels = true;

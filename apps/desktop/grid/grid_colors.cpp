@@ -1,6 +1,7 @@
 #include "desktop/grid/grid_colors.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "velda_util/grid/tb_grid.h"
@@ -16,9 +17,20 @@ QColor Mixed(const QColor& a, const QColor& b, double share) {
     return {mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue())};
 }
 
+/// How bright each of the 256 steps of a colour is.
+std::array<double, 256> LinearSteps() {
+    std::array<double, 256> steps{};
+    for (std::size_t at = 0; at < steps.size(); ++at) {
+        const double c = static_cast<double>(at) / 255.0;
+        steps[at] = c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
+    }
+    return steps;
+}
+
 double Luminance(const QColor& color) {
-    const auto linear = [](double c) { return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+    static const std::array<double, 256> linear = LinearSteps();
+    const auto of = [](int step) { return linear[static_cast<std::size_t>(step)]; };
+    return 0.2126 * of(color.red()) + 0.7152 * of(color.green()) + 0.0722 * of(color.blue());
 }
 
 /// White letters are read better than black ones there.

@@ -1,6 +1,7 @@
 #include "desktop/grid/grid_painter.h"
 
 #include <QPainterPath>
+#include <QStyle>
 #include <algorithm>
 #include <cmath>
 
@@ -82,13 +83,23 @@ QRect GridPainter::ArrowRect(const QRect& cell, double zoom) {
 
 void GridPainter::Paint(const QRect& dirty, const DragMark& drag) {
     painter_.setRenderHint(QPainter::Antialiasing, false);
-    painter_.fillRect(dirty, colors_.dark ? colors_.base : colors_.readOnly);
+    PaintGround(dirty);
     PaintCells(false, dirty);
     PaintCells(true, dirty);
     PaintCurrent();
     PaintHeader();
     PaintRowHeader();
     if (drag.dropBefore > 0) PaintDrop(drag.dropBefore);
+}
+
+/// What lies behind the last row and the last column; cells fill themselves.
+void GridPainter::PaintGround(const QRect& dirty) {
+    const int right = geometry_.Columns().empty() ? 0 : geometry_.Columns().back().End();
+    const int bottom = geometry_.Rows().empty() ? 0 : geometry_.Rows().back().End();
+    const QRect cells(QPoint(0, 0), QPoint(right - 1, bottom - 1));
+    for (const QRect& rest : QRegion(dirty).subtracted(cells)) {
+        painter_.fillRect(rest, colors_.dark ? colors_.base : colors_.readOnly);
+    }
 }
 
 // ---- cells ----
@@ -192,7 +203,12 @@ void GridPainter::UseFont(const velda::CGXStyle& style) {
     if (usedFontSize_ == style.GetFontSize() && usedBold_ == style.GetBold()) return;
     usedFontSize_ = style.GetFontSize();
     usedBold_ = style.GetBold();
-    painter_.setFont(CellFont(font_, style, zoom_));
+    const QFont font = CellFont(font_, style, zoom_);
+    painter_.setFont(font);
+    if (numbersFontSize_ == usedFontSize_ && numbersBold_ == usedBold_) return;
+    numbers_ = NumberFont(font);
+    numbersFontSize_ = usedFontSize_;
+    numbersBold_ = usedBold_;
 }
 
 void GridPainter::PaintText(const QString& text, const QRect& rect, const velda::CGXStyle& style) {
@@ -204,13 +220,37 @@ void GridPainter::PaintText(const QString& text, const QRect& rect, const velda:
     }
     const QFontMetrics metrics = painter_.fontMetrics();
     QString fitting = text;
-    if (metrics.horizontalAdvance(text) > rect.width()) {
+    int width = WidthOf(text);
+    if (width > rect.width()) {
         // A number that is cut reads as another number.
         const bool isNumber = style.GetValueType() == velda::ValueType::Numeric && !HasChoices(style);
         const int signs = std::max(1, rect.width() / std::max(1, metrics.horizontalAdvance(QLatin1Char('#'))));
         fitting = isNumber ? QString(signs, QLatin1Char('#')) : metrics.elidedText(text, Qt::ElideRight, rect.width());
+        width = WidthOf(fitting);
     }
-    painter_.drawText(rect, alignment | Qt::TextSingleLine, fitting);
+    PaintLine(fitting, width, rect, AlignmentOf(style));
+}
+
+int GridPainter::WidthOf(const QString& text) const {
+    if (numbers_.CanDraw(text)) return static_cast<int>(std::lround(numbers_.Width(text)));
+    return painter_.fontMetrics().horizontalAdvance(text);
+}
+
+void GridPainter::PaintLine(const QString& text, int width, const QRect& rect, Qt::Alignment alignment) {
+    const QFontMetrics metrics = painter_.fontMetrics();
+    const QSize size(width, metrics.height());
+    if (size.width() > rect.width() || size.height() > rect.height()) {
+        // This way cuts the text off at the rectangle, and costs three times as much.
+        painter_.drawText(rect, static_cast<int>(alignment) | Qt::TextSingleLine, text);
+        return;
+    }
+    const QPoint place = QStyle::alignedRect(Qt::LeftToRight, alignment, size, rect).topLeft();
+    const QPoint base = place + QPoint(0, metrics.ascent());
+    if (numbers_.CanDraw(text)) {
+        numbers_.Draw(painter_, base, text);
+    } else {
+        painter_.drawText(base, text);
+    }
 }
 
 void GridPainter::PaintBox(const QRect& box, bool checked, const QColor& color) {
@@ -362,7 +402,7 @@ void GridPainter::PaintRowHeader() {
         const velda::RowId id = grid_.RowIdAt(row.number);
         const bool appends = grid_.HasAppendRow() && row.number == grid_.RowCount();
         const QString text = appends ? QStringLiteral("*") : QString::number(row.number);
-        painter_.drawText(rect.adjusted(0, 0, -pad - 1, -1), Qt::AlignRight | Qt::AlignVCenter, text);
+        PaintLine(text, WidthOf(text), rect.adjusted(0, 0, -pad - 1, -1), Qt::AlignRight | Qt::AlignVCenter);
         if (open != velda::kNoRow && id == open) PaintPencil(rect);
         if (FindingOf(id, velda::kNoColumn)) PaintCorner(rect);
     }

@@ -6,6 +6,7 @@
 
 #include "desktop/grid/grid_colors.h"
 #include "desktop/grid/grid_geometry.h"
+#include "desktop/grid/number_font.h"
 #include "velda_util/grid/tb_browser_wnd.h"
 
 namespace zt {
@@ -42,6 +43,7 @@ private:
         QRect rect;
     };
 
+    void PaintGround(const QRect& dirty);
     void PaintCells(bool frozen, const QRect& dirty);
     void PaintCell(int row, int col, const QRect& rect);
     /// The merged cell that begins in sight at this cell; none when the cell is covered by one that began before.
@@ -50,6 +52,9 @@ private:
     QColor TextColorOf(const velda::CGXStyle& style, bool enabled, const QColor& background) const;
     void PaintContent(const Cell& cell, const velda::CGXStyle& style, const QColor& text);
     void PaintText(const QString& text, const QRect& rect, const velda::CGXStyle& style);
+    int WidthOf(const QString& text) const;
+    /// One line of text of a width that was measured.
+    void PaintLine(const QString& text, int width, const QRect& rect, Qt::Alignment alignment);
     void PaintBox(const QRect& box, bool checked, const QColor& color);
     void PaintArrow(const QRect& rect, const QColor& color);
     void PaintLines(const QRect& rect, const QColor& color);
@@ -80,6 +85,9 @@ private:
     double lineWidth_ = 1.0;  ///< whole device pixels
     double usedFontSize_ = 0.0;
     bool usedBold_ = false;
+    NumberFont numbers_;  ///< of the size and weight below
+    double numbersFontSize_ = 0.0;
+    bool numbersBold_ = false;
 };
 
 }  // namespace zt

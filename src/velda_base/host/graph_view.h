@@ -6,7 +6,7 @@
 
 namespace velda {
 
-/// One line of a graph.
+/// One line of a graph. A value that is missing is no number (NaN).
 struct T_GRAPH_ITEM_D {
     std::string name;
     std::vector<double> values;
@@ -15,6 +15,7 @@ struct T_GRAPH_ITEM_D {
 /// What a table shows as a graph.
 struct T_GRAPH_D {
     std::string title;
+    std::string labelTitle;           ///< what the labels are
     std::vector<std::string> labels;  ///< along the axis that the items share
     std::vector<std::unique_ptr<T_GRAPH_ITEM_D>> items;
 };

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <functional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace velda {
 
@@ -28,6 +31,9 @@ struct PrintJob {
     PrintMargins margins{};
     double fontSize = 0.0;  ///< of the cells, in points
     int pages = 0;
+    std::vector<std::string> headings{};  ///< lines of the title block below the title
+    /// Width in points of a text in a font of a size, as the printer draws it; empty where the printer cannot tell.
+    std::function<double(std::string_view text, double fontSize, bool bold)> textWidth{};
 };
 
 /// The printer and the preview of what it would print.

@@ -96,6 +96,8 @@ void CGXGridWnd::ResizeColWidthsToFitSmart(int rowCount) {
 void CGXGridWnd::OnGridBeginPrinting(PrintJob& job) {
     PrintSettings settings{job.paper, job.preview ? job.margins : margins_, job.fontSize, {}};
     if (!job.title.empty()) settings.titles.push_back(job.title);
+    settings.titles.insert(settings.titles.end(), job.headings.begin(), job.headings.end());
+    if (job.textWidth) settings.textWidth = job.textWidth;
     printed_.emplace(*this, std::move(settings));
     job.pages = printed_->PageCount();
 }

@@ -1,6 +1,7 @@
 #include "velda_util/grid/tb_grid.h"
 
 #include "velda_lib/msg_dll.h"
+#include "velda_util/grid/graph_data.h"
 #include "velda_util/grid/table_dialogs.h"
 
 namespace velda {
@@ -8,6 +9,15 @@ namespace velda {
 bool CTBGrid::ShowColorDlg() {
     CTBColorDlg dialog;
     return DoModal(dialog);
+}
+
+bool CTBGrid::GetGraphData(T_GRAPH_D& data) { return GraphDataOf(*this, GetGraphRange(), data); }
+
+CGXRange CTBGrid::GetGraphRange() const {
+    const PositionRange range = CommandRange();
+    if (range.bottom < range.top || range.right < range.left) return {};
+    const auto index = [](int position) { return static_cast<CGXRange::Index>(position); };
+    return {index(range.top), index(range.left), index(range.bottom), index(range.right)};
 }
 
 Outcome CTBGrid::SaveLayout() {

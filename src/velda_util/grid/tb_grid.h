@@ -67,8 +67,10 @@ public:
 
     // ---- hooks of tables
 
-    virtual bool GetGraphData(T_GRAPH_D& /*data*/) { return false; }
-    virtual CGXRange GetGraphRange() const { return {}; }
+    /// What a graph of the table shows: the numbers of the graph range. False when there are none.
+    virtual bool GetGraphData(T_GRAPH_D& data);
+    /// The cells that a graph shows: those that commands work on.
+    virtual CGXRange GetGraphRange() const;
     /// Adds to the right-button menu, or takes away from it.
     virtual void CustomizeContextMenu(CMenu& /*menu*/) {}
     /// A command that the table added to the menu; false when it is no command of the table.

@@ -165,6 +165,19 @@ void CTBView::OnTbColorDlg() {
     if (velda::CTBGrid* grid = LiveGrid()) grid->Redraw();
 }
 
+namespace {
+
+/// What the table in front is called: the view, and the tab where there are several.
+std::string TitleOfTable(const CTBView& view) {
+    const std::string& title = view.GetTitle();
+    if (view.GetTabCount() == 0) return title;
+    const std::string& tab = view.GetTabLabel(view.GetCurrentTab());
+    if (title.empty() || tab.empty() || tab == title) return title.empty() ? tab : title;
+    return title + " - " + tab;
+}
+
+}  // namespace
+
 void CTBView::OnTbGvGraphView() {
     velda::CTBGrid* grid = LiveGrid();
     if (!grid) return;
@@ -173,6 +186,7 @@ void CTBView::OnTbGvGraphView() {
         velda::AfxMessageBox(CMsgDll::pfuncLoadStr("IDS_TB__Error___Invalid_Graph_Range_", 0));
         return;
     }
+    if (data->title.empty()) data->title = TitleOfTable(*this);
     velda::IGraphView* service = velda::IGraphView::Instance();
     if (!CDBDoc::m_pDBDoc || !service) return;
     velda::CGraphFuncView* view = service->GetView(CMsgDll::pfuncLoadStr("IDS_TB__Table_Graph_View", 0));
@@ -203,7 +217,7 @@ bool CTBView::Print(bool preview) {
     if (!LiveGrid()) return false;
     velda::IPrinter& printer = velda::ApplicationHost::Current().GetPrinter();
     velda::PrintJob job;
-    job.title = GetTitle();
+    job.title = TitleOfTable(*this);
     job.preview = preview;
     if (!OnPreparePrinting(job)) return false;
     OnBeginPrinting(job);

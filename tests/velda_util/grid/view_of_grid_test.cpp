@@ -210,5 +210,25 @@ TEST_F(ViewOfGrid, TheStyleDialogChangesColumnsAndKeepsTheRows) {
     TableRegistry::OfProcess().UseFile(PreferenceFile());
 }
 
+TEST_F(PlateTableTest, APrintTakesTheHeadingsAndTheMeasuresOfItsJob) {
+    PrintJob job;
+    job.title = "Plates";
+    job.headings = {"Model", ""};
+    job.fontSize = 8.0;
+    int measured = 0;
+    job.textWidth = [&](std::string_view, double size, bool) {
+        ++measured;
+        return size;
+    };
+    table.OnGridBeginPrinting(job);
+    ASSERT_NE(table.PrintedPages(), nullptr);
+    const PrintedPage page = table.PrintedPages()->Page(1);
+    ASSERT_EQ(page.titles.size(), 3u);
+    EXPECT_EQ(page.titles[0].text, "Plates");
+    EXPECT_EQ(page.titles[1].text, "Model");
+    EXPECT_GT(measured, 0);
+    EXPECT_EQ(job.pages, 1);
+}
+
 }  // namespace
 }  // namespace velda

@@ -1,0 +1,253 @@
+#include "desktop/tour/tour.h"
+
+#include <QDir>
+#include <QKeyEvent>
+#include <QPixmap>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <cmath>
+#include <functional>
+#include <iostream>
+#include <numeric>
+
+#include "desktop/graph/qt_graph_view.h"
+#include "desktop/grid/qt_text.h"
+#include "desktop/print/page_painter.h"
+#include "desktop/print/qt_printer.h"
+#include "desktop/window/main_window.h"
+#include "desktop/window/theme.h"
+#include "velda_base/host/headless_host.h"
+#include "velda_lib/language.h"
+#include "velda_util/pref/table_registry.h"
+#include "zt_db/records/thik.h"
+#include "zt_db/sample/sample_building.h"
+#include "zt_tb/core/tb_find_dlg.h"
+#include "zt_tb/core/tb_print_preview.h"
+#include "zt_tb/model/tb_prop_view.h"
+
+namespace zt {
+namespace {
+
+constexpr int kName = 2;  ///< columns of the thickness table
+constexpr int kThickness = 3;
+constexpr int kUsualRows = 14;
+constexpr int kManyRows = 100'000;
+
+/// Where the pictures go, and what their names end with.
+class Album {
+public:
+    Album(const QString& folder, const QString& ending) : folder_(folder), ending_(ending) {}
+
+    void Add(const QString& name, const QPixmap& picture) {
+        const QString path = folder_.filePath(name + ending_);
+        if (picture.save(path)) return;
+        std::cerr << FromQt(path) << '\n';
+        isWhole_ = false;
+    }
+    void Add(const QString& name, QWidget& window) {
+        Settle();
+        Add(name, window.grab());
+    }
+    bool IsWhole() const { return isWhole_; }
+
+    /// Lets windows draw themselves.
+    static void Settle() {
+        for (int round = 0; round < 5; ++round) QApplication::processEvents();
+    }
+
+private:
+    QDir folder_;
+    QString ending_;
+    bool isWhole_ = true;
+};
+
+/// The main window with a model that has plates besides those of the sample.
+class Stage {
+public:
+    explicit Stage(int plates, QSize size = {1000, 640}) {
+        auto doc = CDBDoc::New();
+        CDataBase& database = *doc->GetMDBCtrl()->GetCurrentDB();
+        if (plates > 0 && BuildSample(database, "office")) AddPlates(database, plates);
+        window = std::make_unique<MainWindow>(std::move(doc));
+        window->resize(size);
+        window->show();
+        window->activateWindow();
+        Album::Settle();
+    }
+    GridWidget& Grid() const { return *window->ActiveGrid(); }
+    velda::CTBGrid& Table() const { return *Grid().Grid(); }
+    void GoTo(int row, int col) const {
+        Table().SetCurrentCell(row, col);
+        Grid().Refresh();
+        Grid().setFocus();
+    }
+    void Press(Qt::Key key, const QString& text = {}) const {
+        auto* editor = Grid().findChild<CellEditor*>();
+        QWidget* target = editor->isVisible() ? static_cast<QWidget*>(editor) : &Grid();
+        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
+        QApplication::sendEvent(target, &press);
+    }
+    void Type(const QString& text) const {
+        for (const QChar letter : text) Press(static_cast<Qt::Key>(letter.toUpper().unicode()), QString(letter));
+    }
+
+    std::unique_ptr<MainWindow> window;
+
+private:
+    static void AddPlates(CDataBase& database, int count) {
+        constexpr std::uint32_t first = 11;
+        const std::string slab = velda::CurrentLanguage() == velda::Language::Korean ? "슬래브 S" : "Slab S";
+        std::vector<std::uint32_t> keys(static_cast<std::size_t>(count));
+        std::iota(keys.begin(), keys.end(), first);
+        std::vector<T_THIK_D> plates(keys.size());
+        for (std::size_t at = 0; at < plates.size(); ++at) {
+            plates[at].name = slab + std::to_string(at + 1);
+            plates[at].thickness = 0.15 + 0.05 * std::round(4.0 + 3.0 * std::sin(static_cast<double>(at)));
+        }
+        database.GetClass<CClassThik>()->TR_Add(keys, plates);
+    }
+};
+
+/// Takes a picture of the dialog that an action opens, and closes it. Without a dialog there is no picture.
+void AddDialog(Album& album, const QString& name, const std::function<void()>& action) {
+    QTimer::singleShot(300, QApplication::instance(), [&album, name] {
+        QWidget* dialog = QApplication::activeModalWidget();
+        if (!dialog) return;
+        album.Add(name, *dialog);
+        dialog->close();
+    });
+    action();
+    // Lets the timer run out before the next picture where nothing was opened.
+    QEventLoop wait;
+    QTimer::singleShot(400, &wait, &QEventLoop::quit);
+    wait.exec();
+}
+
+void TourEditing(Album& album) {
+    const Stage stage(kUsualRows);
+    stage.GoTo(1, kThickness);
+    album.Add("properties", *stage.window);
+    stage.Type("0.35");
+    album.Add("open-editor", *stage.window);
+    stage.Press(Qt::Key_Escape);
+    stage.Press(Qt::Key_Escape);
+    stage.GoTo(3, kThickness);
+    stage.Type("abc");
+    stage.Press(Qt::Key_Return);
+    album.Add("row-with-finding", *stage.window);
+    stage.Press(Qt::Key_Escape);
+    stage.Press(Qt::Key_Escape);
+    stage.GoTo(2, kName);
+    stage.Table().ExtendSelection({7, kThickness});
+    stage.Grid().Refresh();
+    album.Add("selection", *stage.window);
+    AddDialog(album, "find", [&] {
+        CTBFindDlg dialog(stage.Table());
+        velda::DoModal(dialog);
+    });
+}
+
+void TourSizes(Album& album) {
+    album.Add("empty-table", *Stage(0).window);
+    {
+        const Stage stage(kManyRows);
+        stage.GoTo(kManyRows / 2, kThickness);
+        album.Add("100000-rows", *stage.window);
+    }
+    album.Add("narrow", *Stage(kUsualRows, {300, 420}).window);
+    const Stage stage(kUsualRows);
+    stage.GoTo(1, kThickness);
+    stage.Grid().SetZoom(1.5);
+    album.Add("zoom-150", *stage.window);
+    stage.Grid().SetZoom(1.0);
+    constexpr double scale = 1.5;
+    QPixmap picture(stage.window->size() * scale);
+    picture.setDevicePixelRatio(scale);
+    Album::Settle();
+    stage.window->render(&picture);
+    album.Add("screen-150", picture);
+}
+
+/// The table of a view of its own, which paper and graphs need.
+class PropertyTable {
+public:
+    PropertyTable() { view.SetTable(CTBPropView::kThickness); }
+    ~PropertyTable() { view.OnDestroy(); }
+    CTBPropView view;
+};
+
+QPixmap FirstPage(const velda::CTBGrid& table, const std::string& title) {
+    constexpr double dotsPerPoint = 1.5;
+    velda::PrintSettings settings;
+    auto& margins = settings.margins;
+    CTBPrintPreview::GetMarginDPUnit(margins.left, margins.top, margins.right, margins.bottom);
+    settings.fontSize = CTBPrintPreview::m_nPrintFontSize;
+    settings.titles = {title, PrintHeading(), {}};
+    settings.textWidth = &PagePainter::TextWidth;
+    QImage page(qRound(settings.paper.width * dotsPerPoint), qRound(settings.paper.height * dotsPerPoint),
+                QImage::Format_RGB32);
+    const int dotsPerMeter = qRound(dotsPerPoint * 72.0 / 0.0254);
+    page.setDotsPerMeterX(dotsPerMeter);
+    page.setDotsPerMeterY(dotsPerMeter);
+    page.fill(Qt::white);
+    QPainter painter(&page);
+    const velda::PrintLayout pages(table, settings);
+    PagePainter(painter, table, settings.fontSize).Paint(pages.Page(1));
+    painter.end();
+    return QPixmap::fromImage(page);
+}
+
+/// A host that shows previews and graphs.
+class PaperHost : public velda::HeadlessHost {
+public:
+    explicit PaperHost(const CTBView& view) : printer_([&view] { return view.GetActiveGrid(); }) {}
+    velda::IPrinter& GetPrinter() override { return printer_; }
+    velda::IGraphView* GetGraphView() override { return &graphs_; }
+    GraphWindow& Graph() {
+        const std::string title = velda::CMsgDll::pfuncLoadStr("IDS_TB__Table_Graph_View", 0);
+        return dynamic_cast<GraphWindow&>(*graphs_.GetView(title));
+    }
+
+private:
+    QtPrinter printer_;
+    QtGraphView graphs_;
+};
+
+void TourPaperAndGraphs(Album& album) {
+    const Stage stage(60);
+    PropertyTable table;
+    PaperHost host(table.view);
+    const velda::UseHost use(host);
+    velda::CTBGrid& grid = *table.view.GetActiveGrid();
+    album.Add("printed-page", FirstPage(grid, table.view.GetTabLabel(table.view.GetCurrentTab())));
+    AddDialog(album, "print-preview", [&] { table.view.OnFilePrintPreview(); });
+    grid.SelectRange({1, kName, 20, kThickness});
+    table.view.OnTbGvGraphView();
+    album.Add("graph-lines", host.Graph());
+    host.Graph().ShowBars(true);
+    album.Add("graph-bars", host.Graph());
+}
+
+}  // namespace
+
+bool TakeTour(QApplication& application, const QString& folder) {
+    if (!QDir().mkpath(folder)) return false;
+    // The tour neither reads nor changes what the user has set.
+    const QTemporaryDir preferences;
+    velda::TableRegistry::OfProcess().UseFile(velda::PreferenceFile(FromQt(preferences.filePath("preferences"))));
+    bool isWhole = true;
+    for (const char* language : {"en", "ko"}) {
+        for (const auto& [name, theme] : {std::pair("light", Theme::Light), std::pair("dark", Theme::Dark)}) {
+            velda::SetCurrentLanguage(*velda::LanguageOfCode(language));
+            UseTheme(application, theme);
+            Album album(folder, QStringLiteral("-%1-%2.png").arg(QLatin1String(language), QLatin1String(name)));
+            TourEditing(album);
+            TourSizes(album);
+            TourPaperAndGraphs(album);
+            isWhole = isWhole && album.IsWhole();
+        }
+    }
+    return isWhole;
+}
+
+}  // namespace zt
