@@ -1,15 +1,17 @@
 // zt_desktop, the windows of the table module.
 
-#include <QApplication>
 #include <QCommandLineParser>
+#include <QSettings>
 #include <QTimer>
 #include <iostream>
 
 #include "desktop/grid/qt_text.h"
+#include "desktop/host/qt_host.h"
+#include "desktop/safe_application.h"
 #include "desktop/window/main_window.h"
-#include "desktop/window/theme.h"
 #include "velda_lib/language.h"
 #include "zt_db/sample/sample_building.h"
+#include "zt_tb/model/table_kinds.h"
 
 namespace {
 
@@ -30,15 +32,35 @@ std::unique_ptr<zt::CDBDoc> OpenModel(const std::string& path) {
     return doc;
 }
 
+/// The theme of an option, or without one that which the user chose last.
 zt::Theme ThemeOf(const QString& name) {
+    if (name.isEmpty()) return static_cast<zt::Theme>(QSettings().value(QStringLiteral("theme"), 0).toInt());
     if (name == QLatin1String("light")) return zt::Theme::Light;
     return name == QLatin1String("dark") ? zt::Theme::Dark : zt::Theme::System;
+}
+
+/// Brings the window into a state for its picture.
+void ShowLook(zt::MainWindow& window, const QStringList& words) {
+    if (words.contains(QStringLiteral("filter"))) window.ToggleFilter();
+    if (words.contains(QStringLiteral("find"))) {
+        window.OpenFind();
+        window.Finder().Text().setText(QStringLiteral("W"));
+    }
+    if (words.contains(QStringLiteral("split"))) {
+        window.OpenTable({false, zt::kTablePont});
+        window.Split();
+    }
+    velda::CTBGrid* grid = window.ActiveGrid() ? window.ActiveGrid()->Grid() : nullptr;
+    if (grid && words.contains(QStringLiteral("selection")))
+        grid->SelectRange(velda::PositionRange::Of({1, 1}, {2, 4}));
 }
 
 }  // namespace
 
 int main(int count, char** arguments) {
-    QApplication application(count, arguments);
+    zt::SafeApplication application(count, arguments);
+    QCoreApplication::setOrganizationName(QStringLiteral("velda"));
+    QCoreApplication::setApplicationName(QStringLiteral("zt"));
     QCommandLineParser parser;
     parser.addHelpOption();
     parser.addPositionalArgument("model", "Model file to open.", "[model]");
@@ -47,7 +69,10 @@ int main(int count, char** arguments) {
     QCommandLineOption language("language", "en or ko.", "code", "ko");
     QCommandLineOption screenshot("screenshot", "Writes a picture of the window and ends.", "file");
     screenshot.setFlags(QCommandLineOption::HiddenFromHelp);
-    parser.addOptions({sample, theme, language, screenshot});
+    QCommandLineOption size("size", "Size of the window.", "width x height", "1180x720");
+    QCommandLineOption look("look", "What the picture shows: filter, find, split, selection.", "words");
+    for (QCommandLineOption* hidden : {&size, &look}) hidden->setFlags(QCommandLineOption::HiddenFromHelp);
+    parser.addOptions({sample, theme, language, screenshot, size, look});
     parser.process(application);
 
     const auto known = velda::LanguageOfCode(zt::FromQt(parser.value(language)));
@@ -59,8 +84,16 @@ int main(int count, char** arguments) {
                                     : OpenModel(zt::FromQt(models.front()));
     if (!doc) return kWrongUse;
 
+    zt::QtHost host;
+    const velda::UseHost use(host);
     zt::MainWindow window(std::move(doc));
+    host.SetMainFrame(&window.Frame());
+    host.onHoldIdle = [&window](bool hold) { window.HoldIdle(hold); };
+    QObject::connect(&application, &zt::SafeApplication::HandlerFailed, &window, &zt::MainWindow::ShowMessage);
+    const QStringList extent = parser.value(size).split(QLatin1Char('x'));
+    if (extent.size() == 2) window.resize(extent[0].toInt(), extent[1].toInt());
     window.show();
+    ShowLook(window, parser.value(look).split(QLatin1Char(',')));
     if (parser.isSet(screenshot)) {
         QTimer::singleShot(100, &window,
                            [&] { application.exit(window.grab().save(parser.value(screenshot)) ? 0 : 1); });

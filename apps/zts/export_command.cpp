@@ -66,7 +66,7 @@ bool Export(const ExportRequest& request) {
     if (!doc) return false;
     doc->MakeCurrent();
     zt::CTBPropView view;
-    view.SetTable(Tables::Tables().front().kind, *doc);
+    view.SetTable(Tables::Tables().front().kind);
     velda::CGridExportToExcel exporter;
     bool done = AddTables(exporter, view, request.tables);
     if (done) {
