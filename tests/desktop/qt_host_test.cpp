@@ -9,6 +9,7 @@
 
 #include "desktop/example_grid.h"
 #include "desktop/host/dialogs.h"
+#include "desktop/host/qt_dock_pane.h"
 #include <gtest/gtest.h>
 
 namespace zt {
@@ -128,6 +129,30 @@ TEST_F(QtHostTest, ClosesAFrameWithItsWidget) {
     child->Close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_FALSE(child->IsOpen());
+}
+
+class SizedPane final : public velda::CDockViewBase {
+public:
+    void OnSize() override { ++sizes; }
+    int sizes = 0;
+};
+
+TEST_F(QtHostTest, ShowsADockingPaneInTheMainWindow) {
+    QMainWindow window;
+    SizedPane pane;
+    ASSERT_TRUE(velda::CDockViewBase::SetDockViewWithID(4711, &pane));
+    {
+        QtDockPane shown(window, pane, "pane", "Nodes");
+        window.show();
+        EXPECT_TRUE(pane.IsVisible());
+        EXPECT_TRUE(shown.IsDocked());
+        EXPECT_LT(0, pane.sizes);
+        EXPECT_TRUE(velda::CDockViewBase::CloseDockView(4711));
+        EXPECT_FALSE(pane.IsVisible());
+        EXPECT_TRUE(velda::CDockViewBase::ShowDockView(4711));
+        EXPECT_TRUE(pane.IsVisible());
+    }
+    EXPECT_FALSE(pane.HasWindow());
 }
 
 }  // namespace

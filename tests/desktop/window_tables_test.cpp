@@ -65,6 +65,13 @@ TEST_F(WindowTablesTest, ShowsTwoTablesSideBySide) {
     EXPECT_EQ(2u, window->Area().Documents().size());
 }
 
+TEST_F(WindowTablesTest, DisablesTableCommandsWithoutATable) {
+    EXPECT_TRUE(window->ActionOf("filter")->isEnabled());
+    window->OpenTable({false, kTablePont});
+    ASSERT_FALSE(window->HasTable());
+    QTRY_VERIFY_WITH_TIMEOUT(!window->ActionOf("filter")->isEnabled(), 5000);
+}
+
 TEST_F(WindowTablesTest, TitlesTablesAnewInAnotherLanguage) {
     const QString title = window->Area().Active()->Title();
     const std::string header = HeaderOf(2);

@@ -14,7 +14,8 @@ TableHolder::TableHolder(QWidget* parent) : QWidget(parent) {
     grid_ = new GridWidget;
     missing_ = new QLabel;
     missing_->setAlignment(Qt::AlignCenter);
-    missing_->setEnabled(false);
+    missing_->setForegroundRole(QPalette::PlaceholderText);
+    missing_->setFocusPolicy(Qt::StrongFocus);
     pages_->addWidget(grid_);
     pages_->addWidget(missing_);
     filters_ = new FilterRow(*grid_);
@@ -29,7 +30,6 @@ TableHolder::TableHolder(QWidget* parent) : QWidget(parent) {
     layout->addWidget(filters_);
     layout->addWidget(pages_, 1);
     layout->addWidget(tabs_);
-    setFocusProxy(grid_);
 
     connect(tabs_, &QTabBar::currentChanged, this, [this](int tab) {
         if (view_) view_->SetCurrentTab(tab);
@@ -72,7 +72,9 @@ void TableHolder::ShowTable() {
     velda::CTBGrid* grid = view_ ? view_->GetActiveGrid() : nullptr;
     if (grid != grid_->Grid()) grid_->SetGrid(grid);
     missing_->setText(Word("IDS_DESKTOP_NOT_THERE_YET"));
-    pages_->setCurrentWidget(grid ? static_cast<QWidget*>(grid_) : missing_);
+    QWidget* page = grid ? static_cast<QWidget*>(grid_) : missing_;
+    pages_->setCurrentWidget(page);
+    setFocusProxy(page);
     filters_->LayOut();
     if (view_) emit TableChanged();
 }
