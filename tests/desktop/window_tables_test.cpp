@@ -94,6 +94,26 @@ TEST_F(WindowTablesTest, RewritesHeadersInOtherUnits) {
     EXPECT_TRUE(window->Fields().Units().text().contains("mm"));
 }
 
+TEST_F(WindowTablesTest, SwitchesUnitsFromTheMenu) {
+    const std::string before = HeaderOf(3);
+    for (QAction* quantity : window->Fields().UnitMenu().actions()) {
+        for (QAction* unit : quantity->menu()->actions()) {
+            if (unit->text() == "mm") {
+                unit->trigger();
+                break;
+            }
+        }
+        if (HeaderOf(3) != before) break;
+    }
+    EXPECT_NE(std::string::npos, HeaderOf(3).find("mm"));
+}
+
+TEST_F(WindowTablesTest, ClosesATableThatAsksForIt) {
+    window->Area().Active()->View()->GetParentFrame()->Close();
+    EXPECT_EQ(1u, window->Area().Documents().size()) << "not while the view is at work";
+    QTRY_VERIFY_WITH_TIMEOUT(window->Area().Documents().empty(), 5000);
+}
+
 TEST_F(WindowTablesTest, NamesTheStepsThatCanBeUndone) {
     for (const char* text : {"0.35", "0.36"}) {
         GoTo(1, 3);

@@ -79,6 +79,8 @@ void StatusFields::ShowUnits(const CUnitCtrl& units) {
     T_UNIT_INDEX current;
     units.GetUnitIndexCurrent(current);
     units_->menu()->clear();
+    // The choice that led here may come from one of them.
+    for (QMenu* old : units_->menu()->findChildren<QMenu*>(QString(), Qt::FindDirectChildrenOnly)) old->deleteLater();
     QStringList labels;
     for (const QuantityEntry& entry : kQuantities) {
         AddUnitMenu(entry.quantity, entry.textKey, current);
