@@ -4,6 +4,7 @@
 #include <set>
 #include <string>
 
+#include "desktop/window/icons.h"
 #include "velda_lib/language.h"
 #include <gtest/gtest.h>
 
@@ -23,6 +24,14 @@ TEST(CommandTable, GivesEachShortcutToOneCommand) {
         EXPECT_FALSE(keys.isEmpty() || keys[0].key() == Qt::Key_unknown) << command.shortcut;
         EXPECT_TRUE(shortcuts.insert(keys.toString().toStdString()).second) << command.shortcut;
     }
+}
+
+TEST(CommandTable, HasAPictureForEachToolButton) {
+    for (const WindowCommand& command : WindowCommands()) {
+        const bool isDrawn = !IconOf(command.icon, Qt::black, Qt::gray).isNull();
+        EXPECT_TRUE(isDrawn || !command.onToolBar) << command.id;
+    }
+    EXPECT_TRUE(IconOf("", Qt::black, Qt::gray).isNull());
 }
 
 TEST(CommandTable, HasTextsInBothLanguages) {

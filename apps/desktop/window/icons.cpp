@@ -3,7 +3,6 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <algorithm>
-#include <span>
 
 namespace zt {
 namespace {
@@ -49,13 +48,7 @@ QPainterPath PathOf(const char* strokes) {
     return path;
 }
 
-}  // namespace
-
-QIcon IconOf(std::string_view name, const QColor& color) {
-    const auto found = std::find_if(std::begin(kPictures), std::end(kPictures),
-                                    [&](const Picture& picture) { return picture.name == name; });
-    if (found == std::end(kPictures)) return {};
-    QIcon icon;
+void AddPictures(QIcon& icon, const QPainterPath& path, QIcon::Mode mode, const QColor& color) {
     for (const int scale : {1, 2}) {
         QPixmap pixmap(kSize * scale, kSize * scale);
         pixmap.fill(Qt::transparent);
@@ -64,9 +57,22 @@ QIcon IconOf(std::string_view name, const QColor& color) {
         painter.scale(scale, scale);
         painter.translate(0.5, 0.5);
         painter.setPen(QPen(color, 1.3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-        painter.drawPath(PathOf(found->strokes));
-        icon.addPixmap(pixmap);
+        painter.drawPath(path);
+        painter.end();
+        icon.addPixmap(pixmap, mode);
     }
+}
+
+}  // namespace
+
+QIcon IconOf(std::string_view name, const QColor& enabled, const QColor& disabled) {
+    const auto found = std::find_if(std::begin(kPictures), std::end(kPictures),
+                                    [&](const Picture& picture) { return picture.name == name; });
+    if (found == std::end(kPictures)) return {};
+    const QPainterPath path = PathOf(found->strokes);
+    QIcon icon;
+    AddPictures(icon, path, QIcon::Normal, enabled);
+    AddPictures(icon, path, QIcon::Disabled, disabled);
     return icon;
 }
 

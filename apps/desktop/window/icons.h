@@ -6,7 +6,7 @@
 
 namespace zt {
 
-/// A picture of a command, drawn in a colour. Null for a name that has none.
-QIcon IconOf(std::string_view name, const QColor& color);
+/// A picture of a command, drawn in the colours of an enabled and a disabled one. Null for a name that has none.
+QIcon IconOf(std::string_view name, const QColor& enabled, const QColor& disabled);
 
 }  // namespace zt

@@ -150,8 +150,12 @@ QAction* MainWindow::ActionOf(std::string_view id) const {
 
 void MainWindow::ShowIcons() {
     const auto commands = WindowCommands();
-    const QColor color = palette().color(QPalette::ButtonText);
-    for (std::size_t at = 0; at < commands.size(); ++at) actions_[at]->setIcon(IconOf(commands[at].icon, color));
+    const QColor enabled = palette().color(QPalette::Active, QPalette::ButtonText);
+    QColor disabled = enabled;
+    disabled.setAlphaF(0.35f);
+    for (std::size_t at = 0; at < commands.size(); ++at) {
+        actions_[at]->setIcon(IconOf(commands[at].icon, enabled, disabled));
+    }
 }
 
 void MainWindow::ShowTexts() {
