@@ -1,17 +1,21 @@
 // zt_desktop, the windows of the table module.
 
-#include <QApplication>
 #include <QCommandLineParser>
+#include <QSettings>
 #include <QTimer>
 #include <iostream>
 
+#include "desktop/graph/qt_graph_view.h"
 #include "desktop/grid/qt_text.h"
+#include "desktop/host/qt_host.h"
 #include "desktop/print/pdf_file.h"
+#include "desktop/print/qt_printer.h"
+#include "desktop/safe_application.h"
 #include "desktop/tour/tour.h"
 #include "desktop/window/main_window.h"
-#include "desktop/window/theme.h"
 #include "velda_lib/language.h"
 #include "zt_db/sample/sample_building.h"
+#include "zt_tb/model/table_kinds.h"
 
 namespace {
 
@@ -32,15 +36,35 @@ std::unique_ptr<zt::CDBDoc> OpenModel(const std::string& path) {
     return doc;
 }
 
+/// The theme of an option, or without one that which the user chose last.
 zt::Theme ThemeOf(const QString& name) {
+    if (name.isEmpty()) return static_cast<zt::Theme>(QSettings().value(QStringLiteral("theme"), 0).toInt());
     if (name == QLatin1String("light")) return zt::Theme::Light;
     return name == QLatin1String("dark") ? zt::Theme::Dark : zt::Theme::System;
+}
+
+/// Brings the window into a state for its picture.
+void ShowLook(zt::MainWindow& window, const QStringList& words) {
+    if (words.contains(QStringLiteral("filter"))) window.ToggleFilter();
+    if (words.contains(QStringLiteral("find"))) {
+        window.OpenFind();
+        window.Finder().Text().setText(QStringLiteral("W"));
+    }
+    if (words.contains(QStringLiteral("split"))) {
+        window.OpenTable({false, zt::kTablePont});
+        window.Split();
+    }
+    velda::CTBGrid* grid = window.ActiveGrid() ? window.ActiveGrid()->Grid() : nullptr;
+    if (grid && words.contains(QStringLiteral("selection")))
+        grid->SelectRange(velda::PositionRange::Of({1, 1}, {2, 4}));
 }
 
 }  // namespace
 
 int main(int count, char** arguments) {
-    QApplication application(count, arguments);
+    zt::SafeApplication application(count, arguments);
+    QCoreApplication::setOrganizationName(QStringLiteral("velda"));
+    QCoreApplication::setApplicationName(QStringLiteral("zt"));
     QCommandLineParser parser;
     parser.addHelpOption();
     parser.addPositionalArgument("model", "Model file to open.", "[model]");
@@ -53,7 +77,10 @@ int main(int count, char** arguments) {
     tour.setFlags(QCommandLineOption::HiddenFromHelp);
     QCommandLineOption pdf("pdf", "Prints a table into a PDF file and ends.", "file");
     QCommandLineOption table("table", "Table to print, by its mnemonic.", "name", "THIK");
-    parser.addOptions({sample, theme, language, screenshot, tour, pdf, table});
+    QCommandLineOption size("size", "Size of the window.", "width x height", "1180x720");
+    QCommandLineOption look("look", "What the picture shows: filter, find, split, selection.", "words");
+    for (QCommandLineOption* hidden : {&size, &look}) hidden->setFlags(QCommandLineOption::HiddenFromHelp);
+    parser.addOptions({sample, theme, language, screenshot, tour, pdf, table, size, look});
     parser.process(application);
 
     const auto known = velda::LanguageOfCode(zt::FromQt(parser.value(language)));
@@ -71,8 +98,20 @@ int main(int count, char** arguments) {
         return printed ? 0 : 1;
     }
 
+    zt::QtHost host;
+    const velda::UseHost use(host);
     zt::MainWindow window(std::move(doc));
+    zt::QtPrinter printer([&window] { return window.ActiveGrid() ? window.ActiveGrid()->Grid() : nullptr; }, &window);
+    zt::QtGraphView graphs(&window);
+    host.SetPrinter(printer);
+    host.SetGraphView(&graphs);
+    host.SetMainFrame(&window.Frame());
+    host.onHoldIdle = [&window](bool hold) { window.HoldIdle(hold); };
+    QObject::connect(&application, &zt::SafeApplication::HandlerFailed, &window, &zt::MainWindow::ShowMessage);
+    const QStringList extent = parser.value(size).split(QLatin1Char('x'));
+    if (extent.size() == 2) window.resize(extent[0].toInt(), extent[1].toInt());
     window.show();
+    ShowLook(window, parser.value(look).split(QLatin1Char(',')));
     if (parser.isSet(screenshot)) {
         QTimer::singleShot(100, &window,
                            [&] { application.exit(window.grab().save(parser.value(screenshot)) ? 0 : 1); });

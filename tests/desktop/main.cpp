@@ -1,11 +1,16 @@
-#include <QApplication>
+#include <QStandardPaths>
 
+#include "desktop/safe_application.h"
 #include <gtest/gtest.h>
 
 // Runs the tests of the desktop without a screen, unless a platform is chosen.
 int main(int count, char** arguments) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(count, arguments);
+    zt::SafeApplication application(count, arguments);
+    // What the program keeps for its user is kept apart.
+    QCoreApplication::setOrganizationName(QStringLiteral("velda-tests"));
+    QCoreApplication::setApplicationName(QStringLiteral("zt"));
+    QStandardPaths::setTestModeEnabled(true);
     testing::InitGoogleTest(&count, arguments);
     return RUN_ALL_TESTS();
 }

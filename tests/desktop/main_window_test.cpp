@@ -1,51 +1,20 @@
-#include "desktop/window/main_window.h"
-
-#include <stdlib.h>
-
 #include <QClipboard>
-#include <QMenuBar>
 #include <QStatusBar>
-#include <QTemporaryDir>
-#include <QTest>
 
-#include "velda_util/pref/table_registry.h"
+#include "desktop/window_fixture.h"
 #include "zt_db/records/thik.h"
-#include "zt_db/sample/sample_building.h"
 #include <gtest/gtest.h>
 
 namespace zt {
 namespace {
 
-/// The main window with a sample building, and preferences of its own.
-class MainWindowTest : public ::testing::Test {
+class MainWindowTest : public WindowFixture {
 protected:
-    void SetUp() override {
-        velda::TableRegistry::OfProcess().UseFile(velda::PreferenceFile(folder.filePath("preferences").toStdString()));
-        auto doc = CDBDoc::New();
-        ASSERT_TRUE(BuildSample(*doc->GetMDBCtrl()->GetCurrentDB(), "office"));
-        window = std::make_unique<MainWindow>(std::move(doc));
-        window->show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
-        grid = window->ActiveGrid();
-        ASSERT_NE(nullptr, grid);
-    }
     double Thickness(std::uint32_t key) {
         T_THIK_D record;
         window->Document().GetMDBCtrl()->GetCurrentDB()->GetClass<CClassThik>()->Get(key, record);
         return record.thickness;
     }
-    void GoTo(int row, int col) {
-        ASSERT_TRUE(grid->Grid()->SetCurrentCell(row, col));
-        grid->Refresh();
-    }
-    QWidget* KeyTarget() {
-        auto* editor = grid->findChild<CellEditor*>();
-        return editor->isVisible() ? static_cast<QWidget*>(editor) : grid;
-    }
-
-    QTemporaryDir folder;
-    std::unique_ptr<MainWindow> window;
-    GridWidget* grid = nullptr;
 };
 
 TEST_F(MainWindowTest, ShowsTheThicknessesOfTheModel) {

@@ -70,6 +70,11 @@ void GridWidget::SetGrid(velda::CTBGrid* grid) {
     Refresh();
 }
 
+void GridWidget::ForgetGrid() {
+    grid_ = nullptr;
+    SetGrid(nullptr);
+}
+
 // ---- what is seen ----
 
 QFont GridWidget::HeaderFont() const {
@@ -168,11 +173,13 @@ void GridWidget::Refresh() {
         list_->hide();
         verticalScrollBar()->setRange(1, 1);
         horizontalScrollBar()->setRange(0, 0);
+        emit Refreshed();
         return;
     }
     FollowCurrentCell();
     UpdateScrollBars();
     FollowEditor(Geometry());
+    emit Refreshed();
 }
 
 void GridWidget::FollowCurrentCell() {

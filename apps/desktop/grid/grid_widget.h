@@ -23,6 +23,8 @@ public:
 
     /// Shows a table from now on; null for none. The table has to live as long as it is shown.
     void SetGrid(velda::CTBGrid* grid);
+    /// Lets go of a table that is gone already.
+    void ForgetGrid();
     velda::CTBGrid* Grid() const { return grid_; }
     /// The table, when its rows are records that can be edited; null otherwise.
     velda::CTBBrowserWnd* Browser() const { return browser_; }
@@ -57,6 +59,8 @@ signals:
     void FindRequested();
     /// Another cell became the current one.
     void CurrentCellChanged();
+    /// What the window shows was taken over from the engine: places, selection or texts may be others.
+    void Refreshed();
 
 protected:
     bool event(QEvent* event) override;

@@ -1,15 +1,23 @@
 #pragma once
 
+#include <QDockWidget>
 #include <QMainWindow>
-#include <QTabWidget>
+#include <QMenu>
+#include <QTimer>
+#include <QToolBar>
 #include <memory>
 
-#include "desktop/grid/grid_widget.h"
-#include "zt_tb/core/tb_view.h"
+#include "desktop/host/qt_main_frame.h"
+#include "desktop/window/command_table.h"
+#include "desktop/window/document_area.h"
+#include "desktop/window/find_bar.h"
+#include "desktop/window/status_fields.h"
+#include "desktop/window/table_tree.h"
+#include "desktop/window/theme.h"
 
 namespace zt {
 
-/// The main window: an open model, its tables on tabs, the commands of the model.
+/// The main window: an open model, its tables on tabs, the commands of the program.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 
@@ -20,31 +28,128 @@ public:
     CDBDoc& Document() { return *doc_; }
     /// The table on the active tab; null when there is none.
     GridWidget* ActiveGrid() const;
+    DocumentArea& Area() { return *area_; }
+    TableTree& Tree() { return *tree_; }
+    FindBar& Finder() { return *findBar_; }
+    StatusFields& Fields() { return *fields_; }
+    velda::I_MainFrameBase& Frame() { return frame_; }
+    /// The action of a command; null for an identifier that names none.
+    QAction* ActionOf(std::string_view id) const;
+    QMenu& UndoMenu() { return *undoMenu_; }
+    QMenu& RedoMenu() { return *redoMenu_; }
 
-public slots:
+    /// Opens a table, or brings it to the front where it is open.
+    void OpenTable(TableId id);
+    /// Switches the language of all that is shown. False when an open row stays open.
+    bool UseLanguage(velda::Language language);
+    bool UseUnits(const T_UNIT_INDEX& index);
+    void UseThemeOf(Theme theme);
+    /// Opens a model file in place of the current model. False when it cannot be opened or the user keeps the current.
+    bool OpenModelFile(const QString& path);
+    /// Takes back, or makes again, several steps.
+    void UndoSteps(int count) { Step(&CDataBase::Undo, count); }
+    void RedoSteps(int count) { Step(&CDataBase::Redo, count); }
+    /// While held the window does not follow changes.
+    void HoldIdle(bool hold);
+    void ShowMessage(const QString& text);
+
+    // ---- commands
+
+    void NewModel();
+    void OpenModel();
     void Save();
-    void Undo() { Step(&CDataBase::Undo); }
-    void Redo() { Step(&CDataBase::Redo); }
+    void SaveAs();
+    void ExportTable();
+    void ExportAll();
+    void CloseTable();
+    void Quit() { close(); }
+    void Undo() { UndoSteps(1); }
+    void Redo() { RedoSteps(1); }
+    void OpenFind();
+    void FindNext() { findBar_->FindNext(); }
+    void FindPrevious() { findBar_->FindPrevious(); }
+    void ZoomIn() { ZoomBy(kZoomStep); }
+    void ZoomOut() { ZoomBy(-kZoomStep); }
+    void ZoomReset();
+    void Split() { area_->MoveToOtherGroup(); }
+    void OpenProperties();
+    void ToggleFilter();
+    template <int id>
+    void RunViewCommand() {
+        RunOnView(id);
+    }
+
+    bool Always() const { return true; }
+    bool HasDocument() const { return area_->Active() != nullptr; }
+    bool HasTable() const;
+    bool CanUndo() const { return !Database().GetUndoNames().empty(); }
+    bool CanRedo() const { return !Database().GetRedoNames().empty(); }
+    bool CanSplit() const { return area_->IsSplit() || area_->Documents().size() > 1; }
+    template <int id>
+    bool CanRunViewCommand() const {
+        return CanRunOnView(id);
+    }
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
-    struct Page {
-        std::unique_ptr<CTBView> view;
-        GridWidget* grid;
+    /// Follows the changes of the document.
+    class Watcher final : public CDBUpdateConnector {
+    public:
+        explicit Watcher(MainWindow& owner) : owner_(owner) {}
+        void OnUpdate(CDBUpdateConnector* sender, int code, T_UPDATE_HINT* hint) override;
+
+    private:
+        MainWindow& owner_;
     };
-    void AddPage(std::unique_ptr<CTBView> view, const QString& title);
-    void AddActions();
+    static constexpr double kZoomStep = 0.1;
+
+    CDataBase& Database() const { return *doc_->GetMDBCtrl()->GetCurrentDB(); }
+    void BuildWindow();
+    void BuildCommands();
+    void BuildLists();
+    QMenu* BuildHistory(std::string_view command, std::vector<std::string> (CDataBase::*names)() const,
+                        void (MainWindow::*run)(int));
+    void BuildThemes();
+    void FillRecent();
+    void ShowTexts();
+    void ShowIcons();
     void ShowTitle();
-    void ShowMessage(const QString& text);
-    void Step(int (CDataBase::*step)(int));
-    /// Leaves the open rows of all tables; false when one stays open.
+    void Follow();
+    void FollowLater();
+    void RunOnView(int id);
+    bool CanRunOnView(int id) const;
+    void ZoomBy(double step);
+    void Step(int (CDataBase::*step)(int), int count);
+    bool CloseDocument(TableDocument* document);
+    void CloseDocuments();
     bool LeaveRows();
+    /// Asks what becomes of changes that are in no file. False when the user goes back.
+    bool MayDropModel();
+    void UseModel(std::unique_ptr<CDBDoc> doc);
+    bool SaveTo(const QString& path);
+    void ExportTo(const std::vector<TableDocument*>& documents, bool allTabs);
 
     std::unique_ptr<CDBDoc> doc_;
-    QTabWidget* tabs_;
-    std::vector<Page> pages_;
+    std::uint64_t savedCount_ = 0;  ///< transactions when the model was last in a file or new
+    Watcher watcher_{*this};
+    QtMainFrame frame_;
+    DocumentArea* area_ = nullptr;
+    TableTree* tree_ = nullptr;
+    QDockWidget* treePane_ = nullptr;
+    FindBar* findBar_ = nullptr;
+    StatusFields* fields_ = nullptr;
+    QToolBar* toolBar_ = nullptr;
+    std::vector<QMenu*> menus_;
+    std::vector<QAction*> actions_;  ///< in the order of the commands
+    QMenu* recentMenu_ = nullptr;
+    QMenu* undoMenu_ = nullptr;
+    QMenu* redoMenu_ = nullptr;
+    QMenu* themeMenu_ = nullptr;
+    QTimer following_;
+    int held_ = 0;
 };
 
 }  // namespace zt

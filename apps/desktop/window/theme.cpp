@@ -38,7 +38,10 @@ const PaletteColors kDark{"#25272b", "#1c1e21", "#2b2d31", "#e6e6e6", "#858a91",
 }  // namespace
 
 void UseTheme(QApplication& application, Theme theme) {
-    if (theme == Theme::System) return;
+    if (theme == Theme::System) {
+        application.setPalette(QPalette());
+        return;
+    }
     application.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     application.setPalette(PaletteOf(theme == Theme::Dark ? kDark : kLight));
 }

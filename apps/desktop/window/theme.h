@@ -6,7 +6,7 @@ namespace zt {
 
 enum class Theme { System, Light, Dark };
 
-/// Gives the application the palette of a theme; that of the system stays as it is.
+/// Gives the application the palette of a theme; that of the system follows the system.
 void UseTheme(QApplication& application, Theme theme);
 
 }  // namespace zt

@@ -32,6 +32,8 @@ public:
     bool OnOK() override { return table_.Sort(items); }
     /// Identifiers of the columns that can be sorted by: those that the user can see.
     std::vector<ColumnId> Columns() const;
+    /// Title of a column, for the list of them.
+    std::string TitleOf(ColumnId column) const { return table_.Columns().Info(column).title; }
 
     std::vector<STBSortItem> items;
 
@@ -48,6 +50,9 @@ public:
     void OnInitDialog() override { items = CTBGrid::GetPrefInfo(table_.GetTableName()); }
     /// Keeps the preferences and applies them. Stays open when they do not fit the table.
     bool OnOK() override;
+
+    /// Title of a column, for the list of them.
+    std::string TitleOf(ColumnId column) const { return table_.Columns().Info(column).title; }
 
     std::vector<STBPrefItem> items;  ///< by column identifier
 

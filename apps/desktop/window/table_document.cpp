@@ -1,0 +1,67 @@
+#include "desktop/window/table_document.h"
+
+#include <algorithm>
+
+#include "desktop/grid/qt_text.h"
+#include "zt_tb/model/tb_pre_view.h"
+#include "zt_tb/model/tb_prop_view.h"
+
+namespace zt {
+namespace {
+
+template <class View>
+std::unique_ptr<CTBView> OpenView(int kind, velda::CWnd& window) {
+    auto view = std::make_unique<View>();
+    view->SetWindow(&window);
+    view->SetTable(kind, nullptr);
+    return view;
+}
+
+}  // namespace
+
+std::string TableDocument::Frame::GetTitle() const { return FromQt(owner_.title_); }
+
+void TableDocument::Frame::SetTitle(const std::string& title) {
+    owner_.title_ = ToQt(title);
+    emit owner_.TitleChanged(owner_.title_);
+}
+
+void TableDocument::Frame::Close() {
+    QMetaObject::invokeMethod(&owner_, &TableDocument::CloseRequested, Qt::QueuedConnection);
+}
+
+TableDocument::TableDocument(TableId id, QWidget* parent) : TableHolder(parent), id_(id) { MakeView(); }
+
+void TableDocument::MakeView() {
+    view_ = id_.property ? OpenView<CTBPropView>(id_.kind, frame_) : OpenView<CTBPreView>(id_.kind, frame_);
+    SetView(view_.get());
+}
+
+void TableDocument::Reopen() {
+    const int tab = view_->GetCurrentTab();
+    velda::GridPosition cell;
+    const bool hasCell = view_->GetActiveGrid() && view_->GetActiveGrid()->GetCurrentCell(cell.row, cell.column);
+    SetView(nullptr);
+    view_->OnDestroy();
+    MakeView();
+    view_->SetCurrentTab(tab);
+    if (hasCell && view_->GetActiveGrid()) view_->GetActiveGrid()->SetCurrentCell(cell.row, cell.column);
+    Grid().Refresh();
+}
+
+TableDocument::~TableDocument() {
+    SetView(nullptr);
+    view_->OnDestroy();
+}
+
+bool TableDocument::Shows(TableId id) const { return id == id_ || (id.property && id_.property); }
+
+void TableDocument::BringToFront(TableId id) {
+    if (!id.property || !id_.property) return;
+    const auto tables = CTBPropView::Tables();
+    const auto found = std::find_if(tables.begin(), tables.end(),
+                                    [&](const CTBPropView::TableEntry& entry) { return entry.kind == id.kind; });
+    if (found != tables.end()) view_->SetCurrentTab(static_cast<int>(found - tables.begin()));
+}
+
+}  // namespace zt

@@ -1,0 +1,160 @@
+#include "desktop/window/table_tree.h"
+
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "desktop/grid/qt_text.h"
+#include "zt_tb/model/table_kinds.h"
+#include "zt_tb/model/tb_prop_view.h"
+
+namespace zt {
+namespace {
+
+constexpr int kPropertyRole = Qt::UserRole;
+constexpr int kKindRole = Qt::UserRole + 1;
+
+/// A heading of the tree and the kinds below it. A kind stands below the first heading that names it.
+struct Heading {
+    std::string_view textKey;
+    std::vector<TableKindRange> kinds;
+};
+
+const std::vector<Heading>& Headings() {
+    static const std::vector<Heading> headings = {
+        {"IDS_DESKTOP_GROUP_STRUCTURE",
+         {{kTablePont, kTableMemb},
+          {kTablePontMemb, kTablePontMemb},
+          {kTableAwop, kTableOffs},
+          {kTableMatl, kTableMatl}}},
+        {"IDS_DESKTOP_GROUP_MEMBER_TYPES", {{kTableMbtp, kTableMtsb}, {kTableMbcl, kTableMembTypes}}},
+        {"IDS_DESKTOP_GROUP_BOUNDARY", {{kTableSpts, kTableSpts}, {kTableRigd, kTableRigd}, {kTableElnk, kTableFrsf}}},
+        {"IDS_DESKTOP_GROUP_LOADS",
+         {{kTablePmas, kTablePmas},
+          {kTablePtld, kTablePtld},
+          {kTableSdsp, kTableInmf},
+          {kTableThnl, kTableThnl},
+          {kTableSbla, kTableBwld}}},
+        {"IDS_DESKTOP_GROUP_PROTECTIVE", {{kTableSprs, kTableCbld}}},
+        {"IDS_DESKTOP_GROUP_DESIGN",
+         {{kTableMrft, kTableDfft},
+          {kTableLfeg, kTableLfeg},
+          {kTableSdir, kTableSdir},
+          {kTableLfcw, kTableLlrf},
+          {kTableSflt, kTableExps}}},
+        {"IDS_DESKTOP_GROUP_RESULT_DESIGN", {{kTablePMrft, kTablePLlrf}}},
+        {"IDS_DESKTOP_GROUP_HINGES", {{kTablePhgeAll, kTableIeheWallShr}}},
+        {"IDS_DESKTOP_GROUP_DETAILS", {{kTablePontDetail, kTableMembDetail}}},
+        {"IDS_DESKTOP_GROUP_CHECK", {{kTableChk, kTableChk}}},
+    };
+    return headings;
+}
+
+/// Whether anything is shown for a kind: its own table, or one of the group that it opens.
+bool Exists(const TableKindEntry& entry) {
+    if (entry.make) return true;
+    const TableGroup* group = FindTableGroup(entry.kind);
+    return group && std::any_of(group->tables.begin(), group->tables.end(),
+                                [](int kind) { return FindTableMaker(kind) != nullptr; });
+}
+
+}  // namespace
+
+TableTree::TableTree(QWidget* parent) : QWidget(parent), filter_(new QLineEdit), tree_(new QTreeWidget) {
+    filter_->setClearButtonEnabled(true);
+    tree_->setHeaderHidden(true);
+    tree_->setUniformRowHeights(true);
+    tree_->setFrameShape(QFrame::NoFrame);
+    tree_->setStyleSheet(QStringLiteral("QTreeView::item { min-height: 21px; }"));
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(4, 4, 4, 0);
+    layout->addWidget(filter_);
+    layout->addWidget(tree_, 1);
+    connect(filter_, &QLineEdit::textChanged, this, &TableTree::ApplyFilter);
+    connect(tree_, &QTreeWidget::itemActivated, this, &TableTree::Choose);
+    connect(tree_, &QTreeWidget::itemClicked, this, &TableTree::Choose);
+    ShowTexts();
+}
+
+void TableTree::ShowTexts() {
+    filter_->setPlaceholderText(Word("IDS_DESKTOP_TREE_FILTER"));
+    tree_->clear();
+    AddProperties();
+    AddKinds();
+    ApplyFilter();
+}
+
+QTreeWidgetItem* TableTree::AddHeading(std::string_view textKey) {
+    auto* heading = new QTreeWidgetItem(tree_, {Word(textKey)});
+    heading->setFlags(Qt::ItemIsEnabled);
+    QFont font = tree_->font();
+    font.setBold(true);
+    heading->setFont(0, font);
+    return heading;
+}
+
+void TableTree::AddTable(QTreeWidgetItem& heading, TableId id, std::string_view textKey, bool exists) {
+    auto* item = new QTreeWidgetItem(&heading, {Word(textKey)});
+    item->setData(0, kPropertyRole, id.property);
+    item->setData(0, kKindRole, id.kind);
+    if (exists) return;
+    item->setForeground(0, palette().color(QPalette::Disabled, QPalette::Text));
+    item->setToolTip(0, Word("IDS_DESKTOP_NOT_THERE_YET"));
+}
+
+void TableTree::AddProperties() {
+    QTreeWidgetItem* heading = AddHeading("IDS_TB_PROPVIEW_PROPERTIES");
+    for (const CTBPropView::TableEntry& entry : CTBPropView::Tables()) {
+        AddTable(*heading, {true, entry.kind}, entry.titleKey, entry.make != nullptr);
+    }
+    heading->setExpanded(true);
+}
+
+void TableTree::AddKinds() {
+    for (const Heading& heading : Headings()) {
+        QTreeWidgetItem* parent = AddHeading(heading.textKey);
+        bool any = false;
+        for (const TableKindEntry& entry : TableKinds()) {
+            if (entry.kind == kTableNone || !Contains(heading.kinds, entry.kind)) continue;
+            AddTable(*parent, {false, entry.kind}, entry.titleKey, Exists(entry));
+            any = any || Exists(entry);
+        }
+        parent->setExpanded(any || parent == tree_->topLevelItem(1));
+    }
+}
+
+void TableTree::ApplyFilter() {
+    const QString text = filter_->text().trimmed();
+    for (int at = 0; at < tree_->topLevelItemCount(); ++at) {
+        QTreeWidgetItem* heading = tree_->topLevelItem(at);
+        const bool all = heading->text(0).contains(text, Qt::CaseInsensitive);
+        int shown = 0;
+        for (int child = 0; child < heading->childCount(); ++child) {
+            QTreeWidgetItem* item = heading->child(child);
+            const bool matches = all || item->text(0).contains(text, Qt::CaseInsensitive);
+            item->setHidden(!matches);
+            shown += matches ? 1 : 0;
+        }
+        heading->setHidden(shown == 0);
+        if (!text.isEmpty()) heading->setExpanded(true);
+    }
+}
+
+QTreeWidgetItem* TableTree::ItemOf(TableId id) const {
+    for (int at = 0; at < tree_->topLevelItemCount(); ++at) {
+        QTreeWidgetItem* heading = tree_->topLevelItem(at);
+        for (int child = 0; child < heading->childCount(); ++child) {
+            QTreeWidgetItem* item = heading->child(child);
+            const TableId found{item->data(0, kPropertyRole).toBool(), item->data(0, kKindRole).toInt()};
+            if (found == id) return item;
+        }
+    }
+    return nullptr;
+}
+
+void TableTree::Choose(const QTreeWidgetItem* item) {
+    // A heading is no table, and a tool tip says that a table does not exist.
+    if (!item->parent() || !item->toolTip(0).isEmpty()) return;
+    emit TableChosen({item->data(0, kPropertyRole).toBool(), item->data(0, kKindRole).toInt()});
+}
+
+}  // namespace zt
