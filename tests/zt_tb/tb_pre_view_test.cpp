@@ -159,7 +159,8 @@ TEST_F(TBPreViewTest, OpensLockedWhileResultsAreCurrent) {
     EXPECT_FALSE(FirstTable(*Open(1)).IsEditModeLocked());
     doc->SetExcuted(1);
     EXPECT_TRUE(FirstTable(*Open(1)).IsEditModeLocked());
-    for (const ProbeTable* table : Tables(*Open(25))) EXPECT_TRUE(table->IsEditModeLocked());
+    const auto group = Open(25);
+    for (const ProbeTable* table : Tables(*group)) EXPECT_TRUE(table->IsEditModeLocked());
 }
 
 TEST_F(TBPreViewTest, MakesNothingButItsTitleWithoutAModel) {
@@ -279,7 +280,8 @@ TEST_F(TBPreViewTest, OpensNodeDetailWithTheSelectedNodesInTheOrderOfTheirKeys) 
 
 TEST_F(TBPreViewTest, OpensDetailEmptyWhenNothingIsSelected) {
     for (const int kind : {85, 86}) {
-        for (const ProbeTable* table : Tables(*Open(kind))) EXPECT_THAT(table->ShownKeys(), IsEmpty());
+        const auto view = Open(kind);
+        for (const ProbeTable* table : Tables(*view)) EXPECT_THAT(table->ShownKeys(), IsEmpty());
     }
 }
 
