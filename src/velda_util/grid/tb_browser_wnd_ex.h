@@ -27,7 +27,7 @@ public:
 
     // ---- order of the rows
 
-    /// The specification that the rows are kept in, which is also the search key of FindRecordByKey. No items stand for
+    /// The sort items that the rows are kept by, which are also the search key of FindRecordByKey. No items stand for
     /// the key column, ascending.
     const std::vector<STBSortItem>& SortInfo() const { return sortInfo_; }
     void SetSortInfo(std::vector<STBSortItem> items) { sortInfo_ = std::move(items); }
