@@ -153,7 +153,7 @@ void CTBBrowserWnd::FillRecordRows(std::span<const std::uint32_t> keys, const Wr
 }
 
 void CTBBrowserWnd::ReplayRows(const RowChanges& changes, const WriteCells& write) {
-    if (sortWhenClosed_) rows_.SortTable();
+    if (std::exchange(sortWhenClosed_, false)) rows_.SortTable();
     const Anchors anchors = TakeAnchors();
     const std::vector<RowId> removed = rows_.Replay(changes.gone, changes.come, write);
     for (const RowId row : removed) styles_.RemoveRow(row);
@@ -174,8 +174,7 @@ void CTBBrowserWnd::SortRows(std::vector<STBSortItem> sort) {
 }
 
 void CTBBrowserWnd::SortWhenClosed() {
-    if (!sortWhenClosed_) return;
-    sortWhenClosed_ = false;
+    if (!std::exchange(sortWhenClosed_, false)) return;
     rows_.SortTable();
     OnRowsMoved();
 }

@@ -14,7 +14,6 @@ constexpr CTBPropView::TableEntry kTables[] = {
     {CTBPropView::kSection, "SECT", "IDB_TB_PREVIEW_Sect"},
     {CTBPropView::kThickness, "THIK", "IDS_TB_PREVIEW_Thik", &MakeTable<CTBThik>},
 };
-constexpr int kAllKinds[] = {CTBPropView::kMaterial, CTBPropView::kSection, CTBPropView::kThickness};
 
 /// Null for a kind without a tab.
 const CTBPropView::TableEntry* EntryOf(int kind) {
@@ -50,7 +49,7 @@ void CTBPropView::OnInitialUpdateProperties(CDBDoc& doc, const velda::WindowRect
     OnWindowPosChanging(place);
     BuildWorkbook();
     ReadSelectedKeys(doc);
-    AddTables(kAllKinds);
+    for (const TableEntry& entry : kTables) AddTable(entry);
     SetCurrentTab(static_cast<int>(EntryOf(kind) - kTables));
     SetTabStyle();
 }
@@ -77,10 +76,6 @@ void CTBPropView::AddTable(const TableEntry& entry) {
     std::unique_ptr<CTBCommonWnd> table = entry.make ? entry.make(this) : nullptr;
     if (table) tables_.push_back(table.get());
     AddWorksheet(std::move(table), title);
-}
-
-void CTBPropView::AddTables(std::span<const int> kinds) {
-    for (const int kind : kinds) AddTable(*EntryOf(kind));
 }
 
 void CTBPropView::ShowAndFill(CDBDoc& doc) {

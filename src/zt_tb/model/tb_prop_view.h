@@ -49,7 +49,6 @@ protected:
 private:
     void OnInitialUpdateProperties(CDBDoc& doc, const velda::WindowRect& place, int kind);
     bool OpenAlone(CDBDoc* doc, const velda::WindowRect& place, int kind);
-    void AddTables(std::span<const int> kinds);
     void AddTable(const TableEntry& entry);
     void ReadSelectedKeys(CDBDoc& doc);
     void ShowAndFill(CDBDoc& doc);
