@@ -218,13 +218,57 @@ void ScalePaste(benchmark::State& state) {
     }
 }
 
-void ScaleFilter(benchmark::State& state) {
+/// A command on a table of a certain size.
+struct BulkWork {
+    const char* name;
+    void (*run)(OurModel& model, int round);
+};
+constexpr BulkWork kBulkWorks[] = {
+    {"filter and back",
+     [](OurModel& model, int) {
+         model.Table().FilterColumn(2, "1F");
+         model.Table().RemoveFilter();
+     }},
+    {"sort and back",
+     [](OurModel& model, int) {
+         model.Table().Sort({{4, 0, 0}});
+         model.Table().Sort({{3, 0, 0}, {1, 0, 0}});
+     }},
+    {"find in vain",
+     [](OurModel& model, int) {
+         velda::STBFindStruct find;
+         find.text = "nowhere";
+         model.Table().Find(find);
+     }},
+    {"fill down",
+     [](OurModel& model, int) {
+         model.Table().SelectRange({1, 9, model.Table().RecordRowCount(), 9});
+         model.Table().FillDown();
+     }},
+    {"replace",
+     [](OurModel& model, int round) {
+         model.Table().SelectRange({1, 3, model.Table().RecordRowCount(), 3});
+         const bool there = round % 2 == 0;
+         model.Table().Replace({.text = there ? "2F" : "3F", .replacement = there ? "3F" : "2F"});
+     }},
+    {"delete and undo",
+     [](OurModel& model, int) {
+         model.Table().SelectRange(velda::PositionRange::Rows(1, model.Table().RecordRowCount() / 10));
+         model.Table().DoCommand(velda::TableCommand::DeleteRows);
+         model.Db().Undo();
+     }},
+    {"copy",
+     [](OurModel& model, int) {
+         model.Table().SelectRange(velda::PositionRange::All());
+         model.Table().Copy(true);
+     }},
+};
+
+void ScaleWork(benchmark::State& state, const BulkWork& work) {
     OurModel model(static_cast<std::uint32_t>(state.range(0)));
     model.Open();
-    for (auto _ : state) {
-        model.Table().FilterColumn(2, "1F");
-        model.Table().RemoveFilter();
-    }
+    int round = 0;
+    for (auto _ : state) work.run(model, round++);
 }
 
 void RegisterAll() {
@@ -250,7 +294,10 @@ void RegisterAll() {
         repeated(RegisterBenchmark("open/scale", &ScaleOpen)->Arg(n), 2);
         repeated(RegisterBenchmark("replay a tenth/scale", &ScaleReplay)->Arg(n), 3);
         repeated(RegisterBenchmark("paste a tenth/scale", &ScalePaste)->Arg(n), 2);
-        repeated(RegisterBenchmark("filter and back/scale", &ScaleFilter)->Arg(n), 2);
+        for (const BulkWork& work : kBulkWorks) {
+            const std::string name = std::string(work.name) + "/scale";
+            repeated(RegisterBenchmark(name.c_str(), [&work](benchmark::State& s) { ScaleWork(s, work); })->Arg(n), 2);
+        }
     }
 }
 
@@ -259,6 +306,8 @@ void RegisterAll() {
 int main(int count, char** arguments) {
     benchmark::Initialize(&count, arguments);
     RegisterAll();
+    std::vector<std::string> growing{"open", "replay a tenth", "paste a tenth"};
+    for (const BulkWork& work : kBulkWorks) growing.emplace_back(work.name);
     const bool kept = bench::RunAndReport({{"open a table", 1.5},
                                            {"replay 10,000 moves", 1.5},
                                            {"replay 10,000 inserts", 1.5},
@@ -267,7 +316,7 @@ int main(int count, char** arguments) {
                                            {"sort by a double", 1.2},
                                            {"find in the last row", 1.0},
                                            {"paste 10,000 rows", 3.0}},
-                                          {"open", "replay a tenth", "paste a tenth", "filter and back"}, kScale);
+                                          growing, kScale);
     std::cout << "\nmemory of a row among " << kRows << ": " << OpenModel().Table().MemoryBytes() / kRows << " bytes\n";
     return kept ? 0 : 1;
 }

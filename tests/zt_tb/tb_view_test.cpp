@@ -1,4 +1,5 @@
 #include <filesystem>
+#include <fstream>
 
 #include "velda_base/host/headless_dock_pane.h"
 #include "velda_base/host/headless_host.h"
@@ -16,7 +17,9 @@ namespace zt {
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::HasSubstr;
 using ::testing::IsEmpty;
+using ::testing::SizeIs;
 
 constexpr int kName = 1;  ///< column identifiers
 constexpr int kThickness = 2;
@@ -128,6 +131,21 @@ protected:
     std::unique_ptr<CDBDoc> doc = CDBDoc::New();
     TestView view;
 };
+
+TEST_F(TBViewTest, ADamagedFileOfPreferencesIsToldOnceAndTheTableOpens) {
+    const std::filesystem::path file = std::filesystem::temp_directory_path() / "zt_view_preferences.conf";
+    std::ofstream(file) << "no preferences at all";
+    velda::TableRegistry::OfProcess().UseFile(velda::PreferenceFile(file));
+    view.BuildWorkbook();
+    EXPECT_EQ(AddTable("A").RecordRowCount(), 4);
+    ASSERT_THAT(host.messages.shown, SizeIs(1));
+    EXPECT_THAT(host.messages.shown.front(), HasSubstr(file.filename().string()));
+    AddTable("B");
+    EXPECT_THAT(host.messages.shown, SizeIs(1)) << "told once";
+    for (const auto& entry : std::filesystem::directory_iterator(file.parent_path())) {
+        if (entry.path().filename().string().starts_with("zt_view_preferences")) std::filesystem::remove(entry.path());
+    }
+}
 
 // ---- tabs
 

@@ -66,12 +66,12 @@ bool GridMouse::PressControl(velda::GridPosition cell, QPoint point) {
     browser.GetCurrentCell(row, col);
     const velda::CGXStyle style = browser.StyleOf(row, col);
     const QRect rect = widget_.Geometry().CellRect(row, col);
-    if (GridPainter::IsCheckBox(style)) {
+    if (style.IsCheckBox()) {
         if (!GridPainter::BoxRect(rect, style, widget_.Zoom()).contains(point)) return false;
         browser.DoCommand(velda::TableCommand::ToggleCheck);
         return true;
     }
-    if (GridPainter::HasChoices(style)) {
+    if (style.HasList()) {
         if (style.GetReadOnly() || !GridPainter::ArrowRect(rect, widget_.Zoom()).contains(point)) return false;
         browser.DoCommand(velda::TableCommand::OpenList);
         return true;
@@ -198,7 +198,7 @@ void GridMouse::DoubleClick(const QMouseEvent& event) {
     if (!browser->OnLButtonDblClk(hit.position.row, hit.position.column) && hit.part == GridGeometry::Part::Cell &&
         browser->SetCurrentCell(hit.position.row, hit.position.column)) {
         const velda::CGXStyle& style = browser->StyleOf(hit.position.row, hit.position.column);
-        if (GridPainter::IsCheckBox(style)) {
+        if (style.IsCheckBox()) {
             PressControl(hit.position, point);
         } else {
             browser->DoCommand(velda::TableCommand::EditInPlace);

@@ -32,20 +32,6 @@ GridPainter::GridPainter(QPainter& painter, const velda::CTBGrid& grid, const Gr
     lineWidth_ = std::max(1.0, std::floor(scale)) / scale;
 }
 
-bool GridPainter::IsCheckBox(const velda::CGXStyle& style) {
-    return style.GetControl() == ControlKind::CheckBox || style.GetControl() == ControlKind::CaptionCheckBox;
-}
-
-bool GridPainter::HasChoices(const velda::CGXStyle& style) {
-    switch (style.GetControl()) {
-        case ControlKind::TabbedDropDownList:
-        case ControlKind::DropDownList:
-        case ControlKind::ComboBox:
-        case ControlKind::CheckListComboBox: return true;
-        default: return false;
-    }
-}
-
 QFont GridPainter::CellFont(const QFont& base, const velda::CGXStyle& style, double zoom) {
     QFont font = base;
     font.setPointSizeF(style.GetFontSize() * zoom);
@@ -176,7 +162,7 @@ void GridPainter::PaintContent(const Cell& cell, const velda::CGXStyle& style, c
     const int pad = Padding(zoom_);
     QRect inner = cell.rect.adjusted(pad, 1, -pad - 1, -2);
     painter_.setPen(text);
-    if (IsCheckBox(style)) {
+    if (style.IsCheckBox()) {
         const QRect box = BoxRect(cell.rect, style, zoom_);
         PaintBox(box, shown == QLatin1String("1"), text);
         if (style.GetControl() == ControlKind::CheckBox) return;
@@ -184,7 +170,7 @@ void GridPainter::PaintContent(const Cell& cell, const velda::CGXStyle& style, c
         PaintText(ToQt(style.GetChoiceList()).section(QLatin1Char('\n'), 0, 0), inner, style);
         return;
     }
-    if (HasChoices(style) && current_ == velda::GridPosition{cell.row, cell.col} && !style.GetReadOnly()) {
+    if (style.HasList() && current_ == velda::GridPosition{cell.row, cell.col} && !style.GetReadOnly()) {
         const QRect arrow = ArrowRect(cell.rect, zoom_);
         PaintArrow(arrow, text);
         inner.setRight(arrow.left() - 1);
@@ -223,7 +209,7 @@ void GridPainter::PaintText(const QString& text, const QRect& rect, const velda:
     int width = WidthOf(text);
     if (width > rect.width()) {
         // A number that is cut reads as another number.
-        const bool isNumber = style.GetValueType() == velda::ValueType::Numeric && !HasChoices(style);
+        const bool isNumber = style.GetValueType() == velda::ValueType::Numeric && !style.HasList();
         const int signs = std::max(1, rect.width() / std::max(1, metrics.horizontalAdvance(QLatin1Char('#'))));
         fitting = isNumber ? QString(signs, QLatin1Char('#')) : metrics.elidedText(text, Qt::ElideRight, rect.width());
         width = WidthOf(fitting);

@@ -30,8 +30,6 @@ public:
     /// Where the check box of a cell stands.
     static QRect BoxRect(const QRect& cell, const velda::CGXStyle& style, double zoom);
     static QRect ArrowRect(const QRect& cell, double zoom);
-    static bool IsCheckBox(const velda::CGXStyle& style);
-    static bool HasChoices(const velda::CGXStyle& style);
     static QFont CellFont(const QFont& base, const velda::CGXStyle& style, double zoom);
     static Qt::Alignment AlignmentOf(const velda::CGXStyle& style);
     static int Padding(double zoom) { return GridGeometry::Scaled(4, zoom); }

@@ -112,9 +112,9 @@ int GridWidget::WidestText(int col) const {
     int widest = 0;
     const auto measure = [&](int row) {
         const velda::CGXStyle style = grid_->StyleOf(row, col);
-        if (GridPainter::IsCheckBox(style)) return;
+        if (style.IsCheckBox()) return;
         const QFontMetrics metrics(GridPainter::CellFont(font(), style, 1.0));
-        const int arrow = GridPainter::HasChoices(style) ? GridPainter::ArrowWidth(1.0) : 0;
+        const int arrow = style.HasList() ? GridPainter::ArrowWidth(1.0) : 0;
         widest = std::max(widest, metrics.horizontalAdvance(ToQt(grid_->GetShownText(row, col))) + arrow);
     };
     const GridGeometry geometry = Geometry();

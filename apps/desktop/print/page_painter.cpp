@@ -117,7 +117,7 @@ void PagePainter::PaintCell(int row, int col, const QRectF& rect) {
     const QString text = ToQt(velda::DisplayText(grid_.GetValueRowCol(row, col), style));
     const double pad = kPadding * scaleX_;
     QRectF inner = rect.adjusted(pad, kLeading * scaleY_, -pad, -kLeading * scaleY_);
-    if (!GridPainter::IsCheckBox(style)) {
+    if (!style.IsCheckBox()) {
         PaintText(text, inner, style);
         return;
     }
@@ -152,7 +152,7 @@ void PagePainter::PaintText(const QString& text, const QRectF& rect, const velda
         painter_.drawText(rect, alignment | Qt::TextWordWrap, text);
     } else {
         const QFontMetrics metrics = painter_.fontMetrics();
-        const bool isNumber = style.GetValueType() == velda::ValueType::Numeric && !GridPainter::HasChoices(style);
+        const bool isNumber = style.GetValueType() == velda::ValueType::Numeric && !style.HasList();
         const int room = static_cast<int>(rect.width());
         const bool fits = metrics.horizontalAdvance(text) <= room;
         // A number that is cut reads as another number.

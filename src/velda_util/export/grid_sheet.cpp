@@ -27,12 +27,8 @@ void SetLook(SheetLook& look, const CGXStyle& style) {
     if (style.IncludeHorizontalAlignment()) look.horizontal = style.GetHorizontalAlignment();
 }
 
-bool IsCheckBox(const CGXStyle& style) {
-    return style.GetControl() == ControlKind::CheckBox || style.GetControl() == ControlKind::CaptionCheckBox;
-}
-
 void SetContent(SheetCell& cell, std::string text, const CGXStyle& style) {
-    if (IsCheckBox(style)) {
+    if (style.IsCheckBox()) {
         cell.kind = SheetCell::Kind::Check;
         cell.checked = DisplayText(text, style) == "1";
         return;

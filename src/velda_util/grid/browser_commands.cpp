@@ -83,8 +83,7 @@ bool CTBBrowserWnd::TypeText(const std::string& text) {
 }
 
 bool CTBBrowserWnd::IsClosedList(CellId cell) const {
-    const ControlKind control = StyleOf(PositionOfRow(cell.row), PositionOfColumn(cell.column)).GetControl();
-    return control == ControlKind::TabbedDropDownList || control == ControlKind::DropDownList;
+    return StyleOf(PositionOfRow(cell.row), PositionOfColumn(cell.column)).IsClosedList();
 }
 
 std::optional<std::string> CTBBrowserWnd::TypedKey(const std::string& text, const std::string& current) {
@@ -111,15 +110,9 @@ KeySituation CTBBrowserWnd::Situation() const {
     int row = 0;
     int col = 0;
     if (!GetCurrentCell(row, col)) return situation;
-    switch (StyleOf(row, col).GetControl()) {
-        case ControlKind::CheckBox:
-        case ControlKind::CaptionCheckBox: situation.cell = KeySituation::Cell::CheckBox; break;
-        case ControlKind::TabbedDropDownList:
-        case ControlKind::DropDownList:
-        case ControlKind::ComboBox:
-        case ControlKind::CheckListComboBox: situation.cell = KeySituation::Cell::List; break;
-        default: break;
-    }
+    const CGXStyle& style = StyleOf(row, col);
+    if (style.IsCheckBox()) situation.cell = KeySituation::Cell::CheckBox;
+    if (style.HasList()) situation.cell = KeySituation::Cell::List;
     return situation;
 }
 

@@ -29,7 +29,7 @@ std::string HeadingOf(const CGXGridCore& grid, int col) {
 bool HoldsNumbers(const CGXGridCore& grid, int col, int row) {
     const CGXStyle& style = grid.StyleOf(row, col);
     return grid.Columns().Info(grid.ColumnIdAt(col)).type != ColumnType::String && !style.IncludeChoiceList() &&
-           style.GetControl() != ControlKind::CheckBox && style.GetControl() != ControlKind::CaptionCheckBox;
+           !style.IsCheckBox();
 }
 
 /// The numbers of a column; null when there is none.

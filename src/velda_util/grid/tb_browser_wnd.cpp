@@ -11,15 +11,6 @@
 namespace velda {
 namespace {
 
-bool IsListControl(ControlKind control) {
-    return control == ControlKind::TabbedDropDownList || control == ControlKind::DropDownList ||
-           control == ControlKind::ComboBox;
-}
-
-bool IsCheckBox(ControlKind control) {
-    return control == ControlKind::CheckBox || control == ControlKind::CaptionCheckBox;
-}
-
 bool ReadCheckList(const ChoiceList& choices, std::string& text) {
     std::vector<std::size_t> lines;
     if (!choices.ReadJoinedText(text, lines)) return false;
@@ -266,7 +257,7 @@ bool CTBBrowserWnd::GetControlText(int row, int col, std::string& text, bool& ac
         text = session_.EditorText();
         return true;
     }
-    if (!IsCheckBox(StyleOf(row, col).GetControl())) return false;
+    if (!StyleOf(row, col).IsCheckBox()) return false;
     text = InverseCheck(GetValueRowCol(row, col));
     return true;
 }
@@ -285,10 +276,10 @@ ChoiceList CTBBrowserWnd::ChoicesOf(int row, int col) const { return StyleOf(row
 bool CTBBrowserWnd::ReadChoice(int row, int col, std::string& text) const {
     const CGXStyle& style = StyleOf(row, col);
     if (text.empty()) return true;
-    if (IsCheckBox(style.GetControl())) return text == "0" || text == "1";
+    if (style.IsCheckBox()) return text == "0" || text == "1";
     const ChoiceList choices = style.GetChoices();
     if (style.GetControl() == ControlKind::CheckListComboBox) return ReadCheckList(choices, text);
-    if (!IsListControl(style.GetControl())) return true;
+    if (!style.HasList()) return true;
     if (const auto line = choices.IndexOfText(text)) {
         text = choices.Key(*line);
         return true;
@@ -297,7 +288,7 @@ bool CTBBrowserWnd::ReadChoice(int row, int col, std::string& text) const {
 }
 
 std::string CTBBrowserWnd::ChoiceReason(int row, int col, const std::string& text) const {
-    const bool checkBox = IsCheckBox(StyleOf(row, col).GetControl());
+    const bool checkBox = StyleOf(row, col).IsCheckBox();
     return FormatText(checkBox ? "IDS_TB_ENGINE_EDIT_FIELD_REFUSED" : "IDS_TB_ENGINE_NOT_IN_LIST", {text});
 }
 

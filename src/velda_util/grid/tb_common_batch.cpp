@@ -284,9 +284,7 @@ bool CTBCommon::ToggleChecks() {
     int col = 0;
     if (!LeaveRow() || !GetCurrentCell(row, col)) return false;
     const auto access = [this](int r, int c) {
-        const ControlKind control = StyleOf(r, c).GetControl();
-        const bool isCheckBox = control == ControlKind::CheckBox || control == ControlKind::CaptionCheckBox;
-        return isCheckBox ? AccessOf(r, c) : CellAccess::Disabled;
+        return StyleOf(r, c).IsCheckBox() ? AccessOf(r, c) : CellAccess::Disabled;
     };
     return Apply(PlanSetValue(SelectionOf(range), PlanTargetNow(), access, InverseCheck(GetValueRowCol(row, col))),
                  "IDS_TB_ENGINE_CMD_TOGGLE_CHECK", OnRefusal::WriteOthers);

@@ -115,6 +115,16 @@ public:
     VerticalAlignment GetVerticalAlignment() const { return vertical_; }
     int GetPlaces() const { return places_; }
     ControlKind GetControl() const { return control_; }
+    /// A control whose value is "1" or "0".
+    bool IsCheckBox() const { return control_ == ControlKind::CheckBox || control_ == ControlKind::CaptionCheckBox; }
+    /// A list that takes no text but its own.
+    bool IsClosedList() const {
+        return control_ == ControlKind::TabbedDropDownList || control_ == ControlKind::DropDownList;
+    }
+    /// A control that offers a list.
+    bool HasList() const {
+        return IsClosedList() || control_ == ControlKind::ComboBox || control_ == ControlKind::CheckListComboBox;
+    }
     std::uint16_t GetMaxLength() const { return maxLength_; }
     MergedSpan GetMergedSpan() const { return IncludeMergedSpan() ? MergedSpan{spanRows_, spanCols_} : MergedSpan{}; }
     const std::string& GetChoiceList() const { return choiceLines_.Get().Text(); }

@@ -31,6 +31,7 @@ void CTBView::BuildWorkbook() {
 }
 
 void CTBView::AddWorksheet(std::unique_ptr<velda::CTBGrid> grid, std::string title) {
+    TellOfPreferences();
     if (grid) grid->SetHost(host_);
     if (grid) grid->MoveWindow(place_);
     if (!tabs_) {
@@ -39,6 +40,12 @@ void CTBView::AddWorksheet(std::unique_ptr<velda::CTBGrid> grid, std::string tit
     }
     tabs_->AddTab(std::move(grid), std::move(title));
     if (dynamic_cast<velda::CGXGridView*>(tabs_->GetPane(0))) tabs_->RemoveTab(0);
+}
+
+// The preferences of a table are read while it is made, when it has no window yet.
+void CTBView::TellOfPreferences() {
+    const std::string message = velda::TableRegistry::OfProcess().TakeMessage();
+    if (!message.empty()) velda::AfxMessageBox(message);
 }
 
 void CTBView::ChangeTabLabel(int tab, std::string title) {

@@ -112,6 +112,8 @@ protected:
     velda::CTBGrid* LiveGrid() const;
 
 private:
+    /// Tells the user, once, what is wrong with the file of column preferences.
+    static void TellOfPreferences();
     bool CanCopy() const;
     bool CanPaste() const;
     bool HasLiveGrid() const { return LiveGrid() != nullptr; }
