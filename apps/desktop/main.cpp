@@ -8,7 +8,6 @@
 #include "desktop/graph/qt_graph_view.h"
 #include "desktop/grid/qt_text.h"
 #include "desktop/host/qt_host.h"
-#include "desktop/print/pdf_file.h"
 #include "desktop/print/qt_printer.h"
 #include "desktop/safe_application.h"
 #include "desktop/tour/tour.h"
@@ -16,6 +15,7 @@
 #include "velda_lib/language.h"
 #include "zt_db/sample/sample_building.h"
 #include "zt_tb/model/table_kinds.h"
+#include "zt_tb/model/tb_pre_view.h"
 
 namespace {
 
@@ -75,12 +75,10 @@ int main(int count, char** arguments) {
     screenshot.setFlags(QCommandLineOption::HiddenFromHelp);
     QCommandLineOption tour("tour", "Writes pictures of all kinds of windows and ends.", "folder");
     tour.setFlags(QCommandLineOption::HiddenFromHelp);
-    QCommandLineOption pdf("pdf", "Prints a table into a PDF file and ends.", "file");
-    QCommandLineOption table("table", "Table to print, by its mnemonic.", "name", "THIK");
     QCommandLineOption size("size", "Size of the window.", "width x height", "1180x720");
     QCommandLineOption look("look", "What the picture shows: filter, find, split, selection.", "words");
     for (QCommandLineOption* hidden : {&size, &look}) hidden->setFlags(QCommandLineOption::HiddenFromHelp);
-    parser.addOptions({sample, theme, language, screenshot, tour, pdf, table, size, look});
+    parser.addOptions({sample, theme, language, screenshot, tour, size, look});
     parser.process(application);
 
     const auto known = velda::LanguageOfCode(zt::FromQt(parser.value(language)));
@@ -92,14 +90,10 @@ int main(int count, char** arguments) {
                : models.isEmpty()   ? zt::CDBDoc::New()
                                     : OpenModel(zt::FromQt(models.front()));
     if (!doc) return kWrongUse;
-    if (parser.isSet(pdf)) {
-        const velda::Outcome printed = zt::WritePdf(*doc, zt::FromQt(parser.value(table)), parser.value(pdf));
-        if (!printed) std::cerr << printed.Reason() << '\n';
-        return printed ? 0 : 1;
-    }
 
     zt::QtHost host;
     const velda::UseHost use(host);
+    zt::CTBPreView::RegisterWithPanes();
     zt::MainWindow window(std::move(doc));
     zt::QtPrinter printer([&window] { return window.ActiveGrid() ? window.ActiveGrid()->Grid() : nullptr; }, &window);
     zt::QtGraphView graphs(&window);

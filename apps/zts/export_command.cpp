@@ -2,40 +2,40 @@
 
 #include <iostream>
 
-#include "velda_lib/msg_dll.h"
+#include "desktop/print/pdf_file.h"
+#include "zt_db/doc/doc.h"
 #include "zt_tb/core/table_export.h"
-#include "zt_tb/model/tb_prop_view.h"
+#include "zt_tb/model/open_table.h"
 
 namespace {
 
-using Tables = zt::CTBPropView;
+using Views = std::vector<std::unique_ptr<zt::CTBView>>;
 
-/// Tab of a table by its mnemonic or its title; -1 when there is none.
-int TabOf(const std::string& name) {
-    const auto tables = Tables::Tables();
-    for (std::size_t tab = 0; tab < tables.size(); ++tab) {
-        if (!tables[tab].make) continue;
-        const bool isTitle = name == velda::CMsgDll::pfuncLoadStr(tables[tab].titleKey, 0);
-        if (isTitle || name == tables[tab].mnemonic) return static_cast<int>(tab);
-    }
-    return -1;
-}
-
-bool AddTables(velda::CGridExportToExcel& exporter, const zt::CTBView& view, const std::vector<std::string>& names) {
-    if (names.empty()) zt::AddAllTables(exporter, view);
-    for (const std::string& name : names) {
-        const int tab = TabOf(name);
-        if (tab < 0) {
-            std::cerr << "there is no table " << name << "; there are";
-            for (const auto& table : Tables::Tables()) {
-                if (table.make) std::cerr << ' ' << table.mnemonic;
-            }
-            std::cerr << '\n';
-            return false;
-        }
-        zt::AddTable(exporter, view, tab);
+/// The views of the tables; without names those of all tables. False, with a message, when a table does not exist.
+bool OpenTables(const std::vector<std::string>& names, Views& views) {
+    const std::vector<std::string_view> existing = zt::ExistingTables();
+    std::vector<std::string> wanted = names;
+    if (wanted.empty()) wanted.assign(existing.begin(), existing.end());
+    for (const std::string& name : wanted) {
+        views.push_back(zt::OpenTable(name));
+        if (views.back()) continue;
+        std::cerr << "there is no table " << name << "; there are";
+        for (const std::string_view known : existing) std::cerr << ' ' << known;
+        std::cerr << '\n';
+        return false;
     }
     return true;
+}
+
+velda::Outcome WriteSheets(const Views& views, const std::string& path) {
+    velda::CGridExportToExcel exporter;
+    for (const auto& view : views) zt::AddTable(exporter, *view, view->GetCurrentTab());
+    return exporter.Export(path);
+}
+
+velda::Outcome WritePages(const Views& views, const std::string& path) {
+    if (views.size() == 1) return zt::WritePdf(*views.front(), path);
+    return velda::Outcome::Refused("a PDF file holds one table; name it with --table");
 }
 
 std::unique_ptr<zt::CDBDoc> OpenModel(const std::string& path) {
@@ -68,15 +68,11 @@ bool Export(const ExportRequest& request) {
     const auto doc = OpenModel(request.model);
     if (!doc) return false;
     doc->MakeCurrent();
-    zt::CTBPropView view;
-    view.SetTable(Tables::Tables().front().kind);
-    velda::CGridExportToExcel exporter;
-    bool done = AddTables(exporter, view, request.tables);
-    if (done) {
-        const velda::Outcome outcome = exporter.Export(request.out);
-        if (!outcome) std::cerr << outcome.Reason() << '\n';
-        done = static_cast<bool>(outcome);
-    }
-    view.DisconnectFromDoc();
-    return done;
+    Views views;
+    if (!OpenTables(request.tables, views)) return false;
+    const velda::Outcome outcome =
+        request.out.ends_with(".pdf") ? WritePages(views, request.out) : WriteSheets(views, request.out);
+    if (!outcome) std::cerr << outcome.Reason() << '\n';
+    for (const auto& view : views) view->DisconnectFromDoc();
+    return static_cast<bool>(outcome);
 }

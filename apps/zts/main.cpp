@@ -17,7 +17,8 @@ constexpr int kWrongUse = 2;
 void PrintUsage(std::ostream& output) {
     output << "zts info FILE                 what a model file holds, and what is wrong with it\n"
               "zts export MODEL [--table KIND]... --out FILE\n"
-              "                              writes tables to FILE.xlsx or FILE.csv; all without --table\n"
+              "                              writes tables to FILE.xlsx or FILE.csv, all without --table, or one\n"
+              "                              table to FILE.pdf\n"
               "zts script FILE...            runs table scripts\n"
               "zts help                      this text and the commands of scripts\n";
 }

@@ -10,13 +10,14 @@ namespace {
 
 // ---- views
 
-/// view prop THIK, view prop 3
+/// view prop THIK, view prop 3: all records where no node is selected; with `selected` those of the selection alone.
 CommandResult OpenPropView(ScriptSession& session, ScriptWords words) {
-    if (words.size() != 1) return CommandResult::Misused();
+    const bool selected = words.size() == 2 && words[1].value == "selected";
+    if (words.size() != 1 && !selected) return CommandResult::Misused();
     for (const CTBPropView::TableEntry& entry : CTBPropView::Tables()) {
         if (words[0].value != entry.mnemonic && words[0].value != std::to_string(entry.kind)) continue;
         auto view = std::make_unique<CTBPropView>();
-        view->SetTable(entry.kind);
+        selected ? view->SetTable(entry.kind) : view->OpenProperties(entry.kind);
         session.OpenView(std::move(view));
         return CommandResult::Done();
     }
@@ -157,7 +158,7 @@ CommandResult SetExecuted(ScriptSession& session, ScriptWords words) {
 }
 
 constexpr ScriptCommand kCommands[] = {
-    {"view prop", &OpenPropView, "view prop THIK|3"},
+    {"view prop", &OpenPropView, "view prop THIK|3 [selected]"},
     {"view pre", &OpenPreView, "view pre PONT|1 [initial]"},
     {"view", &ActivateView, "view N"},
     {"view close", &CloseView, "view close"},

@@ -1,6 +1,7 @@
 #include <QStatusBar>
 
 #include "desktop/grid/qt_text.h"
+#include "desktop/window/system_look.h"
 #include "desktop/window_fixture.h"
 #include "zt_db/records/thik.h"
 #include "zt_tb/model/table_kinds.h"
@@ -80,6 +81,26 @@ TEST_F(WindowTablesTest, TitlesTablesAnewInAnotherLanguage) {
     EXPECT_NE(header, HeaderOf(2));
     EXPECT_EQ(Word("IDS_DESKTOP_SAVE"), window->ActionOf("save")->text());
     EXPECT_EQ(2, window->Area().Active()->Tabs().currentIndex()) << "the same tab stays in front";
+}
+
+TEST_F(WindowTablesTest, KeepsTheFiltersInAnotherLanguage) {
+    auto& table = dynamic_cast<velda::CTBBrowserWndEx&>(*grid->Grid());
+    const velda::ColumnId name = table.ColumnIdAt(2);
+    ASSERT_TRUE(table.FilterColumn(name, "W200"));
+    ASSERT_EQ(1, table.RowCount());
+    ASSERT_TRUE(window->UseLanguage(velda::Language::Korean));
+    auto& anew = dynamic_cast<velda::CTBBrowserWndEx&>(*window->ActiveGrid()->Grid());
+    EXPECT_EQ("W200", anew.FilterTextOf(name));
+    EXPECT_EQ(1, anew.RowCount());
+}
+
+TEST(SystemLookTest, ReadsTheNumberOfThePortal) {
+    EXPECT_EQ(true, SystemLook::DarkOf(1u));
+    EXPECT_EQ(false, SystemLook::DarkOf(2u));
+    EXPECT_EQ(std::nullopt, SystemLook::DarkOf(0u)) << "no preference";
+    EXPECT_EQ(std::nullopt, SystemLook::DarkOf(QStringLiteral("dark")));
+    const QVariant wrapped = QVariant::fromValue(QDBusVariant(QVariant::fromValue(QDBusVariant(1u))));
+    EXPECT_EQ(true, SystemLook::DarkOf(wrapped));
 }
 
 TEST_F(WindowTablesTest, RewritesHeadersInOtherUnits) {

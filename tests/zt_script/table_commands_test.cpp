@@ -168,7 +168,7 @@ TEST(TableCommands, WordsThatDoNotFitGetTheUsage) {
     ExpectUnreadable("select rows 1-", "select rows 1 3-5 ...");
     ExpectUnreadable("select rows", "select rows 1 3-5 ...");
     ExpectUnreadable("view prop LOAD", "the property view has no table LOAD");
-    ExpectUnreadable("view prop", "view prop THIK|3");
+    ExpectUnreadable("view prop", "view prop THIK|3 [selected]");
     ExpectUnreadable("expect style 1 \"Name\" weight=7", "styles have no weight");
     ExpectUnreadable("expect style 1 \"Name\" bold", "styles have no bold");
     ExpectUnreadable("executed maybe", "executed on|off");

@@ -70,6 +70,8 @@ TEST_F(ZtsTest, ExportWritesTheTablesThatAreNamed) {
     }
     EXPECT_EQ(Zts("export model.ztm --out a.xlsx").status, 0);
     EXPECT_THAT(Content("a.xlsx"), StartsWith("PK"));
+    EXPECT_EQ(Zts("export model.ztm --table THIK --out a.pdf").status, 0);
+    EXPECT_THAT(Content("a.pdf"), StartsWith("%PDF"));
 }
 
 TEST_F(ZtsTest, ExportTellsWhyItWasRefused) {
@@ -83,6 +85,8 @@ TEST_F(ZtsTest, ExportTellsWhyItWasRefused) {
     refused("model.ztm --table NONE --out a.csv", "NONE; there are THIK");
     refused("model.ztm --out missing/a.csv", "missing/a.csv");
     refused("model.ztm --out a.txt", "a.txt");
+    refused("model.ztm --table THIK --out missing/a.pdf", "missing/a.pdf");
+    refused("model.ztm --table THIK --table THIK --out a.pdf", "one table");
     EXPECT_FALSE(std::filesystem::exists(File("a.csv")));
 }
 

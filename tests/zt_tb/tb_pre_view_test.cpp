@@ -7,6 +7,7 @@
 #include "velda_lib/language.h"
 #include "zt_db/records/stnd.h"
 #include "zt_tb/core/dock_view.h"
+#include "zt_tb/model/tb_display_dlg.h"
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -329,6 +330,43 @@ TEST_F(TBPreViewTest, MakesATableAnewThatWasTakenAway) {
     EXPECT_EQ(3, view->GetCurrentTab());
     view->DisplayTables({}, pont);
     EXPECT_THAT(Kinds(*view), ElementsAre(3, 7, 6, 17, 1));
+}
+
+TEST_F(TBPreViewTest, LetsTheUserChooseTheTablesOfMemberDetail) {
+    velda::HeadlessHost host;
+    const velda::UseHost use(host);
+    const auto view = Open(86);
+    const std::size_t count = Kinds(*view).size();
+    host.dialogs.users.push_back([](velda::ModalDialog& dialog) {
+        for (auto& item : dynamic_cast<CTBDisplayDlg&>(dialog).Page().Items()) {
+            if (item.kind != 1 && item.kind != 2) continue;
+            EXPECT_EQ(item.isShown, item.kind == 2);
+            item.isShown = item.kind == 1;
+        }
+        return true;
+    });
+    EXPECT_TRUE(view->OnCommand(CTBPreView::kOnTableDisplayDlg));
+    EXPECT_THAT(host.dialogs.shown, ElementsAre(CTBDisplayDlg::kName));
+    EXPECT_THAT(Kinds(*view), SizeIs(count));
+    EXPECT_EQ(30, Kinds(*view).front());
+    EXPECT_EQ(1, Kinds(*view).back());
+}
+
+TEST_F(TBPreViewTest, KeepsItsTablesWhenTheChoiceIsCancelledOrUnchanged) {
+    velda::HeadlessHost host;
+    const velda::UseHost use(host);
+    const auto view = Open(86);
+    const std::vector<int> before = Kinds(*view);
+    host.dialogs.users.push_back([](velda::ModalDialog& dialog) {
+        for (auto& item : dynamic_cast<CTBDisplayDlg&>(dialog).Page().Items()) item.isShown = false;
+        return false;
+    });
+    host.dialogs.users.push_back([](velda::ModalDialog&) { return true; });
+    view->OnTableDisplayDlg();
+    EXPECT_EQ(Kinds(*view), before);
+    view->OnTableDisplayDlg();
+    EXPECT_EQ(Kinds(*view), before);
+    EXPECT_FALSE(Open(85)->OnCommand(CTBPreView::kOnTableDisplayDlg)) << "the tables of a node cannot be chosen";
 }
 
 // ---- hinges

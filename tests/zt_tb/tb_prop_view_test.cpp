@@ -42,7 +42,7 @@ TEST_F(TBPropViewTest, ListsItsTablesInTheOrderOfTheirKinds) {
 
 TEST_F(TBPropViewTest, ShowsATabForEachTableWithTheAskedOneInFront) {
     CTBPropView view;
-    ASSERT_TRUE(view.SetTable(CTBPropView::kThickness));
+    ASSERT_TRUE(view.OpenProperties(CTBPropView::kThickness));
     EXPECT_EQ(static_cast<int>(CTBPropView::Tables().size()), view.GetTabCount());
     EXPECT_EQ("Thickness", view.GetTabLabel(view.GetCurrentTab()));
     EXPECT_EQ("Properties", view.GetTitle());
@@ -63,7 +63,7 @@ TEST_F(TBPropViewTest, ShowsAllTabsWhicheverKindIsAskedFor) {
                                                             {CTBPropView::kThickness, "Thickness"}};
     for (const auto& [kind, title] : kinds) {
         CTBPropView view;
-        ASSERT_TRUE(view.SetTable(kind));
+        ASSERT_TRUE(view.OpenProperties(kind));
         EXPECT_EQ(view.GetTabCount(), 3);
         EXPECT_EQ(view.GetTabLabel(view.GetCurrentTab()), title);
         std::vector<velda::CTBGrid*> grids;
@@ -87,7 +87,7 @@ TEST_F(TBPropViewTest, WaitsForAModel) {
     view.OnInitialUpdate();
     EXPECT_EQ(view.GetTabCount(), 0) << "no kind is known";
     CDBDoc::m_pDBDoc = nullptr;
-    EXPECT_FALSE(view.SetTable(CTBPropView::kThickness));
+    EXPECT_FALSE(view.OpenProperties(CTBPropView::kThickness));
     doc_->MakeCurrent();
     view.OnInitialUpdate();
     EXPECT_EQ(view.GetTabCount(), 3);
@@ -98,7 +98,7 @@ TEST_F(TBPropViewTest, WaitsForAModel) {
 TEST_F(TBPropViewTest, MakesNothingForAKindWithoutATable) {
     for (const int kind : {-1, 0, 4}) {
         CTBPropView view;
-        EXPECT_FALSE(view.SetTable(kind)) << kind;
+        EXPECT_FALSE(view.OpenProperties(kind)) << kind;
         EXPECT_EQ(0, view.GetTabCount());
         EXPECT_EQ(nullptr, view.GetActiveGrid());
     }
@@ -106,7 +106,7 @@ TEST_F(TBPropViewTest, MakesNothingForAKindWithoutATable) {
 
 TEST_F(TBPropViewTest, FollowsTheDocumentUntilItIsClosed) {
     auto view = std::make_unique<CTBPropView>();
-    ASSERT_TRUE(view->SetTable(CTBPropView::kThickness));
+    ASSERT_TRUE(view->OpenProperties(CTBPropView::kThickness));
     Add(5, "W180");
     EXPECT_THAT(TableOf(*view).ShownKeys(), ElementsAre(3, 5, 7));
     view.reset();
@@ -120,13 +120,22 @@ TEST_F(TBPropViewTest, ShowsTheRecordsUnderTheKeysOfSelectedNodes) {
     Add(5, "W180");
     CTBCommonWnd::GetDB()->GetViewCtrl()->SelectPont(nullptr, keys);
     CTBPropView view;
-    ASSERT_TRUE(view.SetTable(CTBPropView::kThickness));
+    ASSERT_TRUE(view.OpenProperties(CTBPropView::kThickness));
     EXPECT_THAT(TableOf(view).ShownKeys(), ElementsAre(3, 7));
+}
+
+TEST_F(TBPropViewTest, ShowsNoRecordWithoutASelectionUnlessAllAreAskedFor) {
+    CTBPropView view;
+    ASSERT_TRUE(view.SetTable(CTBPropView::kThickness));
+    EXPECT_THAT(TableOf(view).ShownKeys(), ElementsAre());
+    CTBPropView all;
+    ASSERT_TRUE(all.OpenProperties(CTBPropView::kThickness));
+    EXPECT_THAT(TableOf(all).ShownKeys(), ElementsAre(3, 7));
 }
 
 TEST_F(TBPropViewTest, IsDrawnOnceAsItOpens) {
     CTBPropView view;
-    ASSERT_TRUE(view.SetTable(CTBPropView::kThickness));
+    ASSERT_TRUE(view.OpenProperties(CTBPropView::kThickness));
     EXPECT_EQ(1u, TableOf(view).RedrawCount());
     EXPECT_FALSE(TableOf(view).IsUpdateLocked());
 }
@@ -134,13 +143,13 @@ TEST_F(TBPropViewTest, IsDrawnOnceAsItOpens) {
 TEST_F(TBPropViewTest, OpensLockedWhileResultsAreCurrent) {
     doc_->SetExcuted(1);
     CTBPropView view;
-    ASSERT_TRUE(view.SetTable(CTBPropView::kThickness));
+    ASSERT_TRUE(view.OpenProperties(CTBPropView::kThickness));
     EXPECT_TRUE(TableOf(view).IsEditModeLocked());
 }
 
 TEST_F(TBPropViewTest, ShowsKeyZeroAsAnEmptyText) {
     CTBPropView view;
-    ASSERT_TRUE(view.SetTable(CTBPropView::kThickness));
+    ASSERT_TRUE(view.OpenProperties(CTBPropView::kThickness));
     T_THIK_D record;
     record.name = "W1";
     record.thickness = 1.0 / 3.0;

@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 
+#include "desktop/grid/alignment.h"
 #include "desktop/grid/grid_painter.h"
 #include "desktop/grid/qt_text.h"
 
@@ -38,7 +39,7 @@ void CellEditor::Follow(const velda::CTBBrowserWnd& browser, const QRect& place,
         cell_ = session.Cell();
         known_ = session.EditorText();
         setMaxLength(style.GetMaxLength() > 0 ? style.GetMaxLength() : kNoLimit);
-        setAlignment((GridPainter::AlignmentOf(style) & Qt::AlignHorizontal_Mask) | Qt::AlignVCenter);
+        setAlignment((AlignmentOf(style) & Qt::AlignHorizontal_Mask) | Qt::AlignVCenter);
         // What was typed stands as it was typed; the key of a listed name stands as the name.
         const bool typed = session.State() == velda::EditState::Replacing;
         SetSilently(ToQt(typed ? known_ : std::string(style.GetChoices().ShownText(known_))));

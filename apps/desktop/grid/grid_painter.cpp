@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "desktop/grid/alignment.h"
 #include "desktop/grid/qt_text.h"
 #include "velda_util/style/display_text.h"
 
@@ -37,21 +38,6 @@ QFont GridPainter::CellFont(const QFont& base, const velda::CGXStyle& style, dou
     font.setPointSizeF(style.GetFontSize() * zoom);
     font.setBold(style.GetBold());
     return font;
-}
-
-Qt::Alignment GridPainter::AlignmentOf(const velda::CGXStyle& style) {
-    Qt::Alignment alignment;
-    switch (style.GetHorizontalAlignment()) {
-        case velda::HorizontalAlignment::Left: alignment = Qt::AlignLeft; break;
-        case velda::HorizontalAlignment::Center: alignment = Qt::AlignHCenter; break;
-        case velda::HorizontalAlignment::Right: alignment = Qt::AlignRight; break;
-    }
-    switch (style.GetVerticalAlignment()) {
-        case velda::VerticalAlignment::Top: return alignment | Qt::AlignTop;
-        case velda::VerticalAlignment::Center: return alignment | Qt::AlignVCenter;
-        case velda::VerticalAlignment::Bottom: return alignment | Qt::AlignBottom;
-    }
-    return alignment;
 }
 
 QRect GridPainter::BoxRect(const QRect& cell, const velda::CGXStyle& style, double zoom) {
@@ -388,7 +374,7 @@ void GridPainter::PaintRowHeader() {
         const velda::RowId id = grid_.RowIdAt(row.number);
         const bool appends = grid_.HasAppendRow() && row.number == grid_.RowCount();
         const QString text = appends ? QStringLiteral("*") : QString::number(row.number);
-        PaintLine(text, WidthOf(text), rect.adjusted(0, 0, -pad - 1, -1), Qt::AlignRight | Qt::AlignVCenter);
+        PaintLine(text, WidthOf(text), rect.adjusted(0, 1, -pad - 1, -2), Qt::AlignRight | Qt::AlignVCenter);
         if (open != velda::kNoRow && id == open) PaintPencil(rect);
         if (FindingOf(id, velda::kNoColumn)) PaintCorner(rect);
     }

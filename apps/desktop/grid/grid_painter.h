@@ -31,7 +31,6 @@ public:
     static QRect BoxRect(const QRect& cell, const velda::CGXStyle& style, double zoom);
     static QRect ArrowRect(const QRect& cell, double zoom);
     static QFont CellFont(const QFont& base, const velda::CGXStyle& style, double zoom);
-    static Qt::Alignment AlignmentOf(const velda::CGXStyle& style);
     static int Padding(double zoom) { return GridGeometry::Scaled(4, zoom); }
 
 private:

@@ -287,6 +287,8 @@ bool GridWidget::HandleKey(const QKeyEvent& event) {
     const auto command = browser_->CommandOf(*chord);
     if (!command) return false;
     const velda::PositionRange before = LastRange(*grid_);
+    // What was told of a text that is dropped no longer holds.
+    if (*command == velda::TableCommand::Cancel) emit Told({});
     if (*command == velda::TableCommand::Find) {
         emit FindRequested();
     } else {

@@ -6,9 +6,11 @@
 #include <QFormLayout>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSpinBox>
+#include <QTabWidget>
 #include <QTableWidget>
 
 #include "desktop/grid/grid_colors.h"
@@ -202,6 +204,27 @@ std::unique_ptr<BlockDialog> MakeStyleDialog(velda::CTBStyleDlg& block, QWidget*
             item.columnWidth = value(row, 1);
         }
     });
+    return dialog;
+}
+
+// ---- shown tables ----
+
+std::unique_ptr<BlockDialog> MakeDisplayDialog(CTBDisplayDlg& block, QWidget* parent) {
+    auto dialog = std::make_unique<BlockDialog>(block, "IDS_TB_PREVIEW_DISPLAY_TABLES", parent);
+    auto* list = new QListWidget;
+    for (const auto& item : block.Page().Items()) {
+        auto* line = new QListWidgetItem(ToQt(item.name), list);
+        line->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
+        line->setCheckState(item.isShown ? Qt::Checked : Qt::Unchecked);
+    }
+    auto* pages = new QTabWidget;
+    pages->addTab(list, ToQt(block.Page().GetTitle()));
+    dialog->Controls().addWidget(pages);
+    dialog->OnStore([list, &block] {
+        int row = 0;
+        for (auto& item : block.Page().Items()) item.isShown = list->item(row++)->checkState() == Qt::Checked;
+    });
+    dialog->resize(340, 460);
     return dialog;
 }
 

@@ -9,6 +9,7 @@
 #include "velda_base/host/modal_dialog.h"
 #include "velda_util/grid/table_dialogs.h"
 #include "zt_tb/core/tb_find_dlg.h"
+#include "zt_tb/model/tb_display_dlg.h"
 
 namespace zt {
 
@@ -37,5 +38,6 @@ std::unique_ptr<BlockDialog> MakeFindDialog(CTBFindDlg& block, QWidget* parent);
 std::unique_ptr<BlockDialog> MakeSortDialog(velda::CTBSortDlg& block, QWidget* parent);
 std::unique_ptr<BlockDialog> MakeColorDialog(velda::CTBColorDlg& block, QWidget* parent);
 std::unique_ptr<BlockDialog> MakeStyleDialog(velda::CTBStyleDlg& block, QWidget* parent);
+std::unique_ptr<BlockDialog> MakeDisplayDialog(CTBDisplayDlg& block, QWidget* parent);
 
 }  // namespace zt

@@ -17,10 +17,9 @@ std::unique_ptr<BlockDialog> MakeFor(velda::ModalDialog& dialog) {
 
 using Maker = std::unique_ptr<BlockDialog> (*)(velda::ModalDialog& dialog);
 constexpr Maker kMakers[] = {
-    &MakeFor<CTBFindDlg, &MakeFindDialog>,
-    &MakeFor<velda::CTBSortDlg, &MakeSortDialog>,
-    &MakeFor<velda::CTBColorDlg, &MakeColorDialog>,
-    &MakeFor<velda::CTBStyleDlg, &MakeStyleDialog>,
+    &MakeFor<CTBFindDlg, &MakeFindDialog>,          &MakeFor<velda::CTBSortDlg, &MakeSortDialog>,
+    &MakeFor<velda::CTBColorDlg, &MakeColorDialog>, &MakeFor<velda::CTBStyleDlg, &MakeStyleDialog>,
+    &MakeFor<CTBDisplayDlg, &MakeDisplayDialog>,
 };
 
 }  // namespace

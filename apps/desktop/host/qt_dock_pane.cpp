@@ -1,5 +1,6 @@
 #include "desktop/host/qt_dock_pane.h"
 
+#include <QCloseEvent>
 #include <QResizeEvent>
 #include <QSettings>
 
@@ -10,6 +11,7 @@ namespace {
 class PaneContent final : public QWidget {
 public:
     explicit PaneContent(velda::CDockViewBase& pane) : pane_(pane) {}
+    QSize sizeHint() const override { return {420, 300}; }
 
 protected:
     void resizeEvent(QResizeEvent* event) override {
@@ -21,10 +23,29 @@ private:
     velda::CDockViewBase& pane_;
 };
 
+/// The dock widget of a pane. The pane ends when the user closes it.
+class PaneDock final : public QDockWidget {
+public:
+    PaneDock(const QString& title, QWidget* parent, velda::CDockViewBase& pane, const std::function<bool()>& mayClose)
+        : QDockWidget(title, parent), pane_(pane), mayClose_(mayClose) {}
+
+protected:
+    void closeEvent(QCloseEvent* event) override {
+        event->ignore();
+        if (mayClose_ && !mayClose_()) return;
+        QDockWidget::closeEvent(event);
+        pane_.CloseDockViewImpl();
+    }
+
+private:
+    velda::CDockViewBase& pane_;
+    const std::function<bool()>& mayClose_;
+};
+
 }  // namespace
 
 QtDockPane::QtDockPane(QMainWindow& window, velda::CDockViewBase& pane, const QString& name, const QString& title)
-    : WidgetWindow(new PaneContent(pane)), pane_(pane), dock_(new QDockWidget(title, &window)) {
+    : WidgetWindow(new PaneContent(pane)), pane_(pane), dock_(new PaneDock(title, &window, pane, mayClose)) {
     dock_->setObjectName(name);
     dock_->setWidget(Widget());
     const auto area = QSettings().value(Setting(), Qt::RightDockWidgetArea).toInt();

@@ -2,7 +2,7 @@
 
 #include <QDockWidget>
 #include <QMainWindow>
-#include <memory>
+#include <functional>
 
 #include "desktop/host/widget_window.h"
 #include "velda_base/host/dock_view_base.h"
@@ -22,6 +22,10 @@ public:
     bool IsVisible() const override { return IsOpen() && !dock_->isHidden(); }
     void Show(bool visible) override;
     void StoreState() override;
+    void SetTitle(const QString& title) { dock_->setWindowTitle(title); }
+
+    /// Whether the user may close the pane now; he may when nothing is set.
+    std::function<bool()> mayClose;
 
 private:
     QString Setting() const;

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <algorithm>
 
+#include "desktop/grid/alignment.h"
 #include "desktop/grid/grid_colors.h"
 #include "desktop/grid/grid_painter.h"
 #include "desktop/grid/qt_text.h"
@@ -145,7 +146,7 @@ void PagePainter::PaintBox(const QRectF& box, bool checked) {
 void PagePainter::PaintText(const QString& text, const QRectF& rect, const velda::CGXStyle& style) {
     if (text.isEmpty()) return;
     UseFont(style.GetBold());
-    const auto alignment = static_cast<int>(GridPainter::AlignmentOf(style));
+    const auto alignment = static_cast<int>(AlignmentOf(style));
     painter_.save();
     painter_.setClipRect(rect, Qt::IntersectClip);
     if (style.GetWrapText() || text.contains(QLatin1Char('\n'))) {

@@ -1,11 +1,11 @@
 #include "desktop/print/pdf_file.h"
 
-#include <algorithm>
+#include <QApplication>
+#include <memory>
 
 #include "desktop/grid/qt_text.h"
 #include "desktop/print/qt_printer.h"
 #include "velda_base/host/headless_host.h"
-#include "zt_tb/model/tb_prop_view.h"
 
 namespace zt {
 namespace {
@@ -20,24 +20,26 @@ private:
     QtPrinter& printer_;
 };
 
+/// The toolkit finds its fonts through an application: one without a display, unless the program has its own.
+std::unique_ptr<QApplication> ApplicationForFonts() {
+    if (QCoreApplication::instance()) return nullptr;
+    static int count = 1;
+    static char name[] = "print";
+    static char* arguments[] = {name, nullptr};
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    return std::make_unique<QApplication>(count, arguments);
+}
+
 }  // namespace
 
-velda::Outcome WritePdf(CDBDoc& doc, const std::string& table, const QString& path) {
-    const auto tables = CTBPropView::Tables();
-    const auto found = std::find_if(tables.begin(), tables.end(),
-                                    [&](const auto& entry) { return entry.make && entry.mnemonic == table; });
-    if (found == tables.end()) return velda::Outcome::Refused("there is no table " + table);
-    doc.MakeCurrent();
-    CTBPropView view;
+velda::Outcome WritePdf(CTBView& view, const std::string& path) {
+    const auto application = ApplicationForFonts();
     QtPrinter printer([&view] { return view.GetActiveGrid(); });
-    printer.PrintToFile(path);
+    printer.PrintToFile(ToQt(path));
     FileHost host(printer);
     const velda::UseHost use(host);
-    view.SetTable(found->kind);
-    const bool done = view.Print(false) && printer.IsDone();
-    view.OnDestroy();
-    if (done) return velda::Outcome::Done();
-    return velda::Outcome::Refused(velda::FormatText("IDS_DESKTOP_PRINT_FAILED", {FromQt(path)}));
+    if (view.Print(false) && printer.IsDone()) return velda::Outcome::Done();
+    return velda::Outcome::Refused(velda::FormatText("IDS_DESKTOP_PRINT_FAILED", {path}));
 }
 
 }  // namespace zt

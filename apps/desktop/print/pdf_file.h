@@ -1,14 +1,13 @@
 #pragma once
 
-#include <QString>
 #include <string>
 
 #include "velda_lib/outcome.h"
-#include "zt_db/doc/doc.h"
+#include "zt_tb/core/tb_view.h"
 
 namespace zt {
 
-/// Prints a table of the property view, named by its mnemonic, into a PDF file. Makes the model the current one.
-velda::Outcome WritePdf(CDBDoc& doc, const std::string& table, const QString& path);
+/// Prints the table in front of a view into a PDF file. Works in a program without windows and without a display too.
+velda::Outcome WritePdf(CTBView& view, const std::string& path);
 
 }  // namespace zt

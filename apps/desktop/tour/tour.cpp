@@ -12,6 +12,7 @@
 
 #include "desktop/graph/qt_graph_view.h"
 #include "desktop/grid/qt_text.h"
+#include "desktop/host/qt_host.h"
 #include "desktop/print/page_painter.h"
 #include "desktop/print/qt_printer.h"
 #include "desktop/window/main_window.h"
@@ -21,8 +22,9 @@
 #include "velda_util/pref/table_registry.h"
 #include "zt_db/records/thik.h"
 #include "zt_db/sample/sample_building.h"
-#include "zt_tb/core/tb_find_dlg.h"
 #include "zt_tb/core/tb_print_preview.h"
+#include "zt_tb/model/tb_display_dlg.h"
+#include "zt_tb/model/tb_pre_view.h"
 #include "zt_tb/model/tb_prop_view.h"
 
 namespace zt {
@@ -141,10 +143,22 @@ void TourEditing(Album& album) {
     stage.Table().ExtendSelection({7, kThickness});
     stage.Grid().Refresh();
     album.Add("selection", *stage.window);
-    AddDialog(album, "find", [&] {
-        CTBFindDlg dialog(stage.Table());
+    for (const auto& [name, command] : {std::pair("find", CommandId::EditFind), std::pair("sort", CommandId::Sort),
+                                        std::pair("style", CommandId::Style), std::pair("colors", CommandId::Color)}) {
+        AddDialog(album, name, [&] { stage.window->ActiveHolder()->View()->OnCommand(command); });
+    }
+    AddDialog(album, "displayed-tables", [] {
+        CTBDisplayDlg dialog({});
         velda::DoModal(dialog);
     });
+    stage.window->ToggleFilter();
+    stage.window->OpenFind();
+    album.Add("filter-and-find", *stage.window);
+    stage.window->ToggleFilter();
+    stage.window->OpenPane(kTablePont);
+    stage.window->OpenTable({false, kTableMemb});
+    stage.window->Split();
+    album.Add("split-and-docked", *stage.window);
 }
 
 void TourSizes(Album& album) {
@@ -171,7 +185,7 @@ void TourSizes(Album& album) {
 /// The table of a view of its own, which paper and graphs need.
 class PropertyTable {
 public:
-    PropertyTable() { view.SetTable(CTBPropView::kThickness); }
+    PropertyTable() { view.OpenProperties(CTBPropView::kThickness); }
     ~PropertyTable() { view.OnDestroy(); }
     CTBPropView view;
 };
@@ -232,6 +246,9 @@ void TourPaperAndGraphs(Album& album) {
 
 bool TakeTour(QApplication& application, const QString& folder) {
     if (!QDir().mkpath(folder)) return false;
+    QtHost host;
+    const velda::UseHost use(host);
+    CTBPreView::RegisterWithPanes();
     // The tour neither reads nor changes what the user has set.
     const QTemporaryDir preferences;
     velda::TableRegistry::OfProcess().UseFile(velda::PreferenceFile(FromQt(preferences.filePath("preferences"))));

@@ -48,7 +48,8 @@ constexpr WindowCommand kCommands[] = {
     {"zoom-in", M::View, "IDS_DESKTOP_ZOOM_IN", "Ctrl++", "", kNoBar, kGoOn, &W::ZoomIn, &W::HasTable},
     {"zoom-out", M::View, "IDS_DESKTOP_ZOOM_OUT", "Ctrl+-", "", kNoBar, kGoOn, &W::ZoomOut, &W::HasTable},
     {"zoom-reset", M::View, "IDS_DESKTOP_ZOOM_RESET", "Ctrl+0", "", kNoBar, kEnd, &W::ZoomReset, &W::HasTable},
-    {"split", M::View, "IDS_DESKTOP_SPLIT", "Ctrl+\\", "split", kBar, kEnd, &W::Split, &W::CanSplit},
+    {"split", M::View, "IDS_DESKTOP_SPLIT", "Ctrl+\\", "split", kBar, kGoOn, &W::Split, &W::CanSplit},
+    {"dock", M::View, "IDS_DESKTOP_DOCK", "Ctrl+Shift+D", "", kNoBar, kEnd, &W::Dock, &W::CanDock},
 
     {"properties", M::Table, "IDS_DESKTOP_PROPERTIES", "Ctrl+Shift+P", "table", kBar, kEnd, &W::OpenProperties,
      &W::Always},

@@ -8,6 +8,9 @@
 
 namespace zt {
 
+/// Filter texts of the tables of a view, in the order of its tabs, by column.
+using ColumnFilters = std::vector<std::map<velda::ColumnId, std::string>>;
+
 /// A line of edits above a table, one over each shown column, that filter the table. It scrolls with the columns.
 class FilterRow : public QWidget {
     Q_OBJECT

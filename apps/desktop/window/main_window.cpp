@@ -14,6 +14,13 @@
 #include "zt_tb/model/tb_prop_view.h"
 
 namespace zt {
+namespace {
+
+// Where the user's place of the window and of its panes is kept.
+const QString kGeometry = QStringLiteral("window/geometry");
+const QString kPanes = QStringLiteral("window/panes");
+
+}  // namespace
 
 MainWindow::MainWindow(std::unique_ptr<CDBDoc> doc)
     : doc_(std::move(doc)),
@@ -25,6 +32,7 @@ MainWindow::MainWindow(std::unique_ptr<CDBDoc> doc)
     BuildLists();
     watcher_.ConnectToDoc(doc_.get());
     ShowTexts();
+    ReadGeometry();
     OpenProperties();
     Follow();
     ShowMessage(Word("IDS_DESKTOP_READY"));
@@ -42,9 +50,11 @@ MainWindow::~MainWindow() {
 
 // ---- what is shown ----
 
+TableHolder* MainWindow::ActiveHolder() const { return usedPane_ ? usedPane_ : area_->Active(); }
+
 GridWidget* MainWindow::ActiveGrid() const {
-    const TableDocument* document = area_->Active();
-    return document ? &document->Grid() : nullptr;
+    const TableHolder* holder = ActiveHolder();
+    return holder ? &holder->Grid() : nullptr;
 }
 
 bool MainWindow::HasTable() const { return ActiveGrid() && ActiveGrid()->Grid(); }
@@ -84,6 +94,18 @@ void MainWindow::changeEvent(QEvent* event) {
     if (event->type() == QEvent::PaletteChange && !actions_.empty()) ShowIcons();
 }
 
+void MainWindow::ReadGeometry() {
+    const QSettings settings;
+    restoreGeometry(settings.value(kGeometry).toByteArray());
+    restoreState(settings.value(kPanes).toByteArray());
+}
+
+void MainWindow::KeepGeometry() const {
+    QSettings settings;
+    settings.setValue(kGeometry, saveGeometry());
+    settings.setValue(kPanes, saveState());
+}
+
 // ---- tables ----
 
 void MainWindow::OpenTable(TableId id) {
@@ -95,15 +117,84 @@ void MainWindow::OpenTable(TableId id) {
     }
     const velda::WaitCursor wait;
     auto* document = new TableDocument(id);
-    connect(&document->Grid(), &GridWidget::Warned, this, &MainWindow::ShowMessage);
-    connect(&document->Grid(), &GridWidget::Told, this, &MainWindow::ShowMessage);
-    connect(&document->Grid(), &GridWidget::FindRequested, this, &MainWindow::OpenFind);
-    connect(&document->Grid(), &GridWidget::Refreshed, this, &MainWindow::FollowLater);
-    connect(document, &TableHolder::TableChanged, this, [this] {
+    Connect(*document);
+    usedPane_ = nullptr;
+    area_->Add(document);
+}
+
+void MainWindow::Connect(TableHolder& holder) {
+    connect(&holder.Grid(), &GridWidget::Warned, this, &MainWindow::ShowMessage);
+    connect(&holder.Grid(), &GridWidget::Told, this, &MainWindow::ShowMessage);
+    connect(&holder.Grid(), &GridWidget::FindRequested, this, &MainWindow::OpenFind);
+    connect(&holder.Grid(), &GridWidget::Refreshed, this, &MainWindow::FollowLater);
+    connect(&holder, &TableHolder::TableChanged, this, [this] {
         findBar_->SetTable(ActiveGrid());
         FollowLater();
     });
-    area_->Add(document);
+}
+
+// ---- docked panes ----
+
+DockedTable* MainWindow::PaneOf(int kind) const {
+    const auto found =
+        std::find_if(panes_.begin(), panes_.end(), [&](const auto& pane) { return pane->GetTableKind() == kind; });
+    return found == panes_.end() ? nullptr : found->get();
+}
+
+void MainWindow::OpenPane(int kind) {
+    const velda::WaitCursor wait;
+    DockedTable* pane = PaneOf(kind);
+    if (!pane) {
+        pane = panes_.emplace_back(std::make_unique<DockedTable>(*this, kind)).get();
+        pane->onOpened = [this](TableHolder& holder) { Connect(holder); };
+        pane->onClosing = [this, pane] {
+            KeepLayout(*pane->GetCurrentView());
+            if (usedPane_ == pane->Holder()) usedPane_ = nullptr;
+            findBar_->SetTable(nullptr);
+            FollowLater();
+        };
+    }
+    if (!pane->Open()) return;
+    pane->Pane().Dock().raise();
+    BringToFront(*pane->Holder());
+}
+
+void MainWindow::Dock() {
+    TableDocument* document = area_->Active();
+    const int kind = document->Id().kind;
+    if (CloseDocument(document)) OpenPane(kind);
+}
+
+std::vector<TableHolder*> MainWindow::Holders() const {
+    const std::vector<TableDocument*> documents = area_->Documents();
+    std::vector<TableHolder*> holders(documents.begin(), documents.end());
+    for (const auto& pane : panes_) {
+        if (pane->IsOpen()) holders.push_back(pane->Holder());
+    }
+    return holders;
+}
+
+void MainWindow::BringToFront(TableHolder& holder) {
+    if (auto* document = qobject_cast<TableDocument*>(&holder)) {
+        area_->BringToFront(*document);
+    } else {
+        usedPane_ = &holder;
+        holder.setFocus();
+        findBar_->SetTable(ActiveGrid());
+        FollowLater();
+    }
+}
+
+void MainWindow::FocusMoved(const QWidget* to) {
+    if (!to) return;
+    TableHolder* used = area_->isAncestorOf(to) ? nullptr : usedPane_.data();
+    for (const auto& pane : panes_) {
+        if (pane->IsOpen() && pane->Holder()->isAncestorOf(to)) used = pane->Holder();
+    }
+    if (used == usedPane_) return;
+    usedPane_ = used;
+    findBar_->SetTable(ActiveGrid());
+    FollowLater();
 }
 
 void MainWindow::OpenProperties() {
@@ -119,45 +210,54 @@ bool MainWindow::CloseDocument(TableDocument* document) {
         area_->BringToFront(*document);
         return false;
     }
-    std::vector<velda::CTBGrid*> grids;
-    document->View()->GetAllGrid(grids);
-    for (velda::CTBGrid* grid : grids) {
-        if (const velda::Outcome kept = grid->SaveLayout(); !kept) ShowMessage(ToQt(kept.Reason()));
-    }
+    KeepLayout(*document->View());
     findBar_->SetTable(nullptr);
     area_->Remove(document);
     return true;
 }
 
+void MainWindow::KeepLayout(CTBView& view) {
+    std::vector<velda::CTBGrid*> grids;
+    view.GetAllGrid(grids);
+    for (velda::CTBGrid* grid : grids) {
+        if (const velda::Outcome kept = grid->SaveLayout(); !kept) ShowMessage(ToQt(kept.Reason()));
+    }
+}
+
 void MainWindow::CloseDocuments() {
+    panes_.clear();
     for (TableDocument* document : area_->Documents()) area_->Remove(document);
 }
 
 void MainWindow::CloseTable() {
-    if (TableDocument* document = area_->Active()) CloseDocument(document);
+    TableHolder* holder = ActiveHolder();
+    for (const auto& pane : panes_) {
+        if (holder && pane->Holder() == holder) pane->Pane().Dock().close();
+    }
+    if (auto* document = qobject_cast<TableDocument*>(holder)) CloseDocument(document);
 }
 
 bool MainWindow::LeaveRows() {
-    for (TableDocument* document : area_->Documents()) {
-        const bool left = LeaveOrDropRows(*document->View());
-        document->Grid().Refresh();
+    for (TableHolder* holder : Holders()) {
+        const bool left = LeaveOrDropRows(*holder->View());
+        holder->Grid().Refresh();
         if (left) continue;
-        area_->BringToFront(*document);
+        BringToFront(*holder);
         return false;
     }
     return true;
 }
 
 void MainWindow::RunOnView(int id) {
-    TableDocument* document = area_->Active();
-    if (!document) return;
-    document->View()->OnCommand(id);
-    document->Grid().Refresh();
+    TableHolder* holder = ActiveHolder();
+    if (!holder) return;
+    holder->View()->OnCommand(id);
+    holder->Grid().Refresh();
 }
 
 bool MainWindow::CanRunOnView(int id) const {
-    const TableDocument* document = area_->Active();
-    return document && document->View()->IsCommandEnabled(id);
+    const TableHolder* holder = ActiveHolder();
+    return holder && holder->View()->IsCommandEnabled(id);
 }
 
 // ---- edit and look ----
@@ -176,9 +276,9 @@ void MainWindow::OpenFind() {
 }
 
 void MainWindow::ToggleFilter() {
-    TableDocument* document = area_->Active();
-    if (!document) return;
-    FilterRow& filters = document->Filters();
+    TableHolder* holder = ActiveHolder();
+    if (!holder) return;
+    FilterRow& filters = holder->Filters();
     if (!filters.isHidden()) filters.Clear();
     filters.setVisible(filters.isHidden());
 }
@@ -195,6 +295,7 @@ bool MainWindow::UseLanguage(velda::Language language) {
     if (!LeaveRows()) return false;
     velda::SetCurrentLanguage(language);
     for (TableDocument* document : area_->Documents()) document->Reopen();
+    for (const auto& pane : panes_) pane->Reopen();
     ShowTexts();
     ShowMessage(Word("IDS_DESKTOP_READY"));
     return true;
@@ -213,7 +314,9 @@ void MainWindow::UseThemeOf(Theme theme) {
 void MainWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
     if (!LeaveRows() || !MayDropModel()) return;
+    KeepGeometry();
     for (TableDocument* document : area_->Documents()) CloseDocument(document);
+    panes_.clear();
     event->accept();
 }
 

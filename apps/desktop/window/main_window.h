@@ -9,6 +9,7 @@
 
 #include "desktop/host/qt_main_frame.h"
 #include "desktop/window/command_table.h"
+#include "desktop/window/docked_table.h"
 #include "desktop/window/document_area.h"
 #include "desktop/window/find_bar.h"
 #include "desktop/window/status_fields.h"
@@ -26,8 +27,13 @@ public:
     ~MainWindow() override;
 
     CDBDoc& Document() { return *doc_; }
-    /// The table on the active tab; null when there is none.
+    /// What the commands work on: the docked pane that was used last, or the document in front; null when there is
+    /// neither.
+    TableHolder* ActiveHolder() const;
+    /// The table of the active holder; null when there is none.
     GridWidget* ActiveGrid() const;
+    /// The pane of a kind of table; null when it was never opened.
+    DockedTable* PaneOf(int kind) const;
     DocumentArea& Area() { return *area_; }
     TableTree& Tree() { return *tree_; }
     FindBar& Finder() { return *findBar_; }
@@ -40,6 +46,8 @@ public:
 
     /// Opens a table, or brings it to the front where it is open.
     void OpenTable(TableId id);
+    /// Opens a kind of model table in a docked pane, or brings its pane to the front.
+    void OpenPane(int kind);
     /// Switches the language of all that is shown. False when an open row stays open.
     bool UseLanguage(velda::Language language);
     bool UseUnits(const T_UNIT_INDEX& index);
@@ -72,6 +80,8 @@ public:
     void ZoomOut() { ZoomBy(-kZoomStep); }
     void ZoomReset();
     void Split() { area_->MoveToOtherGroup(); }
+    /// Moves the document in front into a docked pane.
+    void Dock();
     void OpenProperties();
     void ToggleFilter();
     template <int id>
@@ -81,6 +91,7 @@ public:
 
     bool Always() const { return true; }
     bool HasDocument() const { return area_->Active() != nullptr; }
+    bool CanDock() const { return HasDocument() && !area_->Active()->Id().property; }
     bool HasTable() const;
     bool CanUndo() const { return !Database().GetUndoNames().empty(); }
     bool CanRedo() const { return !Database().GetRedoNames().empty(); }
@@ -123,6 +134,16 @@ private:
     bool CanRunOnView(int id) const;
     void ZoomBy(double step);
     void Step(int (CDataBase::*step)(int), int count);
+    /// Follows what happens in the table of a document or a pane.
+    void Connect(TableHolder& holder);
+    /// The views of all documents and panes.
+    std::vector<TableHolder*> Holders() const;
+    void BringToFront(TableHolder& holder);
+    /// Keeps the columns of the tables of a view; a failure is told.
+    void KeepLayout(CTBView& view);
+    void FocusMoved(const QWidget* to);
+    void ReadGeometry();
+    void KeepGeometry() const;
     bool CloseDocument(TableDocument* document);
     void CloseDocuments();
     bool LeaveRows();
@@ -130,13 +151,15 @@ private:
     bool MayDropModel();
     void UseModel(std::unique_ptr<CDBDoc> doc);
     bool SaveTo(const QString& path);
-    void ExportTo(const std::vector<TableDocument*>& documents, bool allTabs);
+    void ExportTo(const std::vector<TableHolder*>& holders, bool allTabs);
 
     std::unique_ptr<CDBDoc> doc_;
     std::uint64_t savedCount_ = 0;  ///< transactions when the model was last in a file or new
     Watcher watcher_{*this};
     QtMainFrame frame_;
     DocumentArea* area_ = nullptr;
+    std::vector<std::unique_ptr<DockedTable>> panes_;
+    QPointer<TableHolder> usedPane_;  ///< the docked pane that has the focus, or had it last
     TableTree* tree_ = nullptr;
     QDockWidget* treePane_ = nullptr;
     FindBar* findBar_ = nullptr;

@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QActionGroup>
+#include <QApplication>
 #include <QDockWidget>
 #include <QFileInfo>
 #include <QMenuBar>
@@ -54,6 +55,9 @@ void MainWindow::BuildWindow() {
     treePane_->setWidget(tree_);
     addDockWidget(Qt::LeftDockWidgetArea, treePane_);
     connect(tree_, &TableTree::TableChosen, this, &MainWindow::OpenTable);
+    connect(tree_, &TableTree::PaneChosen, this, &MainWindow::OpenPane);
+    connect(qApp, &QApplication::focusChanged, this,
+            [this](const QWidget* /*from*/, const QWidget* to) { FocusMoved(to); });
 
     fields_ = new StatusFields(*statusBar());
     connect(fields_, &StatusFields::UnitsChosen, this, &MainWindow::UseUnits);

@@ -101,16 +101,16 @@ void MainWindow::SaveAs() {
 }
 
 void MainWindow::ExportTable() {
-    if (TableDocument* document = area_->Active()) ExportTo({document}, false);
+    if (TableHolder* holder = ActiveHolder()) ExportTo({holder}, false);
 }
 
-void MainWindow::ExportAll() { ExportTo(area_->Documents(), true); }
+void MainWindow::ExportAll() { ExportTo(Holders(), true); }
 
-void MainWindow::ExportTo(const std::vector<TableDocument*>& documents, bool allTabs) {
+void MainWindow::ExportTo(const std::vector<TableHolder*>& holders, bool allTabs) {
     if (!LeaveRows()) return;
     std::vector<TableToExport> tables;
-    for (const TableDocument* document : documents) {
-        const CTBView& view = *document->View();
+    for (const TableHolder* holder : holders) {
+        const CTBView& view = *holder->View();
         for (int tab = 0; tab < view.GetTabCount(); ++tab) {
             auto* grid = dynamic_cast<velda::CTBGrid*>(view.GetTabWnd()->GetPane(tab));
             const bool wanted = allTabs || tab == view.GetCurrentTab();

@@ -9,9 +9,15 @@
 namespace zt {
 namespace {
 
-template <class View>
-std::unique_ptr<CTBView> OpenView(int kind, velda::CWnd& window) {
-    auto view = std::make_unique<View>();
+std::unique_ptr<CTBView> OpenProperties(int kind, velda::CWnd& window) {
+    auto view = std::make_unique<CTBPropView>();
+    view->SetWindow(&window);
+    view->OpenProperties(kind);
+    return view;
+}
+
+std::unique_ptr<CTBView> OpenTables(int kind, velda::CWnd& window) {
+    auto view = std::make_unique<CTBPreView>();
     view->SetWindow(&window);
     view->SetTable(kind, nullptr);
     return view;
@@ -33,7 +39,7 @@ void TableDocument::Frame::Close() {
 TableDocument::TableDocument(TableId id, QWidget* parent) : TableHolder(parent), id_(id) { MakeView(); }
 
 void TableDocument::MakeView() {
-    view_ = id_.property ? OpenView<CTBPropView>(id_.kind, frame_) : OpenView<CTBPreView>(id_.kind, frame_);
+    view_ = id_.property ? OpenProperties(id_.kind, frame_) : OpenTables(id_.kind, frame_);
     SetView(view_.get());
 }
 
@@ -41,9 +47,11 @@ void TableDocument::Reopen() {
     const int tab = view_->GetCurrentTab();
     velda::GridPosition cell;
     const bool hasCell = view_->GetActiveGrid() && view_->GetActiveGrid()->GetCurrentCell(cell.row, cell.column);
+    const ColumnFilters filters = FilterTexts();
     SetView(nullptr);
     view_->OnDestroy();
     MakeView();
+    UseFilters(filters);
     view_->SetCurrentTab(tab);
     if (hasCell && view_->GetActiveGrid()) view_->GetActiveGrid()->SetCurrentCell(cell.row, cell.column);
     Grid().Refresh();

@@ -52,6 +52,32 @@ void TableHolder::SetView(CTBView* view) {
     ShowTable();
 }
 
+ColumnFilters TableHolder::FilterTexts() const {
+    ColumnFilters filters;
+    std::vector<velda::CTBGrid*> grids;
+    if (view_) view_->GetAllGrid(grids);
+    for (const velda::CTBGrid* grid : grids) {
+        const auto* table = dynamic_cast<const velda::CTBBrowserWndEx*>(grid);
+        auto& texts = filters.emplace_back();
+        for (int col = 1; table && col <= table->GetColCount(); ++col) {
+            const velda::ColumnId column = table->ColumnIdAt(col);
+            if (const std::string text = table->FilterTextOf(column); !text.empty()) texts[column] = text;
+        }
+    }
+    return filters;
+}
+
+void TableHolder::UseFilters(const ColumnFilters& filters) {
+    std::vector<velda::CTBGrid*> grids;
+    if (view_) view_->GetAllGrid(grids);
+    for (std::size_t at = 0; at < grids.size() && at < filters.size(); ++at) {
+        auto* table = dynamic_cast<velda::CTBBrowserWndEx*>(grids[at]);
+        for (const auto& [column, text] : filters[at]) {
+            if (table) table->FilterColumn(column, text);
+        }
+    }
+}
+
 void TableHolder::ForgetLostTable() {
     std::vector<velda::CTBGrid*> grids;
     if (view_) view_->GetAllGrid(grids);

@@ -25,6 +25,9 @@ public:
     GridWidget& Grid() const { return *grid_; }
     FilterRow& Filters() const { return *filters_; }
     QTabBar& Tabs() const { return *tabs_; }
+    /// The filters of all tables of the view, to be set again in a view that is made anew.
+    ColumnFilters FilterTexts() const;
+    void UseFilters(const ColumnFilters& filters);
 
     void OnTabsChanged() override;
     void OnTabSwitched(int tab) override;

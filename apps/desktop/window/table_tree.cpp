@@ -1,5 +1,6 @@
 #include "desktop/window/table_tree.h"
 
+#include <QMenu>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -72,6 +73,8 @@ TableTree::TableTree(QWidget* parent) : QWidget(parent), filter_(new QLineEdit),
     connect(filter_, &QLineEdit::textChanged, this, &TableTree::ApplyFilter);
     connect(tree_, &QTreeWidget::itemActivated, this, &TableTree::Choose);
     connect(tree_, &QTreeWidget::itemClicked, this, &TableTree::Choose);
+    tree_->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(tree_, &QWidget::customContextMenuRequested, this, &TableTree::ShowMenu);
     ShowTexts();
 }
 
@@ -151,10 +154,24 @@ QTreeWidgetItem* TableTree::ItemOf(TableId id) const {
     return nullptr;
 }
 
+std::optional<TableId> TableTree::TableOf(const QTreeWidgetItem* item) {
+    // A tool tip says that a table does not exist.
+    if (!item || !item->parent() || !item->toolTip(0).isEmpty()) return std::nullopt;
+    return TableId{item->data(0, kPropertyRole).toBool(), item->data(0, kKindRole).toInt()};
+}
+
 void TableTree::Choose(const QTreeWidgetItem* item) {
-    // A heading is no table, and a tool tip says that a table does not exist.
-    if (!item->parent() || !item->toolTip(0).isEmpty()) return;
-    emit TableChosen({item->data(0, kPropertyRole).toBool(), item->data(0, kKindRole).toInt()});
+    if (const auto table = TableOf(item)) emit TableChosen(*table);
+}
+
+void TableTree::ShowMenu(QPoint point) {
+    const auto table = TableOf(tree_->itemAt(point));
+    if (!table) return;
+    QMenu menu;
+    menu.addAction(Word("IDS_DESKTOP_OPEN_TABLE"), this, [this, table] { emit TableChosen(*table); });
+    QAction* dock = menu.addAction(Word("IDS_DESKTOP_DOCK"), this, [this, table] { emit PaneChosen(table->kind); });
+    dock->setEnabled(!table->property);
+    menu.exec(tree_->viewport()->mapToGlobal(point));
 }
 
 }  // namespace zt

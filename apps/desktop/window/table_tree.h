@@ -2,6 +2,7 @@
 
 #include <QLineEdit>
 #include <QTreeWidget>
+#include <optional>
 
 #include "desktop/window/table_id.h"
 
@@ -24,6 +25,8 @@ public:
 signals:
     /// The user opens a table that exists.
     void TableChosen(zt::TableId id);
+    /// The user opens a kind of model table in a docked pane.
+    void PaneChosen(int kind);
 
 private:
     QTreeWidgetItem* AddHeading(std::string_view textKey);
@@ -31,7 +34,10 @@ private:
     void AddProperties();
     void AddKinds();
     void ApplyFilter();
+    /// The table of an entry; none when it is a heading or the table does not exist.
+    static std::optional<TableId> TableOf(const QTreeWidgetItem* item);
     void Choose(const QTreeWidgetItem* item);
+    void ShowMenu(QPoint point);
 
     QLineEdit* filter_;
     QTreeWidget* tree_;

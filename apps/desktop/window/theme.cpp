@@ -3,6 +3,8 @@
 #include <QPalette>
 #include <QStyleFactory>
 
+#include "desktop/window/system_look.h"
+
 namespace zt {
 namespace {
 
@@ -38,12 +40,21 @@ const PaletteColors kDark{"#25272b", "#1c1e21", "#2b2d31", "#e6e6e6", "#858a91",
 }  // namespace
 
 void UseTheme(QApplication& application, Theme theme) {
-    if (theme == Theme::System) {
+    const bool follows = theme == Theme::System;
+    delete application.findChild<SystemLook*>();
+    const auto* look = follows ? new SystemLook(&application) : nullptr;
+    if (look) {
+        QObject::connect(
+            look, &SystemLook::Changed, &application, [&application] { UseTheme(application, Theme::System); },
+            Qt::QueuedConnection);
+    }
+    const std::optional<bool> dark = look ? look->PrefersDark() : theme == Theme::Dark;
+    if (!dark) {
         application.setPalette(QPalette());
         return;
     }
     application.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    application.setPalette(PaletteOf(theme == Theme::Dark ? kDark : kLight));
+    application.setPalette(PaletteOf(*dark ? kDark : kLight));
 }
 
 }  // namespace zt

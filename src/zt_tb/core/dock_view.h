@@ -57,7 +57,7 @@ struct PreViewClass {
 };
 
 /// The pane that hosts a model table view for one kind of table.
-class CDockView_PreTable final : public CDockView {
+class CDockView_PreTable : public CDockView {
 public:
     /// Said once by the program: the views stand on no pane.
     static void RegisterView(PreViewClass viewClass) { s_viewClass = viewClass; }

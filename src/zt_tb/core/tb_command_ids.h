@@ -1,5 +1,8 @@
 #pragma once
 
+#include <algorithm>
+#include <span>
+
 namespace zt {
 
 /// Identifiers of the commands of table views.
@@ -32,5 +35,24 @@ struct ViewCommand {
     void (View::*run)();
     bool (View::*isEnabled)() const;
 };
+
+/// Whether a command of a list can be given now.
+template <class View>
+bool IsEnabled(std::span<const ViewCommand<View>> commands, const View& view, int id) {
+    return std::any_of(commands.begin(), commands.end(), [&](const ViewCommand<View>& command) {
+        return command.id == id && (view.*command.isEnabled)();
+    });
+}
+
+/// Runs a command of a list; false when it is none of them or is disabled.
+template <class View>
+bool Run(std::span<const ViewCommand<View>> commands, View& view, int id) {
+    for (const ViewCommand<View>& command : commands) {
+        if (command.id != id || !(view.*command.isEnabled)()) continue;
+        (view.*command.run)();
+        return true;
+    }
+    return false;
+}
 
 }  // namespace zt

@@ -57,20 +57,11 @@ std::span<const ViewCommand<CTBCommonView>> CTBCommonView::Commands() {
 }
 
 bool CTBCommonView::OnCommand(int id) {
-    for (const ViewCommand<CTBCommonView>& command : Commands()) {
-        if (command.id != id || !(this->*command.isEnabled)()) continue;
-        (this->*command.run)();
-        return true;
-    }
-    return CTBView::OnCommand(id) || OnTbSelectCustomContextMenu(id);
+    return Run<CTBCommonView>(Commands(), *this, id) || CTBView::OnCommand(id) || OnTbSelectCustomContextMenu(id);
 }
 
 bool CTBCommonView::IsCommandEnabled(int id) const {
-    return std::any_of(Commands().begin(), Commands().end(),
-                       [&](const ViewCommand<CTBCommonView>& command) {
-                           return command.id == id && (this->*command.isEnabled)();
-                       }) ||
-           CTBView::IsCommandEnabled(id);
+    return IsEnabled<CTBCommonView>(Commands(), *this, id) || CTBView::IsCommandEnabled(id);
 }
 
 bool CTBCommonView::OnTbSelectCustomContextMenu(int command) {

@@ -138,20 +138,9 @@ std::span<const ViewCommand<CTBView>> CTBView::Commands() {
     return kCommands;
 }
 
-bool CTBView::OnCommand(int id) {
-    for (const ViewCommand<CTBView>& command : Commands()) {
-        if (command.id != id || !(this->*command.isEnabled)()) continue;
-        (this->*command.run)();
-        return true;
-    }
-    return false;
-}
+bool CTBView::OnCommand(int id) { return Run<CTBView>(Commands(), *this, id); }
 
-bool CTBView::IsCommandEnabled(int id) const {
-    return std::any_of(Commands().begin(), Commands().end(), [&](const ViewCommand<CTBView>& command) {
-        return command.id == id && (this->*command.isEnabled)();
-    });
-}
+bool CTBView::IsCommandEnabled(int id) const { return IsEnabled<CTBView>(Commands(), *this, id); }
 
 bool CTBView::CanCopy() const { return LiveGrid() && LiveGrid()->CanCopy(); }
 

@@ -8,6 +8,7 @@
 #include "zt_db/records/stnd.h"
 #include "zt_tb/core/dock_view.h"
 #include "zt_tb/model/check_sheet.h"
+#include "zt_tb/model/tb_display_dlg.h"
 
 namespace zt {
 namespace {
@@ -213,6 +214,27 @@ void CTBPreView::DisplayTables(std::span<const std::string> remove, std::span<co
     MakeItemExMultiTable();
 }
 
+void CTBPreView::OnTableDisplayDlg() {
+    CTBDisplayDlg dialog(DisplayedTables());
+    if (!velda::DoModal(dialog)) return;
+    std::vector<int> kinds;
+    for (const std::string& name : dialog.NamesToAdd()) kinds.push_back(dialog.KindOf(name));
+    DisplayTables(dialog.NamesToRemove(), kinds);
+}
+
+std::span<const ViewCommand<CTBPreView>> CTBPreView::Commands() {
+    static constexpr ViewCommand<CTBPreView> kCommands[] = {
+        {kOnTableDisplayDlg, &CTBPreView::OnTableDisplayDlg, &CTBPreView::HasChoiceOfTables},
+    };
+    return kCommands;
+}
+
+bool CTBPreView::OnCommand(int id) { return Run<CTBPreView>(Commands(), *this, id) || CTBCommonView::OnCommand(id); }
+
+bool CTBPreView::IsCommandEnabled(int id) const {
+    return IsEnabled<CTBPreView>(Commands(), *this, id) || CTBCommonView::IsCommandEnabled(id);
+}
+
 void CTBPreView::RemoveTable(const std::string& title) {
     const std::vector<std::string> titles = DisplayedTables();
     const auto tab = static_cast<int>(std::find(titles.begin(), titles.end(), title) - titles.begin());
@@ -230,7 +252,8 @@ void CTBPreView::UpdateViewTitle() { SetTitle(GetTableName(kind_)); }
 void CTBPreView::CustomizeContextMenu(velda::CMenu& menu) {
     if (kind_ == kTableMembDetail) menu.Append(kOnTableDisplayDlg, Text("IDS_TB_PREVIEW_DISPLAY_TABLES"));
     if (kind_ == kTablePhgeAll || kind_ == kTableIeheAll) {
-        menu.Append(kOnTableHingePropSetting, Text("IDS_TB_HINGE_TABLE_SETTING"));
+        menu.Append(kOnTableHingePropSetting, Text("IDS_TB_HINGE_TABLE_SETTING"),
+                    IsCommandEnabled(kOnTableHingePropSetting));
     }
 }
 

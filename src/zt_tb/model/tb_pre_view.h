@@ -80,6 +80,11 @@ public:
     /// Takes tables away by their tab texts, adds those of other kinds, and fills all anew by the selected nodes. A
     /// text without a tab is passed over.
     void DisplayTables(std::span<const std::string> remove, std::span<const int> add);
+    /// Lets the user choose the tables.
+    void OnTableDisplayDlg();
+
+    bool OnCommand(int id) override;
+    bool IsCommandEnabled(int id) const override;
 
     // ---- look
 
@@ -101,6 +106,8 @@ public:
     void UpdateSelPost() override;
 
 private:
+    static std::span<const ViewCommand<CTBPreView>> Commands();
+    bool HasChoiceOfTables() const { return kind_ == kTableMembDetail; }
     void MakeTables();
     std::unique_ptr<CTBCommonWnd> MakeTable(int kind);
     void MakeSingleTable(const CDBDoc* doc);

@@ -38,17 +38,23 @@ bool CTBPropView::SetTable(int kind, void* /*data*/) {
     return !tables_.empty();
 }
 
+bool CTBPropView::OpenProperties(int kind) {
+    allWithoutSelection_ = true;
+    return SetTable(kind);
+}
+
 void CTBPropView::OnInitialUpdate() {
     CDBDoc* doc = CDBDoc::m_pDBDoc;
     if (kind_ == 0 || !doc || !tables_.empty()) return;
     OnInitialUpdateProperties(*doc, GetPlace(), kind_);
-    ShowAndFill(*doc);
+    ShowAndFill(*doc, allWithoutSelection_ && selectedKeys_.empty());
 }
 
 void CTBPropView::OnInitialUpdateProperties(CDBDoc& doc, const velda::WindowRect& place, int kind) {
     OnWindowPosChanging(place);
     BuildWorkbook();
-    ReadSelectedKeys(doc);
+    doc.GetMDBCtrl()->GetCurrentDB()->GetViewCtrl()->GetAllSelectedPont(selectedKeys_);
+    std::sort(selectedKeys_.begin(), selectedKeys_.end());
     for (const TableEntry& entry : kTables) AddTable(entry);
     SetCurrentTab(static_cast<int>(EntryOf(kind) - kTables));
     SetTabStyle();
@@ -59,16 +65,10 @@ bool CTBPropView::OpenAlone(CDBDoc* doc, const velda::WindowRect& place, int kin
     if (!doc || !entry.make || !tables_.empty()) return false;
     kind_ = kind;
     OnWindowPosChanging(place);
-    ReadSelectedKeys(*doc);
     AddTable(entry);
     UpdateViewTitle();
-    ShowAndFill(*doc);
+    ShowAndFill(*doc, true);
     return true;
-}
-
-void CTBPropView::ReadSelectedKeys(CDBDoc& doc) {
-    doc.GetMDBCtrl()->GetCurrentDB()->GetViewCtrl()->GetAllSelectedPont(selectedKeys_);
-    std::sort(selectedKeys_.begin(), selectedKeys_.end());
 }
 
 void CTBPropView::AddTable(const TableEntry& entry) {
@@ -78,14 +78,14 @@ void CTBPropView::AddTable(const TableEntry& entry) {
     AddWorksheet(std::move(table), title);
 }
 
-void CTBPropView::ShowAndFill(CDBDoc& doc) {
+void CTBPropView::ShowAndFill(CDBDoc& doc, bool all) {
     if (velda::IFrame* frame = GetParentFrame()) frame->RedrawNow();
     if (velda::CWnd* window = GetWindow()) window->RedrawNow();
     const velda::WaitCursor wait;
     SetTableReadOnlyMode(doc.IsExcuted());
     for (CTBCommonWnd* table : tables_) {
         const velda::GridUpdateLock lock(*table);
-        if (selectedKeys_.empty()) {
+        if (all) {
             table->MakeItemEx(nullptr, -2, 0);
         } else {
             table->PreFilterRecord(selectedKeys_);

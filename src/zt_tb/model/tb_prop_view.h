@@ -8,8 +8,7 @@
 
 namespace zt {
 
-/// The view of the property tables, all on tabs of one view. It shows all records, or, when nodes are selected as it
-/// opens, those records whose keys are the keys of the nodes.
+/// The view of the property tables, all on tabs of one view.
 class CTBPropView : public CTBCommonView {
 public:
     enum enTableKind { kMaterial = 1, kSection = 2, kThickness = 3 };
@@ -27,13 +26,16 @@ public:
     /// Title of the view.
     static std::string GetTableName(int kind);
 
-    /// Makes and fills all tables, with the tab of `kind` in front, and listens to the current document from then on.
-    /// Once in the life of a view. False, and nothing made, for a kind without a tab and while no model is open.
+    /// Makes all tables, with the tab of `kind` in front, fills them with the records whose keys are the keys of the
+    /// selected nodes, and listens to the current document from then on. Once in the life of a view. False, and nothing
+    /// made, for a kind without a tab and while no model is open.
     bool SetTable(int kind, void* data = nullptr);
+    /// The command for properties: SetTable, and all records where no node is selected.
+    bool OpenProperties(int kind);
     /// Makes what SetTable could not make for want of a model; nothing before SetTable.
     void OnInitialUpdate() override;
 
-    // One table alone, without tabs. False when the table does not exist or no model is open.
+    // One table alone with all records, without tabs. False when the table does not exist or no model is open.
     bool OninitialUpdateMatl(CDBDoc* doc, const velda::WindowRect& place) { return OpenAlone(doc, place, kMaterial); }
     bool OninitialUpdateSect(CDBDoc* doc, const velda::WindowRect& place) { return OpenAlone(doc, place, kSection); }
     bool OnInitialUpdateThik(CDBDoc* doc, const velda::WindowRect& place) { return OpenAlone(doc, place, kThickness); }
@@ -50,12 +52,13 @@ private:
     void OnInitialUpdateProperties(CDBDoc& doc, const velda::WindowRect& place, int kind);
     bool OpenAlone(CDBDoc* doc, const velda::WindowRect& place, int kind);
     void AddTable(const TableEntry& entry);
-    void ReadSelectedKeys(CDBDoc& doc);
-    void ShowAndFill(CDBDoc& doc);
+    /// Draws what is there and fills the tables: with all records, or with those of the selection's keys.
+    void ShowAndFill(CDBDoc& doc, bool all);
 
     int kind_ = 0;
     std::vector<CTBCommonWnd*> tables_;
     std::vector<std::uint32_t> selectedKeys_;  ///< of nodes
+    bool allWithoutSelection_ = false;         ///< all records are shown where no node is selected
 };
 
 }  // namespace zt
