@@ -36,9 +36,15 @@ TEST_F(WindowTablesTest, GreysTablesThatDoNotExist) {
 
 TEST_F(WindowTablesTest, ShowsEachKindInTheTree) {
     for (const TableKindEntry& entry : TableKinds()) {
-        if (entry.kind == kTableNone) continue;
+        // The materials stand among the properties.
+        if (entry.kind == kTableNone || entry.kind == kTableMatl) continue;
         EXPECT_NE(nullptr, window->Tree().ItemOf({false, entry.kind})) << entry.kind;
     }
+}
+
+TEST_F(WindowTablesTest, TellsAGroupByItsTablesWhereItIsTitledLikeOneOfThem) {
+    EXPECT_EQ("Node + Member", window->Tree().ItemOf({false, kTablePontMemb})->text(0));
+    EXPECT_EQ("Member", window->Tree().ItemOf({false, kTableMemb})->text(0));
 }
 
 TEST_F(WindowTablesTest, FiltersTheTreeByName) {

@@ -46,7 +46,6 @@ GridWidget::GridWidget(QWidget* parent) : QAbstractScrollArea(parent) {
     setFrameShape(QFrame::NoFrame);
     viewport()->setMouseTracking(true);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
-    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     list_ = new ChoicePopup(viewport());
     editor_ =
         new CellEditor(viewport(), [this](QKeyEvent& event) { return HandleKey(event) || HandleListTyping(event); });
@@ -196,7 +195,9 @@ void GridWidget::FollowCurrentCell() {
 
 void GridWidget::UpdateScrollBars() {
     const bool before = std::exchange(settingBars_, true);
-    // The horizontal bar comes and goes with its range, and the window changes with it.
+    // The bars come and go with their ranges, and the window changes with them.
+    horizontalScrollBar()->setRange(0, Geometry().LargestLeft());
+    verticalScrollBar()->setRange(1, std::max(1, Geometry().LargestTopRow()));
     horizontalScrollBar()->setRange(0, Geometry().LargestLeft());
     const GridGeometry geometry = Geometry();
     const int largestTop = std::max(1, geometry.LargestTopRow());

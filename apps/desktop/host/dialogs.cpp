@@ -192,8 +192,9 @@ std::unique_ptr<BlockDialog> MakeStyleDialog(velda::CTBStyleDlg& block, QWidget*
         addSpin(row, 1, item.columnWidth, velda::kMaxColumnWidth);
     }
     table->setVerticalHeaderLabels(titles);
-    table->horizontalHeader()->setStretchLastSection(true);
+    table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     dialog->Controls().addWidget(table);
+    dialog->resize(420, 360);
     dialog->OnStore([table, &block] {
         const auto value = [&](int row, int column) {
             return qobject_cast<QSpinBox*>(table->cellWidget(row, column))->value();

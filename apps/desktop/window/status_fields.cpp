@@ -27,6 +27,14 @@ constexpr LanguageEntry kLanguages[] = {
     {velda::Language::Korean, "\xED\x95\x9C\xEA\xB5\xAD\xEC\x96\xB4"},
 };
 
+QString UnitText(UnitQuantity quantity, int choice) {
+    int count = 0;
+    const QString label = ToQt(CUnitCtrl::Choices(quantity, count)[choice].label);
+    // Kelvins are no degrees.
+    const bool isDegree = quantity == UnitQuantity::Temperature && label != QLatin1String("K");
+    return isDegree ? QChar(0x00B0) + label : label;
+}
+
 std::string NumberText(double value) { return FromQt(QString::number(value, 'g', 6)); }
 
 QToolButton* MenuButton(QStatusBar& bar) {
@@ -62,9 +70,9 @@ void StatusFields::ShowSelection(const GridWidget* table) {
 void StatusFields::AddUnitMenu(UnitQuantity quantity, std::string_view textKey, const T_UNIT_INDEX& current) {
     QMenu* menu = units_->menu()->addMenu(Word(textKey));
     int count = 0;
-    const UnitChoice* choices = CUnitCtrl::Choices(quantity, count);
+    CUnitCtrl::Choices(quantity, count);
     for (int at = 0; at < count; ++at) {
-        QAction* action = menu->addAction(ToQt(choices[at].label));
+        QAction* action = menu->addAction(UnitText(quantity, at));
         action->setCheckable(true);
         action->setChecked(CUnitCtrl::IndexOf(current, quantity) == at);
         connect(action, &QAction::triggered, this, [this, quantity, current, at] {
@@ -84,8 +92,7 @@ void StatusFields::ShowUnits(const CUnitCtrl& units) {
     QStringList labels;
     for (const QuantityEntry& entry : kQuantities) {
         AddUnitMenu(entry.quantity, entry.textKey, current);
-        int count = 0;
-        labels << ToQt(CUnitCtrl::Choices(entry.quantity, count)[CUnitCtrl::IndexOf(current, entry.quantity)].label);
+        labels << UnitText(entry.quantity, CUnitCtrl::IndexOf(current, entry.quantity));
     }
     labels.removeDuplicates();
     units_->setText(labels.join(QStringLiteral(" · ")));

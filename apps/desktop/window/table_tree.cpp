@@ -23,10 +23,7 @@ struct Heading {
 const std::vector<Heading>& Headings() {
     static const std::vector<Heading> headings = {
         {"IDS_DESKTOP_GROUP_STRUCTURE",
-         {{kTablePont, kTableMemb},
-          {kTablePontMemb, kTablePontMemb},
-          {kTableAwop, kTableOffs},
-          {kTableMatl, kTableMatl}}},
+         {{kTablePont, kTableMemb}, {kTablePontMemb, kTablePontMemb}, {kTableAwop, kTableOffs}}},
         {"IDS_DESKTOP_GROUP_MEMBER_TYPES", {{kTableMbtp, kTableMtsb}, {kTableMbcl, kTableMembTypes}}},
         {"IDS_DESKTOP_GROUP_BOUNDARY", {{kTableSpts, kTableSpts}, {kTableRigd, kTableRigd}, {kTableElnk, kTableFrsf}}},
         {"IDS_DESKTOP_GROUP_LOADS",
@@ -56,6 +53,16 @@ bool Exists(const TableKindEntry& entry) {
     const TableGroup* group = FindTableGroup(entry.kind);
     return group && std::any_of(group->tables.begin(), group->tables.end(),
                                 [](int kind) { return FindTableMaker(kind) != nullptr; });
+}
+
+/// Title of a kind. A group that is titled like one of its tables is told by all of them.
+QString TitleOf(const TableKindEntry& entry) {
+    const TableGroup* group = FindTableGroup(entry.kind);
+    if (!group || group->kind != entry.kind) return Word(entry.titleKey);
+    QStringList titles;
+    for (const int kind : group->tables) titles << Word(FindTableKind(kind)->titleKey);
+    const bool isAmbiguous = titles.contains(Word(entry.titleKey));
+    return isAmbiguous && titles.size() < 4 ? titles.join(QStringLiteral(" + ")) : Word(entry.titleKey);
 }
 
 }  // namespace
@@ -95,8 +102,8 @@ QTreeWidgetItem* TableTree::AddHeading(std::string_view textKey) {
     return heading;
 }
 
-void TableTree::AddTable(QTreeWidgetItem& heading, TableId id, std::string_view textKey, bool exists) {
-    auto* item = new QTreeWidgetItem(&heading, {Word(textKey)});
+void TableTree::AddTable(QTreeWidgetItem& heading, TableId id, const QString& title, bool exists) {
+    auto* item = new QTreeWidgetItem(&heading, {title});
     item->setData(0, kPropertyRole, id.property);
     item->setData(0, kKindRole, id.kind);
     if (exists) return;
@@ -107,7 +114,7 @@ void TableTree::AddTable(QTreeWidgetItem& heading, TableId id, std::string_view 
 void TableTree::AddProperties() {
     QTreeWidgetItem* heading = AddHeading("IDS_TB_PROPVIEW_PROPERTIES");
     for (const CTBPropView::TableEntry& entry : CTBPropView::Tables()) {
-        AddTable(*heading, {true, entry.kind}, entry.titleKey, entry.make != nullptr);
+        AddTable(*heading, {true, entry.kind}, Word(entry.titleKey), entry.make != nullptr);
     }
     heading->setExpanded(true);
 }
@@ -118,7 +125,7 @@ void TableTree::AddKinds() {
         bool any = false;
         for (const TableKindEntry& entry : TableKinds()) {
             if (entry.kind == kTableNone || !Contains(heading.kinds, entry.kind)) continue;
-            AddTable(*parent, {false, entry.kind}, entry.titleKey, Exists(entry));
+            AddTable(*parent, {false, entry.kind}, TitleOf(entry), Exists(entry));
             any = any || Exists(entry);
         }
         parent->setExpanded(any || parent == tree_->topLevelItem(1));

@@ -30,7 +30,7 @@ signals:
 
 private:
     QTreeWidgetItem* AddHeading(std::string_view textKey);
-    void AddTable(QTreeWidgetItem& heading, TableId id, std::string_view textKey, bool exists);
+    void AddTable(QTreeWidgetItem& heading, TableId id, const QString& title, bool exists);
     void AddProperties();
     void AddKinds();
     void ApplyFilter();

@@ -1,8 +1,8 @@
 #include "desktop/window/theme.h"
 
 #include <QPalette>
-#include <QStyleFactory>
 
+#include "desktop/window/look_style.h"
 #include "desktop/window/system_look.h"
 
 namespace zt {
@@ -53,7 +53,7 @@ void UseTheme(QApplication& application, Theme theme) {
         application.setPalette(QPalette());
         return;
     }
-    application.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    application.setStyle(new LookStyle);
     application.setPalette(PaletteOf(*dark ? kDark : kLight));
 }
 
