@@ -582,7 +582,7 @@ TEST_F(FileOfKilledProgram, IsLeftAsItIsWhenItIsRefused) {
     WriteBytes(path + "-wal", journal);
     const auto before = FolderContent(folder.Path());
     EXPECT_EQ(Open(), nullptr);
-    EXPECT_EQ(report.message, Text("IDS_DB_FILE_NEWER", {"9", "1"}));
+    EXPECT_EQ(report.message, Text("IDS_DB_FILE_NEWER", {"9", std::to_string(kModelSchemaVersion)}));
     EXPECT_EQ(FolderContent(folder.Path()), before);
 }
 
