@@ -249,7 +249,7 @@ public:
     }
     void OnModifyCell(int row, int col) override {
         CTBCommonWnd::OnModifyCell(row, col);
-        Clear(row, col, GetLiveText(row, col) == kCleared ? kCleared : beforeClearing_);
+        Clear(row, col, Session().EditorText() == kCleared ? kCleared : beforeClearing_);
     }
     void OnCanceledEditing(int row, int col) override {
         CTBCommonWnd::OnCanceledEditing(row, col);

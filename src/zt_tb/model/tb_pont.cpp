@@ -18,8 +18,8 @@ double ToModel(double value) {
 }
 
 template <int Axis>
-double FromModel(std::string_view text) {
-    return CUnitCtrl::ConvValueModelLengthUnit2CurUnit(T_PONT_D::unit[Axis], velda::wtof(text));
+double FromModel(double value) {
+    return CUnitCtrl::ConvValueModelLengthUnit2CurUnit(T_PONT_D::unit[Axis], value);
 }
 
 template <auto Member, int Axis>
@@ -29,7 +29,7 @@ void Show(const CTBPont&, const CTBPont::Row& row, CellSink& cell) {
 
 template <auto Member, int Axis>
 void Read(const CTBPont&, std::string_view text, CTBPont::Row& row) {
-    row.record.*Member = FromModel<Axis>(text);
+    row.record.*Member = FromModel<Axis>(velda::wtof(text));
 }
 
 double TopLevel(std::uint32_t story) {
@@ -65,7 +65,7 @@ void CTBPont::ShowHeight(const CTBPont& table, const Row& row, CellSink& cell) {
 
 // The story stands before the height, so that it has been read.
 void CTBPont::ReadHeight(const CTBPont&, std::string_view text, Row& row) {
-    row.record.z = Difference(FromModel<kZ>(text), TopLevel(row.record.story));
+    row.record.z = FromModel<kZ>(Difference(velda::wtof(text), ToModel<kZ>(TopLevel(row.record.story))));
 }
 
 const CTBPont::Declaration& CTBPont::Declared() {
