@@ -8,26 +8,26 @@ namespace {
 constexpr velda::ColumnId kNumber = 1;
 constexpr velda::ColumnId kLevel = 3;
 constexpr int kPlaces = 6;
-constexpr int kX = 0;  ///< places in the units of the record
-constexpr int kY = 1;
-constexpr int kZ = 2;
+constexpr std::size_t kX = 0;  ///< places in the units of the record
+constexpr std::size_t kY = 1;
+constexpr std::size_t kZ = 2;
 
-template <int Axis>
+template <std::size_t Axis>
 double ToModel(double value) {
     return CUnitCtrl::ConvValueCurUnit2ModelLengthUnit(T_PONT_D::unit[Axis], value);
 }
 
-template <int Axis>
+template <std::size_t Axis>
 double FromModel(double value) {
     return CUnitCtrl::ConvValueModelLengthUnit2CurUnit(T_PONT_D::unit[Axis], value);
 }
 
-template <auto Member, int Axis>
+template <auto Member, std::size_t Axis>
 void Show(const CTBPont&, const CTBPont::Row& row, CellSink& cell) {
     cell.Number(ToModel<Axis>(row.record.*Member));
 }
 
-template <auto Member, int Axis>
+template <auto Member, std::size_t Axis>
 void Read(const CTBPont&, std::string_view text, CTBPont::Row& row) {
     row.record.*Member = FromModel<Axis>(velda::wtof(text));
 }
@@ -69,7 +69,7 @@ void CTBPont::ReadHeight(const CTBPont&, std::string_view text, Row& row) {
 }
 
 const CTBPont::Declaration& CTBPont::Declared() {
-    static const auto coordinate = [](int axis) {
+    static const auto coordinate = [](std::size_t axis) {
         return Options{.unit = T_PONT_D::unit[axis], .modelLength = true, .places = kPlaces};
     };
     static const Declaration declaration{
