@@ -124,7 +124,8 @@ const CTBMemb::Declaration& CTBMemb::Declared() {
                        .control = velda::ControlKind::ComboBox,
                        .required = &IsSlab,
                        .choices = {list, nullptr},
-                       .rowStyle = &EnableFor<MembType::Slab>};
+                       .rowStyle = &EnableFor<MembType::Slab>,
+                       .preference = {3, 2, 0, 110}};
     };
     static const auto braceFlag = [](velda::ColumnId clears) {
         return Options{.rowStyle = &EnableFor<MembType::Brace>, .clears = clears};
@@ -156,7 +157,7 @@ const CTBMemb::Declaration& CTBMemb::Declared() {
                  velda::ColumnType::String,
                  &ShowNodes,
                  &ReadNodes,
-                 {.state = CellState::ReadOnly, .follows = &ChangesPontNos}},
+                 {.state = CellState::ReadOnly, .follows = &ChangesPontNos, .preference = {3, 2, 0, 130}}},
                 Columns::Long<&T_MEMB_D::plan>("IDS_TB_MEMB_Plan_No", {.state = CellState::Disabled, .hidden = true}),
                 Columns::Check<&T_MEMB_D::considerBending>("IDS_TB_MEMB_Consider_Bending", braceFlag(kTension)),
                 Columns::Check<&T_MEMB_D::tensionOnly>("IDS_TB_MEMB_Tension_Only", braceFlag(kBending)),
