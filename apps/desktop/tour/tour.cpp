@@ -23,6 +23,7 @@
 #include "zt_db/records/thik.h"
 #include "zt_db/sample/sample_building.h"
 #include "zt_tb/core/tb_print_preview.h"
+#include "zt_tb/model/table_kinds.h"
 #include "zt_tb/model/tb_display_dlg.h"
 #include "zt_tb/model/tb_pre_view.h"
 #include "zt_tb/model/tb_prop_view.h"
@@ -182,6 +183,15 @@ void TourSizes(Album& album) {
     album.Add("screen-150", picture);
 }
 
+/// The tables of nodes and members on their tabs.
+void TourModel(Album& album) {
+    const Stage stage(kUsualRows, {1300, 640});
+    stage.window->OpenTable({.kind = kTablePont});
+    album.Add("nodes", *stage.window);
+    stage.window->OpenTable({.kind = kTableMemb});
+    album.Add("members", *stage.window);
+}
+
 /// The table of a view of its own, which paper and graphs need.
 class PropertyTable {
 public:
@@ -260,6 +270,7 @@ bool TakeTour(QApplication& application, const QString& folder) {
             Album album(folder, QStringLiteral("-%1-%2.png").arg(QLatin1String(language), QLatin1String(name)));
             TourEditing(album);
             TourSizes(album);
+            TourModel(album);
             TourPaperAndGraphs(album);
             isWhole = isWhole && album.IsWhole();
         }

@@ -69,6 +69,12 @@ bool CTBBrowserWndEx::FilterColumn(ColumnId column, const std::string& text) {
     return true;
 }
 
+std::vector<std::uint32_t> CTBBrowserWndEx::FilledKeys() const {
+    std::vector<std::uint32_t> keys = ShownKeys();
+    if (filter_) keys.insert(keys.end(), filter_->hidden.begin(), filter_->hidden.end());
+    return keys;
+}
+
 std::string CTBBrowserWndEx::FilterTextOf(ColumnId column) const {
     if (!filter_) return {};
     const auto found = filter_->texts.find(column);

@@ -91,6 +91,8 @@ protected:
     virtual bool RecordExists(std::uint32_t key) const = 0;
     /// Takes the column filter into account: hides records that came and do not match, unless they were shown.
     void ReplayFiltered(const RowChanges& changes);
+    /// Keys of the records that the table holds, those included that a column filter hides.
+    std::vector<std::uint32_t> FilledKeys() const;
     void DropFilter() { filter_.reset(); }
     void ReplayRecords(const RowChanges& changes);
 

@@ -105,6 +105,9 @@ protected:
     /// Texts of a row by grid column, as the record operations take them.
     RowTexts GridTextsOf(int row) const;
     RowTexts NewAppendTexts() override;
+    /// Texts of a row, by grid column, that a change of many cells gives: cells that depend on those that were given
+    /// are brought in line.
+    virtual void AdjustGivenTexts(RowTexts& /*texts*/, const std::vector<bool>& /*given*/) const {}
     /// Several transactions as one step of the undo history.
     virtual bool BeginStep(const std::string& name) = 0;
     virtual bool EndStep() = 0;

@@ -83,6 +83,7 @@ void CTBCommon::CheckRow(const ChangePlan& plan, const PlannedRow& row, Batch& b
             texts[at] = id == GetKeyColID() ? FormatLong(batch.nextKey) : GetDefaultCellText(id);
         }
     }
+    AdjustGivenTexts(texts, given);
 
     KeyPointers keys;
     RecordPointers records;

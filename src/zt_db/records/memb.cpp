@@ -6,6 +6,11 @@ namespace zt {
 
 ZT_DEFINE_RECORD(MEMB)
 
+int CClassMemb::GetType(std::uint32_t key) const {
+    const T_MEMB_D* member = Stored(key);
+    return member ? member->type : 0;
+}
+
 int CClassMemb::GetMembTypeList(std::vector<int>& types) {
     types.clear();
     for (const MemberType& type : kMemberTypes) types.push_back(type.code);

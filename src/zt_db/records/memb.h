@@ -13,7 +13,7 @@ struct T_MEMB_UNIT;
 
 /// A member of the structure: column, beam, wall, slab and the rest, told apart by its type code.
 struct T_MEMB_D {
-    int type = 101;
+    int type = MembType::Column;
     std::uint32_t no = 0;
     std::uint32_t story = 0;
     std::uint32_t prop = 0;  ///< section, or thickness for the types of UsesThickness
@@ -83,6 +83,9 @@ public:
     std::uint32_t GetMembKeyByNo(std::uint32_t no) const { return store_ ? store_->KeyOfNumber(no) : 0; }
     /// The next free number.
     std::uint32_t GetNewNo() const { return store_ ? store_->NewNumber() : 1; }
+
+    /// Code of the type of a member; 0 when the key does not exist.
+    int GetType(std::uint32_t key) const;
 
     // The types are the same for every model, so that no database is needed for them.
     /// The codes of all member types, ascending.

@@ -5,6 +5,14 @@
 
 namespace zt {
 
+/// Types that decide on more than their property.
+namespace MembType {
+inline constexpr int Column = 101;
+inline constexpr int Wall = 202;
+inline constexpr int Brace = 206;
+inline constexpr int Slab = 301;
+}  // namespace MembType
+
 /// What a member of a type has as its property.
 enum class MemberProperty { None, Section, Thickness };
 

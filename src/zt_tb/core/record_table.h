@@ -210,6 +210,7 @@ public:
         if (!db || !db->GetViewBuff()->HasChanges()) return;
         const velda::GridUpdateLock lock(*this);
         BeforeReplay(*db->GetViewBuff());
+        RebuildChoices(*db->GetViewBuff());
         const velda::RowChanges changes = ChangesOf(*db->GetViewBuff());
         if (!changes.IsEmpty()) {
             ReplayFiltered(changes);
@@ -229,6 +230,30 @@ public:
             if (code == HintCode::SelectionRemoved) changes.gone.push_back(key);
         }
         if (!changes.IsEmpty()) ReplayFiltered(changes);
+    }
+
+    // ---- cells that depend on others of their row
+
+    bool HasStyleHook() const override {
+        return std::any_of(Declared().columns.begin(), Declared().columns.end(),
+                           [](const Column& column) { return column.options.rowStyle != nullptr; });
+    }
+    void GetStyleRowCol(int row, int col, velda::CGXStyle& style) const override {
+        const auto rowStyle = ColumnAt(IdOfColumn(col)).options.rowStyle;
+        if (rowStyle) rowStyle(static_cast<const Table&>(*this), row, style);
+    }
+    bool OnStartEditing(int row, int col) override {
+        const velda::ColumnId cleared = ColumnAt(IdOfColumn(col)).options.clears;
+        if (cleared != velda::kNoColumn) beforeClearing_ = GetValueRowCol(row, PositionOfColumn(cleared));
+        return CTBCommonWnd::OnStartEditing(row, col);
+    }
+    void OnModifyCell(int row, int col) override {
+        CTBCommonWnd::OnModifyCell(row, col);
+        Clear(row, col, Session().EditorText() == kCleared ? kCleared : beforeClearing_);
+    }
+    void OnCanceledEditing(int row, int col) override {
+        CTBCommonWnd::OnCanceledEditing(row, col);
+        if (IsRowInEdit()) Clear(row, col, beforeClearing_);
     }
 
     bool OnLButtonDblClk(int row, int /*col*/) override {
@@ -298,6 +323,22 @@ protected:
         }
     }
 
+    void AdjustGivenTexts(RowTexts& texts, const std::vector<bool>& given) const override {
+        velda::ColumnId id = 0;
+        for (const Column& column : Declared().columns) {
+            const auto at = static_cast<std::size_t>(PositionOfColumn(id++) - 1);
+            if (column.options.clears == velda::kNoColumn || !given[at] || texts[at] != kCleared) continue;
+            texts[static_cast<std::size_t>(PositionOfColumn(column.options.clears) - 1)] = kCleared;
+        }
+    }
+    std::string GetUnitText(velda::ColumnId column) const override {
+        const Options& options = ColumnAt(column).options;
+        if (!options.modelLength || options.unit == Unit::None) return CTBCommonWnd::GetUnitText(column);
+        std::string text;
+        CUnitCtrl::GetUnitSystem(Unit::ModelLength, text);
+        return text;
+    }
+
     void ConvertTypedTexts(RowTexts& texts) override {
         CDataOf<Record> data;
         Row row{0, data.record};
@@ -308,17 +349,22 @@ protected:
         }
         data.key = row.key;
         data.record = row.record;
-        data.ConvertUnitPrev(CDBDoc::m_pDBDoc->GetUnitCtrl());
+        CUnitCtrl* units = CDBDoc::m_pDBDoc->GetUnitCtrl();
+        data.ConvertUnitPrev(units);
         row.record = data.record;
         for (velda::ColumnId id = 0; id < GetInitialColCount(); ++id) {
             std::string& text = texts[static_cast<std::size_t>(id)];
             double number = 0.0;
-            const bool measured = ColumnAt(id).options.unit > Unit::None;
-            if (measured && velda::IsValidDoubleNumber(text, number)) text = CellText(id, row);
+            const Options& options = ColumnAt(id).options;
+            if (options.unit <= Unit::None || !velda::IsValidDoubleNumber(text, number)) continue;
+            text = options.modelLength ? velda::FormatDouble(units->FromPrevious(Unit::ModelLength, number))
+                                       : CellText(id, row);
         }
     }
 
 private:
+    static constexpr const char* kCleared = "0";
+
     static const Column& ColumnAt(velda::ColumnId id) { return Declared().columns[static_cast<std::size_t>(id)]; }
 
     static RowTexts DefaultTexts() {
@@ -333,7 +379,7 @@ private:
     static void AppendPreferences(std::vector<velda::STBPrefItem>& items) {
         for (const Column& column : Declared().columns) {
             const velda::STBPrefItem& own = column.options.preference;
-            items.push_back(own.columnType != 0 ? own : UsualPreference(column.type));
+            items.push_back(own.columnType != 0 ? own : UsualPreference(column.type, column.options.places));
         }
     }
 
@@ -347,7 +393,12 @@ private:
             }
             if (column.options.state == CellState::ReadOnly) style.SetReadOnly(true);
             if (column.options.state == CellState::Disabled) style.SetEnabled(false);
+            if (column.options.control != velda::ControlKind::Edit) style.SetControl(column.options.control);
+            if (column.options.control == velda::ControlKind::CheckBox) {
+                style.SetHorizontalAlignment(velda::HorizontalAlignment::Center);
+            }
             SetStyleRange(velda::CGXRange().SetCols(number), style);
+            if (column.options.choices.set) column.options.choices.set(Self(), id);
             if (column.options.hidden) HideColsByIntend(id, id, true);
         }
     }
@@ -359,6 +410,18 @@ private:
             SetStyleRange(velda::CGXRange().SetCols(static_cast<std::uint32_t>(PositionOfColumn(id))),
                           velda::CGXStyle().SetFormat(velda::NumberFormat::Fixed).SetPlaces(places));
         }
+    }
+
+    Table& Self() { return static_cast<Table&>(*this); }
+    void RebuildChoices(const CViewBuff& buffer) {
+        for (velda::ColumnId id = 0; id < GetInitialColCount(); ++id) {
+            const auto& choices = ColumnAt(id).options.choices;
+            if (choices.follow && choices.follow(buffer)) choices.set(Self(), PositionOfColumn(id));
+        }
+    }
+    void Clear(int row, int col, const std::string& text) {
+        const velda::ColumnId cleared = ColumnAt(IdOfColumn(col)).options.clears;
+        if (cleared != velda::kNoColumn) SetValueRange(row, PositionOfColumn(cleared), text);
     }
 
     static CellCheck CheckOf(const Column& column) {
@@ -421,6 +484,13 @@ private:
             if (kind == ChangeEntry::ModifiedAfter) keyAfter = key;
             if (kind == ChangeEntry::ModifiedBefore && key != keyAfter) changes.rekeyed.push_back({key, keyAfter});
         }
+        const bool all = std::any_of(Declared().columns.begin(), Declared().columns.end(), [&](const Column& column) {
+            return column.options.follows && column.options.follows(buffer);
+        });
+        if (all) {
+            const Keys keys = FilledKeys();
+            changes.gone.insert(changes.gone.end(), keys.begin(), keys.end());
+        }
         std::sort(changes.gone.begin(), changes.gone.end());
         changes.gone.erase(std::unique(changes.gone.begin(), changes.gone.end()), changes.gone.end());
         for (const std::uint32_t key : changes.gone) {
@@ -432,6 +502,7 @@ private:
     static inline RowTexts s_defaultTexts;
     Class* class_ = nullptr;
     Keys selectedKeys_;
+    std::string beforeClearing_;  ///< of the check box that the edited one clears
     Row scratch_{};
 };
 

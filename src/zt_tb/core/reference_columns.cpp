@@ -66,6 +66,14 @@ std::string KeyLines(const Class& records, const Keys& keys) {
     return lines;
 }
 
+/// The keys of all records of a class with their names.
+template <class Class>
+std::string AllKeyLines() {
+    const Class* records = CTBCommonWnd::GetRecords<Class>();
+    Keys keys;
+    return records && records->GetKeyList(keys) ? KeyLines(*records, keys) : std::string();
+}
+
 /// The names of groups of a type, the text for none before them.
 std::string GroupLines(int type) {
     std::string lines = velda::CMsgDll::pfuncLoadStr("IDS_TB_NAME_NONE", 0) + "\n";
@@ -98,6 +106,10 @@ void CTBCommonWnd::SetReferenceStyle(int row, int col, const CGXStyle& style) {
     const auto cells =
         row == 0 ? velda::CGXRange().SetCols(number) : velda::CGXRange(static_cast<std::uint32_t>(row), number);
     SetStyleRange(cells, style);
+    RebuildControl(col);
+}
+
+void CTBCommonWnd::RebuildControl(int col) {
     int currentRow = 0;
     int currentCol = 0;
     if (GetCurrentCell(currentRow, currentCol) && currentCol == col) {
@@ -125,6 +137,12 @@ void CTBCommonWnd::SetThikColumn(int col, int membType) {
     if (!thicknesses || !thicknesses->GetKeyListByMembType(keys, membType, 1)) return;
     SetReferenceStyle(0, col, KeyListStyle(KeyLines(*thicknesses, keys), "0"));
 }
+
+void CTBCommonWnd::SetAllSectColumn(int col) {
+    SetReferenceStyle(0, col, KeyListStyle(AllKeyLines<CClassSect>(), "1"));
+}
+
+CGXStyle CTBCommonWnd::AllThikStyle() { return KeyListStyle(AllKeyLines<CClassThik>(), "0"); }
 
 void CTBCommonWnd::SetPontNameColumn(int col) { SetMembNameColumn(0, col, T_NAME_D::kNodeGroup); }
 

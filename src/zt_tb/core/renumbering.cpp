@@ -74,6 +74,8 @@ int CTBCommonWnd::ConvOldPontNo2NewPontNo(const CViewBuff& buffer, velda::Column
     return Renumber(NumberChanges::Of<CClassPont>(buffer), {columns, colId2 == velda::kNoColumn ? 1u : 2u});
 }
 
+bool CTBCommonWnd::ChangesPontNos(const CViewBuff& buffer) { return !NumberChanges::Of<CClassPont>(buffer).IsEmpty(); }
+
 int CTBCommonWnd::Renumber(const IntMap& numbers, std::span<const velda::ColumnId> columns) {
     if (numbers.IsEmpty()) return 0;
     std::vector<int> cols;

@@ -8,6 +8,8 @@
 #include "velda_util/cells/cell_data.h"
 #include "velda_util/columns/column_list.h"
 #include "velda_util/pref/table_preferences.h"
+#include "velda_util/style/gx_style.h"
+#include "zt_tb/core/tb_common_wnd.h"
 
 namespace zt {
 
@@ -80,11 +82,24 @@ struct RowTextsView {
     }
 };
 
+/// Whether a change of other records than the table's own touches something.
+using ChangeTest = bool (*)(const CViewBuff&);
+
+/// The choice list that a column shows: made as the table is set up, and again with each change that touches it.
+template <class Table>
+struct ColumnChoices {
+    void (*set)(Table&, int col) = nullptr;
+    ChangeTest follow = nullptr;  ///< null for a list that stays as it is
+};
+
 /// What a column has besides its title and its field.
 template <class Table>
 struct ColumnOptions {
     int unit = 0;
+    /// Lengths are shown in the length unit of the model, whatever the current one is.
+    bool modelLength = false;
     CellState state = CellState::Free;
+    velda::ControlKind control = velda::ControlKind::Edit;
     bool hidden = false;  ///< by the table; the user does not bring it back
     /// Places of a fixed format; -1 leaves the number as the preferences say.
     int places = -1;
@@ -93,6 +108,13 @@ struct ColumnOptions {
     CellCheck check = CellCheck::ByType;
     /// Whether an empty cell of the row counts as missing; null for every stored column.
     bool (*required)(const Table&, const RowTextsView&) = nullptr;
+    /// Which changes of other records alter the texts of the column; null for none. The rows are written anew then.
+    ChangeTest follows = nullptr;
+    ColumnChoices<Table> choices{};
+    /// Changes the style of a cell by what stands in its row; null for a column whose cells are alike.
+    void (*rowStyle)(const Table&, int row, velda::CGXStyle&) = nullptr;
+    /// The check box of the row that is cleared together with this one.
+    velda::ColumnId clears = velda::kNoColumn;
     /// Default preferences; those of the column's type where the type is 0.
     velda::STBPrefItem preference{};
 };
@@ -145,13 +167,56 @@ struct Declare {
                 },
                 options};
     }
+    /// A flag as a check box; cells that are not "1" stand for 0.
+    template <auto Member>
+    static Column Check(std::string_view title, Options options = {}) {
+        options.control = velda::ControlKind::CheckBox;
+        return {title, velda::ColumnType::Long,
+                [](const Table&, const Row& row, CellSink& cell) { cell.Long(row.record.*Member); },
+                [](const Table&, std::string_view text, Row& row) { row.record.*Member = text == "1" ? 1 : 0; },
+                options};
+    }
+    /// The key of a material, section or thickness, which its choice list shows by the name.
+    template <auto Member>
+    static Column ListedKey(std::string_view title, Options options = {}) {
+        return {title, velda::ColumnType::String,
+                [](const Table&, const Row& row, CellSink& cell) { cell.Long(row.record.*Member); },
+                [](const Table&, std::string_view text, Row& row) {
+                    row.record.*Member = static_cast<std::uint32_t>(velda::wtol(text));
+                },
+                options};
+    }
+    /// A story by its name.
+    template <auto Member>
+    static Column Story(std::string_view title, Options options = {}) {
+        options.follows = &CTBCommonWnd::ChangesStories;
+        return {
+            title, velda::ColumnType::String,
+            [](const Table&, const Row& row, CellSink& cell) {
+                cell.Text(CTBCommonWnd::GetStorName(row.record.*Member));
+            },
+            [](const Table&, std::string_view text, Row& row) { row.record.*Member = CTBCommonWnd::GetStorKey(text); },
+            options};
+    }
+    /// A static load case by its name.
+    template <auto Member>
+    static Column LoadCase(std::string_view title, Options options = {}) {
+        options.follows = &CTBCommonWnd::ChangesLoadCases;
+        return {
+            title, velda::ColumnType::String,
+            [](const Table&, const Row& row, CellSink& cell) {
+                cell.Text(CTBCommonWnd::GetStldName(row.record.*Member));
+            },
+            [](const Table&, std::string_view text, Row& row) { row.record.*Member = CTBCommonWnd::GetStldKey(text); },
+            options};
+    }
 };
 
-/// Default preferences of a column whose table tells none.
-inline velda::STBPrefItem UsualPreference(velda::ColumnType type) {
+/// Default preferences of a column whose table tells none; its places are those that the table prescribes, if any.
+inline velda::STBPrefItem UsualPreference(velda::ColumnType type, int places) {
     switch (type) {
         case velda::ColumnType::Long: return {1, 2, 0, 60};
-        case velda::ColumnType::Double: return {2, 2, 4, 120};
+        case velda::ColumnType::Double: return {2, 2, places < 0 ? 4 : places, 120};
         case velda::ColumnType::String: break;
     }
     return {3, 2, 0, 80};

@@ -60,6 +60,23 @@ public:
     /// Stories of all modules, as GetStorName calls them.
     void SetStorColumn(int col);
     void SetYesNoColumn(int col);
+    /// Keys of all sections, shown by their names, whatever members can have.
+    void SetAllSectColumn(int col);
+    /// The style of cells that list the keys of all thicknesses.
+    static velda::CGXStyle AllThikStyle();
+    /// Makes the control of the current cell anew when it stands in a column whose list changed.
+    void RebuildControl(int col);
+
+    // ---- what a change touches
+
+    /// A change of names or levels of stories, or of modules, which the names are told by.
+    static bool ChangesStories(const CViewBuff& buffer);
+    static bool ChangesLoadCases(const CViewBuff& buffer);
+    static bool ChangesMatls(const CViewBuff& buffer);
+    /// A change of sections or thicknesses.
+    static bool ChangesProperties(const CViewBuff& buffer);
+    /// Nodes that got another number.
+    static bool ChangesPontNos(const CViewBuff& buffer);
 
     // ---- names in cells and keys. Without a model all give 0 or an empty text. The name of key 0 is the text for
     // none, that of a key without record is empty; an empty name and the text for none give key 0.

@@ -3,13 +3,16 @@
 #include <algorithm>
 #include <array>
 
+#include "zt_tb/model/tb_memb.h"
+#include "zt_tb/model/tb_pont.h"
+
 namespace zt {
 namespace {
 
 constexpr TableKindEntry kKinds[] = {
     {.kind = kTableNone, .titleKey = "IDS_TB_PREVIEW_No_table"},
-    {.kind = kTablePont, .mnemonic = "PONT", .titleKey = "IDS_TB_PREVIEW_Pont"},
-    {.kind = kTableMemb, .mnemonic = "MEMB", .titleKey = "IDS_TB_PREVIEW_Memb"},
+    {.kind = kTablePont, .mnemonic = "PONT", .titleKey = "IDS_TB_PREVIEW_Pont", .make = &MakeTable<CTBPont>},
+    {.kind = kTableMemb, .mnemonic = "MEMB", .titleKey = "IDS_TB_PREVIEW_Memb", .make = &MakeTable<CTBMemb>},
     {.kind = kTableSpts, .mnemonic = "SPTS", .titleKey = "IDS_TB_PREVIEW_Spts"},
     {.kind = kTablePmas, .mnemonic = "PMAS", .titleKey = "IDS_TB_PREVIEW_Pmas"},
     {.kind = kTableRigd, .mnemonic = "RIGD", .titleKey = "IDS_TB_PREVIEW_Rigd"},
