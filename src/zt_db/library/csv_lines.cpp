@@ -21,40 +21,44 @@ std::string_view CsvLines::TakeLine() {
     return line;
 }
 
-/// Reads from behind an opening quote to behind the closing one.
-bool CsvLines::ReadQuoted(std::string_view text, std::size_t& at, std::string& value) {
-    for (; at < text.size(); ++at) {
-        if (text[at] != '"') {
-            value += text[at];
-        } else if (text.substr(at + 1).starts_with('"')) {
-            value += text[at++];
+/// Reads from behind an opening quote to the next comma.
+bool CsvLines::ReadQuoted(std::string_view line, std::size_t& at, std::string_view& value) {
+    std::string& text = unquoted_.emplace_back();
+    bool closed = false;
+    for (; at < line.size() && !closed; ++at) {
+        if (line[at] != '"') {
+            text += line[at];
+        } else if (line.substr(at + 1).starts_with('"')) {
+            text += line[at++];
         } else {
-            ++at;
-            return true;
+            closed = true;
         }
     }
-    return false;
+    const std::size_t end = std::min(line.find(',', at), line.size());
+    text += line.substr(at, end - at);
+    at = end;
+    value = text;
+    return closed;
 }
 
-CsvLines::Result CsvLines::Next(std::vector<std::string>& values) {
+CsvLines::Result CsvLines::Next(std::vector<std::string_view>& values) {
     std::string_view line;
     while (line.empty()) {
         if (rest_.empty()) return Result::End;
         line = TakeLine();
     }
-    std::size_t count = 0;
+    values.clear();
+    unquoted_.clear();
     for (std::size_t at = 0;; ++at) {
-        if (values.size() <= count) values.emplace_back();
-        std::string& value = values[count++];
-        value.clear();
-        bool whole = true;
-        if (line.substr(at).starts_with('"')) whole = ReadQuoted(line, ++at, value);
-        const std::size_t end = std::min(line.find(',', at), line.size());
-        value += line.substr(at, end - at);
-        at = end;
-        if (at < line.size() && whole) continue;
-        values.resize(count);
-        return whole ? Result::Line : Result::OpenQuote;
+        std::string_view& value = values.emplace_back();
+        if (line.substr(at).starts_with('"')) {
+            if (!ReadQuoted(line, ++at, value)) return Result::OpenQuote;
+        } else {
+            const std::size_t end = std::min(line.find(',', at), line.size());
+            value = line.substr(at, end - at);
+            at = end;
+        }
+        if (at >= line.size()) return Result::Line;
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <deque>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,16 +16,19 @@ public:
 
     explicit CsvLines(std::string_view bytes);
 
-    /// Reads the values of the next line. After OpenQuote the last of them is the one whose quotes do not end.
-    Result Next(std::vector<std::string>& values);
+    /// Reads the values of the next line; they last until the next call. After OpenQuote the last of them is the one
+    /// whose quotes do not end.
+    Result Next(std::vector<std::string_view>& values);
     /// Number of the line that was read last, from 1.
     std::size_t LineNumber() const { return line_; }
 
 private:
     std::string_view TakeLine();
-    static bool ReadQuoted(std::string_view text, std::size_t& at, std::string& value);
+    bool ReadQuoted(std::string_view line, std::size_t& at, std::string_view& value);
 
     std::string_view rest_;
+    /// The values in quotes of this line, without them.
+    std::deque<std::string> unquoted_;
     std::size_t line_ = 0;
 };
 

@@ -113,6 +113,7 @@ bool Library::AddRows(LibraryReader& reader, LibraryFault& fault) {
         return false;
     }
     auto places = table.places;
+    places.reserve(places.size() + rows.size());
     for (std::size_t i = 0; i < rows.size(); ++i) {
         const std::string key = KeyOf(rows[i]);
         fault = {RowFault(rows[i]), reader.RowLines()[i], 1};

@@ -1,6 +1,7 @@
 #include "zt_db/library/library_reader.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 
 #include "velda_lib/msg_dll.h"
@@ -29,7 +30,7 @@ std::string LibraryReader::ReadKind() {
                                   {velda::FormatLong(version), velda::FormatLong(kLibraryVersion)}));
         return {};
     }
-    return values_[1];
+    return std::string(values_[1]);
 }
 
 bool LibraryReader::ReadTitles(const std::vector<std::string_view>& wanted) {

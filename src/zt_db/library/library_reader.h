@@ -1,6 +1,5 @@
 #pragma once
 
-#include <charconv>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -69,7 +68,7 @@ private:
     bool ReadValue(std::size_t wanted, ValueRule rule, double& value);
 
     CsvLines lines_;
-    std::vector<std::string> values_;
+    std::vector<std::string_view> values_;
     /// Where each wanted column stands in the file.
     std::vector<std::size_t> places_;
     std::size_t width_ = 0;

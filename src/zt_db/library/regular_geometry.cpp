@@ -43,20 +43,34 @@ double Cube(double x) { return x * x * x; }
 double Fourth(double x) { return x * x * x * x; }
 
 // Torsion of rolled sections: El Darwish and Johnston, Torsion of structural shapes, Journal of the Structural Division
-// 91, 1965; in SI form in SCI P363. Walls count with a third of length times cubed thickness; the circle that fits
-// into a junction adds to them; free ends take away. A tapered flange counts with the mean of its cubed thickness, and
-// with its thickness at the web in the junction.
+// 91, 1965; for parallel flanges in SI form in SCI P363. Walls count with a third of length times cubed thickness; the
+// circle that fits into a junction adds to them; free ends take away. The formulas for tapered flanges are for a slope
+// of 1 in 6; for a smaller slope they are mixed with those for parallel flanges.
 
-/// The mean of the cubed thickness of a flange.
-double FlangeCube(const Dimensions& d) { return Cube(d.tf) + d.tf * d.taper * d.taper / 4.0; }
+constexpr double kSteepSlope = 1.0 / 6.0;
 
-/// What the junction of a web with the middle of a flange adds.
-double TeeJunction(double web, double flange, double root) {
-    const double t = web / flange;
-    const double r = root / flange;
-    const double alpha = -0.042 + 0.2204 * t + 0.1355 * r - 0.0865 * r * t - 0.0725 * t * t;
-    const double circle = ((flange + root) * (flange + root) + (root + 0.25 * web) * web) / (2.0 * root + flange);
-    return std::max(0.0, alpha) * Fourth(circle);
+/// Rise of the inner face of a flange of which `overhangs` stand out from the web, by length.
+double SlopeOf(const Dimensions& d, double overhangs) { return d.taper * overhangs / (d.b - d.tw); }
+
+/// The mean of the cubed thickness of an overhang.
+double MeanCube(const Dimensions& d) { return Cube(d.tf) + d.tf * d.taper * d.taper / 4.0; }
+
+/// A flange across a web: its wall, its junction, and its free ends.
+double TeeFlange(const Dimensions& d) {
+    const double slope = SlopeOf(d, 2.0);
+    const double face = d.FlangeAtWeb();
+    const double t = d.tw / face;
+    const double r = d.root / face;
+    const double level = -0.042 + 0.2204 * t + 0.1355 * r - 0.0865 * r * t - 0.0725 * t * t;
+    const double steep = -0.0836 + 0.2536 * t + 0.1268 * r - 0.0806 * r * t - 0.0858 * t * t;
+    const double alpha = std::lerp(level, steep, std::min(1.0, slope / kSteepSlope));
+    // How far the fillet rises from the extended inner face.
+    const double rise = d.root * (std::sqrt(1.0 + slope * slope) - slope) - slope * d.tw / 2.0;
+    const double depth = std::max(0.0, rise) + face;
+    const double circle = (depth * depth + d.tw * (d.root + d.tw / 4.0)) / (depth + d.root);
+    const double ends = 0.10504 + 0.1 * slope + 0.0848 * slope * slope;
+    return ((d.b - d.tw) * MeanCube(d) + d.tw * Cube(face)) / 3.0 + std::max(0.0, alpha) * Fourth(circle) -
+           2.0 * ends * Fourth(d.FlangeEdge());
 }
 
 /// What the junction of a web with the end of a flange adds.
@@ -92,8 +106,7 @@ Geometry BuildH(const Dimensions& d) {
     const double low = d.tf / 2.0;
     const double high = d.h - low;
     geometry.walls = {{{0.0, low}, {0.0, high}, d.tw}, {{-y, low}, {y, low}, d.tf}, {{-y, high}, {y, high}, d.tf}};
-    geometry.torsion = (2.0 * d.b * FlangeCube(d) + (d.h - 2.0 * d.tf) * Cube(d.tw)) / 3.0 +
-                       2.0 * TeeJunction(d.tw, d.FlangeAtWeb(), d.root) - 0.42 * Fourth(d.FlangeEdge());
+    geometry.torsion = 2.0 * TeeFlange(d) + (d.h - 2.0 * d.FlangeAtWeb()) * Cube(d.tw) / 3.0;
     return geometry;
 }
 
@@ -110,9 +123,7 @@ Geometry BuildT(const Dimensions& d) {
     geometry.parts = {RoundedOutline(corners)};
     const double middle = d.h - d.tf / 2.0;
     geometry.walls = {{{0.0, 0.0}, {0.0, middle}, d.tw}, {{-y, middle}, {y, middle}, d.tf}};
-    geometry.torsion = (d.b * FlangeCube(d) + (d.h - d.tf) * Cube(d.tw)) / 3.0 +
-                       TeeJunction(d.tw, d.FlangeAtWeb(), d.root) - 0.21 * Fourth(d.FlangeEdge()) -
-                       0.105 * Fourth(d.tw);
+    geometry.torsion = TeeFlange(d) + (d.h - d.FlangeAtWeb()) * Cube(d.tw) / 3.0 - 0.105 * Fourth(d.tw);
     return geometry;
 }
 
@@ -136,8 +147,8 @@ Geometry BuildC(const Dimensions& d) {
     const double high = d.h - low;
     geometry.walls = {
         {{web, low}, {web, high}, d.tw}, {{web, low}, {d.b, low}, d.tf}, {{web, high}, {d.b, high}, d.tf}};
-    geometry.torsion = (2.0 * d.b * FlangeCube(d) + (d.h - 2.0 * d.tf) * Cube(d.tw)) / 3.0 +
-                       2.0 * CornerJunction(d.tw, d.FlangeAtWeb(), d.root) - 0.42 * Fourth(d.FlangeEdge());
+    geometry.torsion = (2.0 * d.b * MeanCube(d) + (d.h - 2.0 * d.tf) * Cube(d.tw)) / 3.0 +
+                       2.0 * CornerJunction(d.tw, d.tf, d.root) - 0.42 * Fourth(d.tf);
     return geometry;
 }
 

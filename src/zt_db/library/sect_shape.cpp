@@ -16,7 +16,7 @@ constexpr std::array<RegularShape, 12> kRegular{{
     {"B", "Box", "Box Section", {{{0}, {1}, {2}, {3}, {6, 4}, {7}, {}, {}}}},
     {"P", "Pipe", "Pipe Section", {{{0}, {0}, {1}, {1}, {}, {}, {}, {}}}},
     {"2L", "Double Angle", "2L-Section", {{{0}, {1}, {2}, {3}, {6}, {7}, {4}, {}}}},
-    {"2C", "Double Channel", "2C-Section", {{{0}, {1}, {2}, {3}, {4}, {}, {6, 5}, {8}}}},
+    {"2C", "Double Channel", "2C-Section", {{{0}, {1}, {2}, {3}, {4}, {7}, {6, 5}, {8}}}},
     {"SB", "Solid Box", "Solid Rectangle", {{{0}, {1}, {}, {}, {}, {}, {}, {}}}},
     {"SR", "Solid Round", "Round Bar", {{{0}, {0}, {}, {}, {}, {}, {}, {}}}},
     {"CC", "Cold Formed Channel", "Lipped Channel", {{{0}, {1}, {3}, {2}, {4}, {}, {}, {}}}},
