@@ -1,11 +1,11 @@
 #include <algorithm>
 #include <cmath>
 
-#include "test_support.h"
 #include "velda_lib/language.h"
 #include "velda_lib/msg_dll.h"
 #include "zt_db/library/library.h"
 #include "zt_db/library/matl_db.h"
+#include "zt_db/test_support.h"
 #include <gmock/gmock.h>
 
 namespace zt {
