@@ -93,6 +93,54 @@ std::span<const GaussPoint> GaussPoints(double band, double depth) {
     return kThreePoints;
 }
 
+/// Shear area of a part of a section that is one.
+double WholeShearArea(std::span<const Outline> parts, BendingAxis axis) {
+    const PlaneMoments moments = MomentsOf(parts);
+    const std::vector<Edge> edges = EdgesOf(parts, axis);
+    const std::vector<double> levels = LevelsOf(edges);
+    const double centroid = axis == BendingAxis::Y ? moments.centroid.z : moments.centroid.y;
+    const double inertia = axis == BendingAxis::Y ? moments.iyy : moments.izz;
+    const double least = (levels.back() - levels.front()) * 1e-9;
+    double sum = 0.0;
+    for (std::size_t i = 1; i < levels.size(); ++i) {
+        const double half = (levels[i] - levels[i - 1]) / 2.0;
+        for (const GaussPoint& point : GaussPoints(2.0 * half, levels.back() - levels.front())) {
+            const double level = levels[i - 1] + half * (1.0 + point.at);
+            const Above above = AboveLevel(edges, level);
+            const double moment = above.moment + above.area * (level - centroid);
+            if (above.width > least) sum += point.weight * half * moment * moment / above.width;
+        }
+    }
+    return sum > 0.0 ? inertia * inertia / sum : 0.0;
+}
+
+/// The stretch of an axis that something takes, and the outlines within.
+struct Stretch {
+    double low;
+    double high;
+    std::vector<Outline> parts;
+};
+
+/// Outlines by where gaps part them along an axis. What touches is one.
+std::vector<Stretch> PartedByGaps(std::span<const Outline> parts, BendingAxis axis) {
+    std::vector<Stretch> stretches;
+    for (const Outline& part : parts) {
+        const SectionBounds& bounds = part.bounds;
+        Stretch whole = axis == BendingAxis::Y ? Stretch{bounds.bottom, bounds.top, {part}}
+                                               : Stretch{bounds.left, bounds.right, {part}};
+        const double nearness = (whole.high - whole.low) * 1e-9;
+        std::erase_if(stretches, [&](const Stretch& other) {
+            if (other.low > whole.high + nearness || whole.low > other.high + nearness) return false;
+            whole.low = std::min(whole.low, other.low);
+            whole.high = std::max(whole.high, other.high);
+            whole.parts.insert(whole.parts.end(), other.parts.begin(), other.parts.end());
+            return true;
+        });
+        stretches.push_back(std::move(whole));
+    }
+    return stretches;
+}
+
 }  // namespace
 
 PlaneMoments MomentsOf(std::span<const Outline> parts) {
@@ -143,23 +191,10 @@ double PlasticModulus(std::span<const Outline> parts, BendingAxis axis) {
     return 2.0 * AboveLevel(edges, cut).moment - allAboutCut;
 }
 
-double ShearArea(std::span<const Outline> parts, BendingAxis axis, const PlaneMoments& moments) {
-    const std::vector<Edge> edges = EdgesOf(parts, axis);
-    const std::vector<double> levels = LevelsOf(edges);
-    const double centroid = axis == BendingAxis::Y ? moments.centroid.z : moments.centroid.y;
-    const double inertia = axis == BendingAxis::Y ? moments.iyy : moments.izz;
-    const double least = (levels.back() - levels.front()) * 1e-9;
-    double sum = 0.0;
-    for (std::size_t i = 1; i < levels.size(); ++i) {
-        const double half = (levels[i] - levels[i - 1]) / 2.0;
-        for (const GaussPoint& point : GaussPoints(2.0 * half, levels.back() - levels.front())) {
-            const double level = levels[i - 1] + half * (1.0 + point.at);
-            const Above above = AboveLevel(edges, level);
-            const double moment = above.moment + above.area * (level - centroid);
-            if (above.width > least) sum += point.weight * half * moment * moment / above.width;
-        }
-    }
-    return sum > 0.0 ? inertia * inertia / sum : 0.0;
+double ShearArea(std::span<const Outline> parts, BendingAxis axis) {
+    double area = 0.0;
+    for (const Stretch& stretch : PartedByGaps(parts, axis)) area += WholeShearArea(stretch.parts, axis);
+    return area;
 }
 
 }  // namespace zt

@@ -27,8 +27,8 @@ enum class BendingAxis { Y, Z };
 double PlasticModulus(std::span<const Outline> parts, BendingAxis axis);
 
 /// Shear area for shear across an axis of bending, area over form factor: I2 / integral of (Q2 / b). Gere and
-/// Timoshenko, Mechanics of Materials, chapter on the deflection of beams by shear. Where nothing joins two parts of a
-/// section nothing is counted.
-double ShearArea(std::span<const Outline> parts, BendingAxis axis, const PlaneMoments& moments);
+/// Timoshenko, Mechanics of Materials, chapter on the deflection of beams by shear. Parts with a gap between them,
+/// across which nothing carries the shear, count each for itself.
+double ShearArea(std::span<const Outline> parts, BendingAxis axis);
 
 }  // namespace zt

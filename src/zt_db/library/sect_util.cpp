@@ -70,8 +70,8 @@ T_SECT_STIFFNESS CSectUtil::GetProperStiffPosition(const T_SECT_D& section, int)
     if (!geometry) return {};
     const PlaneMoments moments = MomentsOf(geometry->parts);
     return {moments.area,
-            ShearArea(geometry->parts, BendingAxis::Z, moments),
-            ShearArea(geometry->parts, BendingAxis::Y, moments),
+            ShearArea(geometry->parts, BendingAxis::Z),
+            ShearArea(geometry->parts, BendingAxis::Y),
             geometry->torsion,
             moments.iyy,
             moments.izz};

@@ -19,8 +19,7 @@ struct Deviation {
 };
 
 constexpr Deviation kDeviations[] = {
-    // Published figures of light angles and channels are rounded to two digits.
-    {"EN", "L", "", 1.4, 3.3, 5.0},
+    {"EN", "L", "", 0.5, 1.4, 1.0},
     {"EN", "H", "HEA", 0.1, 0.1, 4.3},
     {"EN", "H", "HD", 0.1, 0.1, 4.3},
     {"EN", "H", "HL", 1.0, 0.2, 2.6},
@@ -30,7 +29,7 @@ constexpr Deviation kDeviations[] = {
     {"EN", "P", "", 0.35, 0.1, 0.1},
     // The flange thickness is that at the gauge of the standard, not in the middle of the overhang.
     {"EN", "C", "UPN", 2.0, 2.6, 0.0},
-    {"EN", "C", "", 0.3, 0.5, 0.1},
+    {"EN", "C", "", 0.3, 0.6, 0.1},
     {"BS", "H", "", 0.5, 1.3, 2.0},
     {"BS", "C", "", 0.5, 0.5, 0.5},
     {"BS", "T", "", 0.5, 0.5, 0.5},
