@@ -86,7 +86,8 @@ constexpr Group kGroups[] = {
 int PrintLibrary(const std::vector<std::string>& words) {
     const std::filesystem::path folder = velda::ConfigFolder();
     if (!folder.empty()) {
-        for (const std::string& reason : zt::Library::UseFolder(folder / "library")) std::cerr << reason << '\n';
+        for (const std::string& reason : zt::Library::UseFolder(folder / zt::kOwnLibraryFolder))
+            std::cerr << reason << '\n';
     }
     const auto library = zt::Library::Current();
     if (words.empty()) {

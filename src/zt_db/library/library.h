@@ -14,6 +14,9 @@
 
 namespace zt {
 
+/// The folder of a user's own library files, in the folder of the settings of the program.
+inline constexpr const char* kOwnLibraryFolder = "library";
+
 /// The library of materials, sections, bars, bolts and plates. The tables that come with the program are read when
 /// they are first asked for; a user may have files of his own in the same form. A library never changes: a new one
 /// takes its place, and who holds the old one keeps it. All operations may be called from any thread.
