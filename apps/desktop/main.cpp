@@ -13,6 +13,8 @@
 #include "desktop/tour/tour.h"
 #include "desktop/window/main_window.h"
 #include "velda_lib/language.h"
+#include "velda_util/pref/config_folder.h"
+#include "zt_db/library/library.h"
 #include "zt_db/sample/sample_building.h"
 #include "zt_tb/model/table_kinds.h"
 #include "zt_tb/model/tb_pre_view.h"
@@ -34,6 +36,12 @@ std::unique_ptr<zt::CDBDoc> OpenModel(const std::string& path) {
     auto doc = zt::CDBDoc::Open(path, zt::OpenMode::Normal, report);
     if (!report.message.empty()) std::cerr << report.message << '\n';
     return doc;
+}
+
+/// Brings the user's own library files into use. Returns what is wrong with them.
+std::vector<std::string> UseOwnLibrary() {
+    const std::filesystem::path folder = velda::ConfigFolder();
+    return folder.empty() ? std::vector<std::string>() : zt::Library::UseFolder(folder / zt::kOwnLibraryFolder);
 }
 
 /// The theme of an option, or without one that which the user chose last.
@@ -84,6 +92,7 @@ int main(int count, char** arguments) {
     const auto known = velda::LanguageOfCode(zt::FromQt(parser.value(language)));
     if (known) velda::SetCurrentLanguage(*known);
     if (parser.isSet(tour)) return zt::TakeTour(application, parser.value(tour)) ? 0 : 1;
+    const std::vector<std::string> libraryFaults = UseOwnLibrary();
     zt::UseTheme(application, ThemeOf(parser.value(theme)));
     const QStringList models = parser.positionalArguments();
     auto doc = parser.isSet(sample) ? SampleModel(zt::FromQt(parser.value(sample)))
@@ -105,6 +114,7 @@ int main(int count, char** arguments) {
     const QStringList extent = parser.value(size).split(QLatin1Char('x'));
     if (extent.size() == 2) window.resize(extent[0].toInt(), extent[1].toInt());
     window.show();
+    for (const std::string& fault : libraryFaults) window.ShowMessage(zt::ToQt(fault));
     ShowLook(window, parser.value(look).split(QLatin1Char(',')));
     if (parser.isSet(screenshot)) {
         QTimer::singleShot(100, &window,

@@ -50,14 +50,41 @@ private:
 };
 
 TEST_F(ZtsTest, WrongWordsGetTheUsageAndStatusTwo) {
-    for (const char* words :
-         {"", "nonsense", "info", "info a b", "script", "HELP", "export", "export model", "export --out a.csv",
-          "export model --out", "export model --out a.csv --out b.csv", "export model --kind x --out a.csv"}) {
+    for (const char* words : {"", "nonsense", "info", "info a b", "script", "HELP", "export", "export model",
+                              "export --out a.csv", "export model --out", "export model --out a.csv --out b.csv",
+                              "export model --kind x --out a.csv", "library doors", "library sections a b"}) {
         const Result result = Zts(words);
         EXPECT_EQ(result.status, 2) << words;
         EXPECT_EQ(result.output, "") << words;
         EXPECT_THAT(result.errors, StartsWith("zts info FILE")) << words;
     }
+}
+
+TEST_F(ZtsTest, LibraryPrintsRowsThatHoldAText) {
+    const Result found = Zts("library sections 'ipe 300'");
+    EXPECT_EQ(found.status, 0);
+    EXPECT_THAT(found.output, StartsWith("standard\tname\tshape\t"));
+    EXPECT_THAT(found.output, HasSubstr("EN\tIPE300\tH\tIPE\t300\t150\t7.1\t10.7\t"));
+    EXPECT_EQ(found.output.find("IPE400"), std::string::npos);
+    EXPECT_THAT(Zts("library materials ss275").output, HasSubstr("KDS 14 31 05\tSS275\t"));
+    EXPECT_THAT(Zts("library bars").output, HasSubstr("\nname\tspacing_mm\n@50\t50\n"));
+    EXPECT_THAT(Zts("library").output, HasSubstr("sections\t6608\n"));
+    const Result none = Zts("library plates nothing");
+    EXPECT_EQ(none.status, 1);
+    EXPECT_EQ(none.output, "");
+}
+
+TEST_F(ZtsTest, LibraryHasTheFilesOfTheUser) {
+    const std::filesystem::path folder = File("settings") / "zt_tb" / "library";
+    std::filesystem::create_directories(folder);
+    std::ofstream(folder / "a.csv") << "zt-library,plates,1\nstandard,thickness_mm,mass_kg_per_m2,checked\nOwn,7,,\n";
+    std::ofstream(folder / "b.csv") << "zt-library,plates,9\n";
+    ASSERT_EQ(::setenv("XDG_CONFIG_HOME", File("settings").c_str(), 1), 0);
+    const Result result = Zts("library plates own");
+    ::unsetenv("XDG_CONFIG_HOME");
+    EXPECT_EQ(result.status, 0);
+    EXPECT_THAT(result.output, HasSubstr("Own\t7\t"));
+    EXPECT_THAT(result.errors, HasSubstr("b.csv, line 1, column 3: "));
 }
 
 TEST_F(ZtsTest, ExportWritesTheTablesThatAreNamed) {
