@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <utility>
 
 #include "zt_db/library/plane_integrals.h"
 #include "zt_db/library/sect_shape.h"
@@ -108,6 +109,11 @@ double CSectUtil::GetStandForPeriOut(const T_SECT_D& section) {
 double CSectUtil::GetStandForPeriIn(const T_SECT_D& section) {
     const auto geometry = GeometryOf(section);
     return geometry ? PerimeterOf(geometry->parts, OutlineSide::Inner) : 0.0;
+}
+
+std::vector<Outline> CSectUtil::GetOutlines(const T_SECT_D& section) {
+    auto geometry = GeometryOf(section);
+    return geometry ? std::move(geometry->parts) : std::vector<Outline>();
 }
 
 double CSectUtil::GetStandForYBar(const T_SECT_D& section) {

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "zt_db/library/outline.h"
 #include "zt_db/records/sect.h"
 
 namespace zt {
@@ -35,6 +36,8 @@ public:
     /// Lengths of the outer outline and of the outlines of the holes.
     static double GetStandForPeriOut(const T_SECT_D& section);
     static double GetStandForPeriIn(const T_SECT_D& section);
+    /// The outlines that the properties are computed from; none for a section by values.
+    static std::vector<Outline> GetOutlines(const T_SECT_D& section);
     /// Distances of the centroid from the left and from the lower edge.
     static double GetStandForYBar(const T_SECT_D& section);
     static double GetStandForZBar(const T_SECT_D& section);

@@ -25,6 +25,9 @@ struct TableDeclaration {
     std::string_view dialog{};
     /// Default texts behind those of the columns.
     std::vector<std::string_view> moreDefaults{};
+    /// What a row that is read again has from its record before its cells are read: what no cell tells, or not wholly.
+    /// Null where the cells tell all.
+    void (*keep)(const R& stored, R& record) = nullptr;
 };
 
 /// The skeleton of all tables whose rows are the records of one class: fills rows from records, reads rows into
@@ -148,8 +151,9 @@ public:
     }
     int ModifyRecord(int row) override {
         if (!CanSaveData()) return 0;
-        const Row read = ReadRow(row);
-        return class_ ? TrModify({KeyOfText(GetKeyStringBeforeEdit(row))}, {read.key}, {read.record}) : 0;
+        const std::uint32_t oldKey = KeyOfText(GetKeyStringBeforeEdit(row));
+        const Row read = ReadRow(row, oldKey);
+        return class_ ? TrModify({oldKey}, {read.key}, {read.record}) : 0;
     }
 
     bool NewPasteRecord(const RowTexts& rowTexts, const ColumnMap& columnMap, KeyPointers& keys,
@@ -174,6 +178,7 @@ public:
         if (!ValidateRowComplete(rowTexts, columnMap)) return 0;
         const RowTextsView texts{rowTexts, columnMap};
         Row row{key, record};
+        Keep(KeyOfText(texts[GetKeyColID()]), row.record);
         for (velda::ColumnId id = 0; id < GetInitialColCount(); ++id) ReadCell(id, texts[id], row);
         key = row.key;
         record = std::move(row.record);
@@ -298,10 +303,12 @@ protected:
         return db && db->GetViewCtrl()->IsExistPont(key);
     }
 
-    /// The row as a record, formulas replaced by their values.
-    Row ReadRow(int row) const {
+    /// The row as a record, formulas replaced by their values. The key is that of the record that the row stands for; 0
+    /// for a new one.
+    Row ReadRow(int row, std::uint32_t storedKey = 0) const {
         Row read;
         read.record.Initialize();
+        Keep(storedKey, read.record);
         for (velda::ColumnId id = 0; id < GetInitialColCount(); ++id) {
             std::string text = GetValueRowCol(row, PositionOfColumn(id));
             ConvertFormulaToValue(id, text);
@@ -438,6 +445,10 @@ private:
         return !column.options.required || column.options.required(static_cast<const Table&>(*this), texts);
     }
 
+    void Keep(std::uint32_t storedKey, Record& record) const {
+        Record stored;
+        if (Declared().keep && class_ && class_->Get(storedKey, stored)) Declared().keep(stored, record);
+    }
     std::string CellText(velda::ColumnId id, const Row& row) const {
         std::string text;
         CellSink cell(text);

@@ -190,25 +190,28 @@ struct Declare {
     template <auto Member>
     static Column Story(std::string_view title, Options options = {}) {
         options.follows = &CTBCommonWnd::ChangesStories;
-        return {
-            title, velda::ColumnType::String,
-            [](const Table&, const Row& row, CellSink& cell) {
-                cell.Text(CTBCommonWnd::GetStorName(row.record.*Member));
-            },
-            [](const Table&, std::string_view text, Row& row) { row.record.*Member = CTBCommonWnd::GetStorKey(text); },
-            options};
+        return {title, velda::ColumnType::String,
+                [](const Table&, const Row& row, CellSink& cell) {
+                    cell.Text(CTBCommonWnd::GetStorName(row.record.*Member));
+                },
+                &ReadName<Member, &CTBCommonWnd::GetStorName, &CTBCommonWnd::GetStorKey>, options};
     }
     /// A static load case by its name.
     template <auto Member>
     static Column LoadCase(std::string_view title, Options options = {}) {
         options.follows = &CTBCommonWnd::ChangesLoadCases;
-        return {
-            title, velda::ColumnType::String,
-            [](const Table&, const Row& row, CellSink& cell) {
-                cell.Text(CTBCommonWnd::GetStldName(row.record.*Member));
-            },
-            [](const Table&, std::string_view text, Row& row) { row.record.*Member = CTBCommonWnd::GetStldKey(text); },
-            options};
+        return {title, velda::ColumnType::String,
+                [](const Table&, const Row& row, CellSink& cell) {
+                    cell.Text(CTBCommonWnd::GetStldName(row.record.*Member));
+                },
+                &ReadName<Member, &CTBCommonWnd::GetStldName, &CTBCommonWnd::GetStldKey>, options};
+    }
+
+private:
+    /// Several records may have one name: a key whose name is the text stays.
+    template <auto Member, std::string (*NameOf)(std::uint32_t), std::uint32_t (*KeyOf)(std::string_view)>
+    static void ReadName(const Table&, std::string_view text, Row& row) {
+        if (NameOf(row.record.*Member) != text) row.record.*Member = KeyOf(text);
     }
 };
 

@@ -42,18 +42,21 @@ void ReadBeta(const CTBMemb&, std::string_view text, Row& row) {
     if (row.record.type != MembType::Wall) row.record.beta = velda::wtof(text);
 }
 
-void ShowNodes(const CTBMemb&, const Row& row, CellSink& cell) {
+std::string NodesText(const std::vector<std::uint32_t>& keys) {
     const auto* nodes = CTBCommonWnd::GetRecords<CClassPont>();
     std::string text;
-    for (const std::uint32_t key : row.record.nodes) {
+    for (const std::uint32_t key : keys) {
         const std::uint32_t no = nodes ? nodes->GetPontNoByKey(key) : 0;
         if (no != 0) text += (text.empty() ? "" : " ") + velda::FormatLong(no);
     }
-    cell.Text(text);
+    return text;
 }
+void ShowNodes(const CTBMemb&, const Row& row, CellSink& cell) { cell.Text(NodesText(row.record.nodes)); }
 void ReadNodes(const CTBMemb&, std::string_view text, Row& row) {
     const auto* nodes = CTBCommonWnd::GetRecords<CClassPont>();
     std::vector<std::uint32_t> numbers;
+    // A list of numbers has no repetitions: nodes that come twice, as in a closed line, stay as they are.
+    if (text == NodesText(row.record.nodes)) return;
     if (!nodes || !velda::CStrParser::GetNodeList(text, numbers)) return;
     row.record.nodes.clear();
     for (const std::uint32_t no : numbers) row.record.nodes.push_back(nodes->GetPontKeyByNo(no));
@@ -174,6 +177,11 @@ const CTBMemb::Declaration& CTBMemb::Declared() {
                  {.state = CellState::Disabled, .required = &IsSlab, .rowStyle = &EnableFor<MembType::Slab>}},
             },
         .sort = {{kNumber, 0, 0}},
+        .keep =
+            [](const T_MEMB_D& stored, T_MEMB_D& member) {
+                member.story = stored.story;
+                member.nodes = stored.nodes;
+            },
     };
     return declaration;
 }

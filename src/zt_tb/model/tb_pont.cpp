@@ -98,6 +98,11 @@ const CTBPont::Declaration& CTBPont::Declared() {
                     "IDS_TB_PONT_Plan_No", {.state = CellState::Disabled, .hidden = true, .check = CellCheck::None}),
             },
         .sort = {{kLevel, 0, 0}, {kNumber, 0, 0}},
+        .keep =
+            [](const T_PONT_D& stored, T_PONT_D& node) {
+                node.name = stored.name;
+                node.story = stored.story;
+            },
     };
     return declaration;
 }

@@ -1,0 +1,167 @@
+#include "zt_cmd/matl_dialog.h"
+
+#include <algorithm>
+
+#include "zt_db/library/matl_db.h"
+
+namespace zt {
+namespace {
+
+using Kind = PropertyField::Kind;
+using MatlField = CModelPropMatlDlg::Field;
+
+std::string Word(std::string_view key) { return velda::CMsgDll::pfuncLoadStr(key, 0); }
+
+/// The types of materials, as records keep them and as they are called.
+struct TypeEntry {
+    std::string_view type;
+    std::string_view name;
+};
+constexpr TypeEntry kTypes[] = {{"S", "Steel"}, {"C", "RC"}, {"SRC", "SRC"}, {"U", "User Defined"}};
+constexpr std::string_view kComposite = "SRC";
+
+std::string NameOfType(const std::string& type) {
+    const auto* found =
+        std::find_if(std::begin(kTypes), std::end(kTypes), [&](const auto& e) { return e.type == type; });
+    return found == std::end(kTypes) ? std::string() : std::string(found->name);
+}
+
+std::string NoCode() { return Word("IDS_TB_MATL_None"); }
+bool HasCode(const T_MATL_ANALYSIS& group) { return !group.code.empty() && group.code != NoCode(); }
+
+/// Takes the figures of a grade over; an unknown one leaves them.
+void FillFromLibrary(T_MATL_ANALYSIS& group) {
+    const auto take = [&](const auto& grade) {
+        group.elasticity = grade.elasticity;
+        group.poisson = grade.poisson;
+        group.thermal = grade.thermal;
+        group.density = grade.density;
+    };
+    SteelGrade steel;
+    ConcreteGrade concrete;
+    std::string type;
+    CMatlDB::GetMatlType(group.code, type);
+    if (type == "S" && CMatlDB::GetSteelData(group.code, group.codeName, steel)) take(steel);
+    if (type == "C" && CMatlDB::GetConcreteData(group.code, group.codeName, concrete)) take(concrete);
+}
+
+/// The codes that a group of a material can have: steel for the first group of a composite, concrete for the second.
+template <std::size_t Group>
+std::vector<std::string> Codes(const T_MATL_D& material) {
+    std::vector<std::string> codes;
+    const std::string type = material.type == kComposite ? (Group == 0 ? "S" : "C") : material.type;
+    CMatlDB::GetMatlCodeList(type, "S", codes);
+    codes.insert(codes.begin(), NoCode());
+    return codes;
+}
+
+template <std::size_t Group>
+std::vector<std::string> Grades(const T_MATL_D& material) {
+    std::vector<std::string> names;
+    std::string type;
+    const std::string& code = material.analysis[Group].code;
+    CMatlDB::GetMatlType(code, type);
+    if (type == "S") CMatlDB::GetSteelNameList(code, names);
+    if (type == "C") CMatlDB::GetConcreteNameList(code, names);
+    return names;
+}
+
+template <std::size_t Group>
+bool IsUsed(const T_MATL_D& material) {
+    return Group == 0 || material.type == kComposite;
+}
+template <std::size_t Group>
+bool IsOwn(const T_MATL_D& material) {
+    return IsUsed<Group>(material) && !HasCode(material.analysis[Group]);
+}
+template <std::size_t Group>
+bool IsOfCode(const T_MATL_D& material) {
+    return IsUsed<Group>(material) && HasCode(material.analysis[Group]);
+}
+
+template <std::size_t Group>
+void ChooseGrade(T_MATL_D& material, const std::string& name) {
+    T_MATL_ANALYSIS& group = material.analysis[Group];
+    group.codeName = name;
+    FillFromLibrary(group);
+    if (material.name.empty()) material.name = name;
+}
+
+template <std::size_t Group>
+void ChooseCode(T_MATL_D& material, const std::string& code) {
+    material.analysis[Group].code = code == NoCode() ? std::string() : code;
+    const std::vector<std::string> grades = Grades<Group>(material);
+    ChooseGrade<Group>(material, grades.empty() ? std::string() : grades.front());
+}
+
+void ChooseType(T_MATL_D& material, const std::string& name) {
+    for (const TypeEntry& entry : kTypes) {
+        if (entry.name == name) material.type = entry.type;
+    }
+    material.analysis = {};
+}
+
+template <std::size_t Group, auto Member>
+MatlField Figure(std::string_view labelKey, int unit = Unit::None) {
+    return {labelKey,
+            Kind::Number,
+            unit,
+            [](const T_MATL_D& material) { return velda::FormatDouble(material.analysis[Group].*Member); },
+            [](T_MATL_D& material, const std::string& text) { material.analysis[Group].*Member = velda::wtof(text); },
+            nullptr,
+            &IsOwn<Group>};
+}
+
+template <std::size_t Group>
+void AppendGroup(std::vector<MatlField>& fields) {
+    fields.insert(fields.end(),
+                  {{Group == 0 ? "IDS_CMD_MATL_CODE1" : "IDS_CMD_MATL_CODE2", Kind::Choice, Unit::None,
+                    [](const T_MATL_D& material) {
+                        return HasCode(material.analysis[Group]) ? material.analysis[Group].code : NoCode();
+                    },
+                    &ChooseCode<Group>, &Codes<Group>, &IsUsed<Group>},
+                   {"IDS_CMD_MATL_GRADE", Kind::Choice, Unit::None,
+                    [](const T_MATL_D& material) { return material.analysis[Group].codeName; }, &ChooseGrade<Group>,
+                    &Grades<Group>, &IsOfCode<Group>},
+                   Figure<Group, &T_MATL_ANALYSIS::elasticity>("IDS_CMD_MATL_ELASTICITY"),
+                   Figure<Group, &T_MATL_ANALYSIS::poisson>("IDS_CMD_MATL_POISSON"),
+                   Figure<Group, &T_MATL_ANALYSIS::thermal>("IDS_CMD_MATL_THERMAL", T_MATL_ANALYSIS::unit[2]),
+                   Figure<Group, &T_MATL_ANALYSIS::density>("IDS_CMD_MATL_DENSITY")});
+}
+
+}  // namespace
+
+std::string CModelPropMatlDlg::GetTitle() const { return Word("IDS_CMD_MATL_TITLE"); }
+
+std::vector<MatlField> CModelPropMatlDlg::Declared() const {
+    std::vector<MatlField> fields{
+        {"IDS_CMD_NAME", Kind::Text, Unit::None, [](const T_MATL_D& material) { return material.name; },
+         [](T_MATL_D& material, const std::string& text) { material.name = text; }},
+        {"IDS_CMD_MATL_TYPE", Kind::Choice, Unit::None,
+         [](const T_MATL_D& material) { return NameOfType(material.type); }, &ChooseType,
+         [](const T_MATL_D&) {
+             std::vector<std::string> names;
+             for (const TypeEntry& entry : kTypes) names.emplace_back(entry.name);
+             return names;
+         }},
+    };
+    AppendGroup<0>(fields);
+    AppendGroup<1>(fields);
+    fields.push_back({"IDS_CMD_MATL_DAMPING", Kind::Number, Unit::None,
+                      [](const T_MATL_D& material) { return velda::FormatDouble(material.dampingRatio); },
+                      [](T_MATL_D& material, const std::string& text) { material.dampingRatio = velda::wtof(text); }});
+    return fields;
+}
+
+velda::Outcome CModelPropMatlDlg::CheckRecord() const {
+    const T_MATL_D& material = Edited();
+    if (material.type.empty()) return velda::Outcome::Refused(Word("IDS_CMD_MATL_NO_TYPE"));
+    const std::size_t groups = material.type == kComposite ? 2 : 1;
+    for (std::size_t group = 0; group < groups; ++group) {
+        if (material.analysis[group].elasticity <= 0.0)
+            return velda::Outcome::Refused(Word("IDS_CMD_MATL_NO_STIFFNESS"));
+    }
+    return velda::Outcome::Done();
+}
+
+}  // namespace zt
