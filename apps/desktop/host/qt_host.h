@@ -12,6 +12,7 @@
 #include "desktop/host/qt_progress.h"
 #include "desktop/host/qt_wait_cursor.h"
 #include "velda_base/host/application_host.h"
+#include "zt_cmd/cmd_dialogs.h"
 
 namespace zt {
 
@@ -26,7 +27,7 @@ public:
     velda::IModalDialogs& GetDialogs() override { return dialogs_; }
     velda::IFrames& GetFrames() override { return frames_; }
     velda::IPrinter& GetPrinter() override { return *printer_; }
-    velda::ICmdDialog* GetCmdDialog() override { return nullptr; }
+    velda::ICmdDialog* GetCmdDialog() override { return &properties_; }
     velda::IGraphView* GetGraphView() override { return graphs_; }
     velda::I_ModelBase* GetModel() override { return nullptr; }
     velda::I_MainFrameBase* GetMainFrame() override { return mainFrame_; }
@@ -48,6 +49,7 @@ private:
     QtClipboard clipboard_;
     QtMenus menus_;
     QtDialogs dialogs_;
+    CmdDialogs properties_;
     QtFrames frames_;
     NoPrinter noPrinter_;
     velda::IPrinter* printer_ = &noPrinter_;

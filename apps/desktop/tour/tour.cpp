@@ -17,6 +17,7 @@
 #include "desktop/print/qt_printer.h"
 #include "desktop/window/main_window.h"
 #include "desktop/window/theme.h"
+#include "velda_base/host/cmd_dialog.h"
 #include "velda_base/host/headless_host.h"
 #include "velda_lib/language.h"
 #include "velda_util/pref/table_registry.h"
@@ -152,6 +153,11 @@ void TourEditing(Album& album) {
         CTBDisplayDlg dialog({});
         velda::DoModal(dialog);
     });
+    for (const auto& [name, dialog] :
+         {std::pair("materials", "CModelPropMatlDlg"), std::pair("sections", "CCMSectItemDlg"),
+          std::pair("thicknesses", "CModelPropThikDlg")}) {
+        AddDialog(album, name, [&] { velda::ICmdDialog::Instance()->DoModal3(dialog, 1, nullptr, nullptr); });
+    }
     stage.window->ToggleFilter();
     stage.window->OpenFind();
     album.Add("filter-and-find", *stage.window);

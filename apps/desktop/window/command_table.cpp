@@ -13,6 +13,11 @@ constexpr bool kNoBar = false;
 constexpr bool kEnd = true;
 constexpr bool kGoOn = false;
 
+/// Names of the property dialogs.
+constexpr char kMaterials[] = "CModelPropMatlDlg";
+constexpr char kSections[] = "CCMSectItemDlg";
+constexpr char kThicknesses[] = "CModelPropThikDlg";
+
 template <int id>
 constexpr auto kRun = &MainWindow::RunViewCommand<id>;
 template <int id>
@@ -51,7 +56,11 @@ constexpr WindowCommand kCommands[] = {
     {"split", M::View, "IDS_DESKTOP_SPLIT", "Ctrl+\\", "split", kBar, kGoOn, &W::Split, &W::CanSplit},
     {"dock", M::View, "IDS_DESKTOP_DOCK", "Ctrl+Shift+D", "", kNoBar, kEnd, &W::Dock, &W::CanDock},
 
-    {"properties", M::Table, "IDS_DESKTOP_PROPERTIES", "Ctrl+Shift+P", "table", kBar, kEnd, &W::OpenProperties,
+    {"properties", M::Table, "IDS_DESKTOP_PROPERTIES", "Ctrl+Shift+P", "table", kBar, kGoOn, &W::OpenProperties,
+     &W::Always},
+    {"materials", M::Table, "IDS_DESKTOP_DIALOG_MATL", "", "", kNoBar, kGoOn, &W::OpenDialog<kMaterials>, &W::Always},
+    {"sections", M::Table, "IDS_DESKTOP_DIALOG_SECT", "", "", kNoBar, kGoOn, &W::OpenDialog<kSections>, &W::Always},
+    {"thicknesses", M::Table, "IDS_DESKTOP_DIALOG_THIK", "", "", kNoBar, kEnd, &W::OpenDialog<kThicknesses>,
      &W::Always},
     {"filter", M::Table, "IDS_DESKTOP_FILTER_ROW", "Ctrl+Shift+L", "filter", kBar, kGoOn, &W::ToggleFilter,
      &W::HasTable},

@@ -10,6 +10,7 @@
 
 #include "desktop/grid/qt_text.h"
 #include "desktop/window/open_rows.h"
+#include "velda_base/host/cmd_dialog.h"
 #include "velda_base/host/wait_cursor.h"
 #include "zt_tb/model/tb_prop_view.h"
 
@@ -203,6 +204,11 @@ void MainWindow::OpenProperties() {
     const auto found = std::find_if(tables.begin(), tables.end(),
                                     [](const CTBPropView::TableEntry& entry) { return entry.make != nullptr; });
     OpenTable({true, found == tables.end() ? CTBPropView::kMaterial : found->kind});
+}
+
+void MainWindow::RunDialog(std::string_view name) {
+    velda::ICmdDialog* dialogs = velda::ICmdDialog::Instance();
+    if (dialogs && LeaveRows()) dialogs->DoModal(name);
 }
 
 bool MainWindow::CloseDocument(TableDocument* document) {

@@ -84,6 +84,11 @@ public:
     void Dock();
     void OpenProperties();
     void ToggleFilter();
+    /// Opens a property dialog by its name.
+    template <const auto& name>
+    void OpenDialog() {
+        RunDialog(name);
+    }
     template <int id>
     void RunViewCommand() {
         RunOnView(id);
@@ -130,6 +135,7 @@ private:
     void ShowTitle();
     void Follow();
     void FollowLater();
+    void RunDialog(std::string_view name);
     void RunOnView(int id);
     bool CanRunOnView(int id) const;
     void ZoomBy(double step);
