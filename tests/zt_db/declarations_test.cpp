@@ -56,9 +56,12 @@ TEST(Declarations, EveryUnitCodeIsKnownAndStandsAtANumber) {
         typename Class::Record record;
         record.Initialize();
         VisitScalars(record, [&](auto tag, const auto&, const auto& value) {
-            constexpr int code = decltype(tag)::value.unit;
-            if constexpr (code > Unit::None) {
-                EXPECT_FALSE(units.Label(code).empty()) << Class::kMnemonic << " " << decltype(tag)::value.name;
+            constexpr const auto& field = decltype(tag)::value;
+            if constexpr (field.units.Convert()) {
+                for (std::size_t i = 0; i < field.units.count; ++i) {
+                    if (field.units.codes[i] == Unit::None) continue;
+                    EXPECT_FALSE(units.Label(field.units.codes[i]).empty()) << Class::kMnemonic << " " << field.name;
+                }
                 EXPECT_TRUE((std::is_same_v<std::remove_cvref_t<decltype(value)>, double>));
             }
         });
@@ -74,6 +77,22 @@ TEST(Declarations, EveryReferenceLeadsToADeclaredClass) {
             return false;
         });
     });
+}
+
+// A record that follows another to a new key is not followed itself.
+TEST(Declarations, NoClassRefersToOneThatStandsUnderForeignKeys) {
+    const auto stores = MakeRecordStores();
+    for (const auto& target : stores) {
+        if (!target->ForeignKeyClass()) continue;
+        EXPECT_GE(target->ForeignKeyClass()->index, 0) << target->Identity().mnemonic;
+        ForEachClass([&]<class Class>() {
+            EXPECT_NE(KeyClass<typename Class::Record>(), &target->Identity()) << Class::kMnemonic;
+            AnyField<typename Class::Record>([&](const auto& field) {
+                EXPECT_NE(field.reference.target, &target->Identity()) << Class::kMnemonic << " " << field.name;
+                return false;
+            });
+        });
+    }
 }
 
 TEST(Declarations, DefaultsAreWhatInitializeGivesAndTheirTextsReadBack) {

@@ -3,6 +3,7 @@
 
 #include "velda_lib/msg_dll.h"
 #include "zt_db/child_process.h"
+#include "zt_db/file/model_schema.h"
 #include "zt_db/model_fixture.h"
 #include <gmock/gmock.h>
 #include <sys/stat.h>
@@ -145,7 +146,7 @@ TEST_F(FileOpen, AnOlderFileIsBroughtUpToDate) {
     doc.reset();
     doc = Open();
     ASSERT_NE(doc, nullptr) << report.message;
-    EXPECT_EQ(report.formatVersion, 1);
+    EXPECT_EQ(report.formatVersion, kModelSchemaVersion);
     EXPECT_EQ(AllRecords(*doc), changed);
 }
 
@@ -153,6 +154,38 @@ TEST_F(FileOpen, AnOlderFileIsReadReadOnlyWithoutBeingBroughtUpToDate) {
     RunSql(path, "DROP TABLE STND; ALTER TABLE MATL DROP COLUMN dampingRatio; PRAGMA user_version = 0");
     EXPECT_EQ(RecordsReadOnly(), AllBut({"STND 1"}));
     EXPECT_THAT(report.losses, IsEmpty());
+}
+
+/// The tables that files of a version had.
+std::string TablesOfVersion(int version) {
+    return ReadBytes(std::string(ZT_SOURCE_DIR) + "/tests/zt_db/schema_version_" + std::to_string(version) + ".sql");
+}
+
+TEST_F(FileOpen, AFileOfTheFirstVersionGetsTheTablesThatItLacks) {
+    fs::remove(path);
+    WriteBytes(path, "");
+    RunSql(path, TablesOfVersion(1) +
+                     "INSERT INTO PONT VALUES (7, 1, 2, 3, 0, 0, 70, 'N');"
+                     "PRAGMA application_id = " +
+                     std::to_string(kModelApplicationId) + "; PRAGMA user_version = 1");
+    const auto node = [] { return std::string("PONT 7 [ x=1 y=2 z=3 plan=0 story=0 no=70 name=N ]"); };
+    std::unique_ptr<CDBDoc> doc = Open();
+    ASSERT_NE(doc, nullptr) << report.message;
+    EXPECT_EQ(report.formatVersion, 1);
+    EXPECT_THAT(AllRecords(*doc), ElementsAre(node()));
+    ASSERT_TRUE(doc->GetMDBCtrl()->GetCurrentDB()->GetClass<CClassSpts>()->TR_Add(7, {.flags = "111000"}));
+    doc.reset();
+    doc = Open();
+    ASSERT_NE(doc, nullptr) << report.message;
+    EXPECT_EQ(report.formatVersion, kModelSchemaVersion);
+    EXPECT_THAT(AllRecords(*doc), ElementsAre(node(), testing::StartsWith("SPTS 7 [ flags=111000")));
+}
+
+TEST_F(FileOpen, ASupportWithoutItsNodeIsAFaultAndIsLeftOutWhenOnlyReading) {
+    RunSql(path, "INSERT INTO SPTS VALUES (99, '111111', '[0,0,0,0,0,0]', '[0,0,0]')");
+    ExpectRefused(Text("IDS_DB_FILE_REFERENCE", {"SPTS 99", "PONT 99"}), true);
+    EXPECT_EQ(RecordsReadOnly(), records);
+    EXPECT_THAT(report.losses, testing::SizeIs(1));
 }
 
 // ---- no model file ----
@@ -186,11 +219,13 @@ TEST_F(FileOpen, ADatabaseOfAnotherProgramIsNoModel) {
 }
 
 TEST_F(FileOpen, ANewerFileIsOnlyRead) {
-    RunSql(path, "PRAGMA user_version = 2; ALTER TABLE THIK ADD COLUMN colour TEXT; CREATE TABLE NEWS (x)");
-    ExpectRefused(Text("IDS_DB_FILE_NEWER", {"2", "1"}), true);
-    EXPECT_EQ(report.formatVersion, 2);
+    const std::string current = std::to_string(kModelSchemaVersion);
+    const std::string newer = std::to_string(kModelSchemaVersion + 1);
+    RunSql(path, "PRAGMA user_version = " + newer + "; ALTER TABLE THIK ADD COLUMN colour TEXT; CREATE TABLE NEWS (x)");
+    ExpectRefused(Text("IDS_DB_FILE_NEWER", {newer, current}), true);
+    EXPECT_EQ(report.formatVersion, kModelSchemaVersion + 1);
     EXPECT_EQ(RecordsReadOnly(), records);
-    EXPECT_EQ(report.message, Text("IDS_DB_FILE_NEWER", {"2", "1"}));
+    EXPECT_EQ(report.message, Text("IDS_DB_FILE_NEWER", {newer, current}));
 }
 
 // ---- damaged content ----
@@ -547,7 +582,7 @@ TEST_F(FileOfKilledProgram, IsLeftAsItIsWhenItIsRefused) {
     WriteBytes(path + "-wal", journal);
     const auto before = FolderContent(folder.Path());
     EXPECT_EQ(Open(), nullptr);
-    EXPECT_EQ(report.message, Text("IDS_DB_FILE_NEWER", {"9", "1"}));
+    EXPECT_EQ(report.message, Text("IDS_DB_FILE_NEWER", {"9", std::to_string(kModelSchemaVersion)}));
     EXPECT_EQ(FolderContent(folder.Path()), before);
 }
 

@@ -44,6 +44,53 @@ inline ModelState StateOf(CDBDoc& doc) {
     return state;
 }
 
+/// Puts supports, releases, links, loads and masses on the nodes and the first member of the small model.
+template <class Add>
+void FillSmallModelWithLoads(const Add& add, const CDataBase& database) {
+    T_RIGD_D link;
+    link.master = 1;
+    link.freedoms = 110001;
+    link.slaves = {2, 3};
+    T_LNLD_D lineLoad;
+    lineLoad.memb = 1;
+    lineLoad.stld = 1;
+    lineLoad.x = {0.0, 1.0};
+    lineLoad.p = {-12.5, -12.5};
+    T_CMLD_D columnLoad;
+    columnLoad.memb = 1;
+    columnLoad.stld = 2;
+    columnLoad.type = LoadType::ConcentratedMoments;
+    columnLoad.p = {4.5};
+    T_BLTP_D beamLoadType;
+    beamLoadType.name = "Parapet";
+    T_BMLA_D beamLoad;
+    beamLoad.memb = 1;
+    beamLoad.type = 1;
+    T_BWTP_D wallType;
+    wallType.name = "Block";
+    T_PTLD_D nodalLoad;
+    nodalLoad.node = 2;
+    nodalLoad.stld = 1;
+    nodalLoad.fz = -30.0;
+    T_SWGT_D weight;
+    weight.stld = 1;
+    weight.z = -1.0;
+    add(database.GetClass<CClassSpts>(), {{.flags = "111111"}, {.flags = "001000", .value = {1500.0}}});
+    add(database.GetClass<CClassFrls>(), {{.flagsI = "000011"}});
+    add(database.GetClass<CClassRigd>(), {link});
+    add(database.GetClass<CClassLnld>(), {lineLoad, lineLoad});
+    add(database.GetClass<CClassCmld>(), {columnLoad});
+    add(database.GetClass<CClassBltp>(), {beamLoadType});
+    add(database.GetClass<CClassBmla>(), {beamLoad});
+    add(database.GetClass<CClassBwtp>(), {wallType});
+    add(database.GetClass<CClassBwld>(), {{.type = 1, .dl = 3.75}});
+    add(database.GetClass<CClassSltp>(), {{.dl = 4.2, .ll = 2.5}});
+    add(database.GetClass<CClassSbla>(), {{.type = 1, .dl = 4.2}});
+    add(database.GetClass<CClassPtld>(), {nodalLoad, nodalLoad});
+    add(database.GetClass<CClassPmas>(), {{.mx = 12.0}, {.my = 12.0}});
+    add(database.GetClass<CClassSwgt>(), {weight});
+}
+
 /// Puts two or more records of most classes into an empty model, with references of every kind between them.
 inline void FillSmallModel(CDBDoc& doc) {
     CDataBase& database = *doc.GetMDBCtrl()->GetCurrentDB();
@@ -110,6 +157,7 @@ inline void FillSmallModel(CDBDoc& doc) {
     T_STND_D standards;
     standards.concrete = "GB50010";
     add(database.GetClass<CClassStnd>(), {standards});
+    FillSmallModelWithLoads(add, database);
 }
 
 inline std::string ReadBytes(const std::string& path) {

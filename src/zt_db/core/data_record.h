@@ -29,11 +29,7 @@ public:
 
     const RecordIdentity& Identity() const override { return IdentityOf<R>::value; }
     void ConvertUnitPrev(CUnitCtrl* units) override {
-        VisitScalars(record, [&](auto tag, auto&, auto& value) {
-            if constexpr (decltype(tag)::value.unit > Unit::None) {
-                value = units->FromPrevious(decltype(tag)::value.unit, value);
-            }
-        });
+        VisitMeasured(record, [&](int code, double& value) { value = units->FromPrevious(code, value); });
     }
     void Read(std::uint32_t newKey, const ImageList& images, std::uint32_t index, const CUnitCtrl& units) override {
         key = newKey;

@@ -85,7 +85,8 @@ public:
     /// Index of the class with a mnemonic such as "THIK"; -1 when there is none.
     int FindClass(std::string_view mnemonic) const;
 
-    /// How a user knows a record: its class and its number, or its key in classes without numbers.
+    /// How a user knows a record: its class and its number, that of the record under whose key it stands, or its key in
+    /// classes without numbers.
     std::string RecordLabel(std::uint16_t classIndex, std::uint32_t key) const;
 
 private:

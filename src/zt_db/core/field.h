@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "zt_db/core/record_identity.h"
+#include "zt_db/units/unit_codes.h"
 
 namespace zt {
 
@@ -33,17 +34,50 @@ struct Reference {
     const RecordIdentity* TargetOf(const Owner& owner) const { return select ? select(owner) : target; }
 };
 
-/// No unit code stands in T_XXXX_D::unit for this field.
-inline constexpr int kNoUnit = -1;
+/// Gives the place of the unit code of one number of a field; `element` is the number's place in an array.
+template <class Owner>
+using UnitSelector = std::size_t (*)(const Owner& owner, std::size_t element);
 
-/// One field of a record: its name in files and scripts, where it stands, its unit code, what it refers to.
+/// The unit codes of a field, as they stand in T_XXXX_D::unit: none, one for all numbers of the field, or several of
+/// which `select` gives the place of the one that holds. A place beyond the last means that the number has no unit.
+template <class Owner>
+struct FieldUnits {
+    static constexpr std::size_t kMost = 6;
+    std::array<int, kMost> codes{};
+    std::size_t count = 0;
+    UnitSelector<Owner> select = nullptr;
+
+    /// The code of one number of the field.
+    constexpr int CodeOf(const Owner& owner, std::size_t element) const {
+        if (count < 2) return count == 0 ? Unit::None : codes[0];
+        const std::size_t place = select(owner, element);
+        return place < count ? codes[place] : Unit::None;
+    }
+    /// Whether a number of the field can have a unit.
+    constexpr bool Convert() const {
+        for (std::size_t i = 0; i < count; ++i) {
+            if (codes[i] > Unit::None) return true;
+        }
+        return false;
+    }
+};
+
+template <class Owner, std::size_t N>
+constexpr FieldUnits<Owner> SeveralUnits(const int (&codes)[N], UnitSelector<Owner> select) {
+    static_assert(N > 1 && N <= FieldUnits<Owner>::kMost);
+    FieldUnits<Owner> units{.count = N, .select = select};
+    for (std::size_t i = 0; i < N; ++i) units.codes[i] = codes[i];
+    return units;
+}
+
+/// One field of a record: its name in files and scripts, where it stands, its unit codes, what it refers to.
 template <class Owner, class Member>
 struct Field {
     using OwnerType = Owner;
     using MemberType = Member;
     const char* name;
     Member Owner::*member;
-    int unit = kNoUnit;
+    FieldUnits<Owner> units{};
     Reference<Owner> reference{};
     bool isNumber = false;  ///< the number that users see: unique in its class, given by the database when it is 0
 };
@@ -57,7 +91,8 @@ struct Group {
     Member Owner::*member;
 };
 
-/// The field list of a record or of a structure in it: specialise with a static constexpr tuple `list`.
+/// The field list of a record or of a structure in it: specialise with a static constexpr tuple `list`. A record that
+/// stands under the key of a record of another class says `using KeyOf = T_XXXX_D;` besides.
 template <class R>
 struct Fields;
 
@@ -67,23 +102,35 @@ constexpr Field<Owner, Member> Plain(const char* name, Member Owner::*member) {
 }
 template <class Owner, class Member>
 constexpr Field<Owner, Member> Measured(const char* name, Member Owner::*member, int unit) {
-    return {name, member, unit};
+    return {name, member, {.codes = {unit}, .count = 1}};
+}
+/// An array of numbers with a unit code each.
+template <class Owner, std::size_t N>
+constexpr Field<Owner, std::array<double, N>> MeasuredEach(const char* name, std::array<double, N> Owner::*member,
+                                                           const int (&units)[N]) {
+    return {name, member, SeveralUnits<Owner>(units, [](const Owner&, std::size_t element) { return element; })};
+}
+/// Numbers whose unit depends on the content of the record: `select` gives the place of its code in `units`.
+template <class Owner, class Member, std::size_t N>
+constexpr Field<Owner, Member> MeasuredBy(const char* name, Member Owner::*member, const int (&units)[N],
+                                          std::type_identity_t<UnitSelector<Owner>> select) {
+    return {name, member, SeveralUnits<Owner>(units, select)};
 }
 /// The user's number of a record.
 template <class Owner>
 constexpr Field<Owner, std::uint32_t> Number(const char* name, std::uint32_t Owner::*member) {
-    return {name, member, kNoUnit, {}, true};
+    return {name, member, {}, {}, true};
 }
 /// A key, or a list of keys, of records of type Target.
 template <class Target, class Owner, class Member>
 constexpr Field<Owner, Member> Refers(const char* name, Member Owner::*member, IfGone ifGone) {
-    return {name, member, kNoUnit, {&IdentityOf<Target>::value, nullptr, ifGone, true}};
+    return {name, member, {}, {&IdentityOf<Target>::value, nullptr, ifGone, true}};
 }
 /// A key, or a list of keys, of records of a class that depends on the owner's content.
 template <class Owner, class Member>
 constexpr Field<Owner, Member> RefersBy(const char* name, Member Owner::*member,
                                         const RecordIdentity* (*select)(const Owner&), IfGone ifGone) {
-    return {name, member, kNoUnit, {nullptr, select, ifGone, true}};
+    return {name, member, {}, {nullptr, select, ifGone, true}};
 }
 template <class Owner, class Member>
 constexpr Group<Owner, Member> Grouped(const char* name, Member Owner::*member) {
@@ -200,22 +247,23 @@ public:
 
 private:
     static constexpr std::size_t CountMeasured() {
-        return std::apply(
-            [](const auto&... field) { return (std::size_t{0} + ... + (UnitOf(field) == kNoUnit ? 0u : 1u)); },
-            Fields<R>::list);
+        return std::apply([](const auto&... field) { return (std::size_t{0} + ... + CountOf(field)); },
+                          Fields<R>::list);
     }
-    static constexpr int UnitOf(const auto& field) {
+    static constexpr std::size_t CountOf(const auto& field) {
         if constexpr (kIsGroup<std::remove_cvref_t<decltype(field)>>) {
-            return kNoUnit;
+            return 0;
         } else {
-            return field.unit;
+            return field.units.count;
         }
     }
     static constexpr auto Collect() {
         std::array<int, CountMeasured()> codes{};
         std::size_t at = 0;
         const auto take = [&](const auto& field) {
-            if (UnitOf(field) != kNoUnit) codes[at++] = UnitOf(field);
+            if constexpr (!kIsGroup<std::remove_cvref_t<decltype(field)>>) {
+                for (std::size_t i = 0; i < field.units.count; ++i) codes[at++] = field.units.codes[i];
+            }
         };
         std::apply([&](const auto&... field) { (take(field), ...); }, Fields<R>::list);
         return codes;
@@ -252,10 +300,26 @@ constexpr bool HasNumber() {
     return AnyField<R>([](const auto& field) { return field.isNumber; });
 }
 
-/// Whether a record type holds keys of other records.
+/// Whether the records of a type stand under the keys of records of another class.
+template <class R>
+inline constexpr bool kHasForeignKey = requires {
+    typename Fields<R>::KeyOf;
+};
+
+/// The class whose keys the records of a type stand under; null when they have keys of their own.
+template <class R>
+const RecordIdentity* KeyClass() {
+    if constexpr (kHasForeignKey<R>) {
+        return &IdentityOf<typename Fields<R>::KeyOf>::value;
+    } else {
+        return nullptr;
+    }
+}
+
+/// Whether a record type holds keys of other records, its own key included.
 template <class R>
 constexpr bool RefersToOthers() {
-    return AnyField<R>([](const auto& field) { return field.reference.IsSet(); });
+    return kHasForeignKey<R> || AnyField<R>([](const auto& field) { return field.reference.IsSet(); });
 }
 
 }  // namespace zt

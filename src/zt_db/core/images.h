@@ -14,20 +14,32 @@
 
 namespace zt {
 
+/// Calls `visit(code, number)` for every number of a record that can have a unit.
+template <class R, class Visit>
+void VisitMeasured(R& record, Visit visit) {
+    VisitScalars(record, [&](auto tag, auto& owner, auto& value) {
+        constexpr const auto& field = decltype(tag)::value;
+        if constexpr (field.units.count == 1 && field.units.Convert()) {
+            visit(field.units.codes[0], value);
+        } else if constexpr (field.units.Convert()) {
+            const auto element = static_cast<std::size_t>(&value - (owner.*(field.member)).data());
+            visit(field.units.CodeOf(owner, element), value);
+        }
+    });
+}
+
 /// Brings every number of a record that has a unit from SI units to the current ones.
 template <class R>
 void RecordToCurrent(R& record, const CUnitCtrl& units) {
-    VisitScalars(record, [&](auto tag, auto&, auto& value) {
-        if constexpr (decltype(tag)::value.unit > Unit::None) value = units.ToCurrent(decltype(tag)::value.unit, value);
-    });
+    VisitMeasured(record, [&](int code, double& value) { value = units.ToCurrent(code, value); });
 }
 
 /// Brings every number of a record that has a unit from the current units to SI units. A negative zero, which a file
 /// does not keep, becomes zero.
 template <class R>
 void RecordToBase(R& record, const CUnitCtrl& units) {
-    VisitScalars(record, [&](auto tag, auto&, auto& value) {
-        if constexpr (decltype(tag)::value.unit > Unit::None) value = units.ToBase(decltype(tag)::value.unit, value);
+    VisitMeasured(record, [&](int code, double& value) { value = units.ToBase(code, value); });
+    VisitScalars(record, [](auto, auto&, auto& value) {
         if constexpr (std::is_same_v<std::remove_cvref_t<decltype(value)>, double>) value += 0.0;
     });
 }
@@ -37,8 +49,10 @@ using ReferenceVisitor = velda::FunctionRef<void(const RecordIdentity& target, s
 /// New key for a reference: the key itself to keep it, another one, or 0 for none.
 using ReferenceMapping = velda::FunctionRef<std::uint32_t(const RecordIdentity& target, std::uint32_t key)>;
 
+/// Visits the keys that a record under `key` holds, and `key` itself where it is that of another record.
 template <class R>
-void VisitReferences(const R& record, const ReferenceVisitor& visit) {
+void VisitReferences(std::uint32_t key, const R& record, const ReferenceVisitor& visit) {
+    if constexpr (kHasForeignKey<R>) visit(*KeyClass<R>(), key, IfGone::Cascade);
     VisitScalars(record, [&](auto tag, const auto& owner, const auto& value) {
         constexpr const auto& field = decltype(tag)::value;
         if constexpr (field.reference.IsSet()) {
@@ -109,7 +123,8 @@ public:
     /// Column of the first number that is not finite, or -1.
     virtual int FirstNotFinite(std::uint32_t index) const = 0;
 
-    virtual void ForEachReference(std::uint32_t index, const ReferenceVisitor& visit) const = 0;
+    /// Visits the references that the record has under `key`.
+    virtual void ForEachReference(std::uint32_t index, std::uint32_t key, const ReferenceVisitor& visit) const = 0;
     virtual void RewriteReferences(std::uint32_t index, const ReferenceMapping& map) = 0;
     virtual std::uint32_t NumberOf(std::uint32_t index) const = 0;
     virtual void SetNumber(std::uint32_t index, std::uint32_t number) = 0;
@@ -185,8 +200,8 @@ public:
         return found;
     }
 
-    void ForEachReference(std::uint32_t index, const ReferenceVisitor& visit) const override {
-        VisitReferences(records[index], visit);
+    void ForEachReference(std::uint32_t index, std::uint32_t key, const ReferenceVisitor& visit) const override {
+        VisitReferences(key, records[index], visit);
     }
     void RewriteReferences(std::uint32_t index, const ReferenceMapping& map) override {
         MapReferences(records[index], map);

@@ -203,7 +203,8 @@ void AddDeletion(const DB_CDataBase& database, std::uint16_t classIndex, std::ui
     batch.changes.push_back({classIndex, {key, image}, {}});
 }
 
-/// Adds the modification of a record whose references change.
+/// Adds the modification of a record whose references change, and with them its own key where it is that of another
+/// record.
 void AddRewrite(const DB_CDataBase& database, std::uint16_t classIndex, std::uint32_t key, const ReferenceMapping& map,
                 Batch& batch) {
     const RecordStoreBase& store = database.StoreAt(classIndex);
@@ -211,7 +212,8 @@ void AddRewrite(const DB_CDataBase& database, std::uint16_t classIndex, std::uin
     const std::uint32_t before = store.CopyTo(key, images);
     const std::uint32_t after = images.AppendCopy(images, before);
     images.RewriteReferences(after, map);
-    batch.changes.push_back({classIndex, {key, before}, {key, after}});
+    const RecordIdentity* keyClass = store.ForeignKeyClass();
+    batch.changes.push_back({classIndex, {key, before}, {keyClass ? map(*keyClass, key) : key, after}});
 }
 
 Outcome RefuseInUse(const DB_CDataBase& database, const User& user, std::uint32_t count) {
@@ -333,13 +335,15 @@ Outcome CheckReferences(const DB_CDataBase& database, const Batch& batch) {
         const RecordStoreBase& store = database.StoreAt(change.classIndex);
         bool ownClass = false;
         batch.ImagesOf(change.classIndex)
-            .ForEachReference(change.after.image, [&](const RecordIdentity& target, std::uint32_t key, IfGone) {
-                ownClass = ownClass || &target == &store.Identity();
-                if (!reason.empty() || database.StoreAt(IndexOf(target)).Exists(key)) return;
-                reason = FormatText("IDS_DB_REASON_REFERENCE",
-                                    {database.RecordLabel(change.classIndex, change.after.key),
-                                     database.StoreAt(IndexOf(target)).DisplayName(), velda::FormatLong(key)});
-            });
+            .ForEachReference(change.after.image, change.after.key,
+                              [&](const RecordIdentity& target, std::uint32_t key, IfGone) {
+                                  ownClass = ownClass || &target == &store.Identity();
+                                  const RecordStoreBase& targets = database.StoreAt(IndexOf(target));
+                                  if (!reason.empty() || targets.Exists(key)) return;
+                                  reason = FormatText("IDS_DB_REASON_REFERENCE",
+                                                      {database.RecordLabel(change.classIndex, change.after.key),
+                                                       targets.DisplayName(), velda::FormatLong(key)});
+                              });
         if (reason.empty() && ownClass && ContainsItself(store, change.after.key)) {
             reason = FormatText("IDS_DB_REASON_CONTAINS_ITSELF",
                                 {database.RecordLabel(change.classIndex, change.after.key)});

@@ -41,6 +41,8 @@ public:
 
     // ---- what a class looks like
     virtual const RecordIdentity& Identity() const = 0;
+    /// The class whose keys the records stand under; null when they have keys of their own.
+    virtual const RecordIdentity* ForeignKeyClass() const = 0;
     /// Name of the class in the current language: "Thickness".
     std::string DisplayName() const;
     virtual const std::vector<std::string>& ColumnNames() const = 0;
@@ -184,18 +186,20 @@ public:
         velda::FunctionRef<void(std::uint32_t, const RecordIdentity&, std::uint32_t, IfGone)> visit) const override {
         if constexpr (!RefersToOthers<R>()) return;
         for (std::uint32_t slot = FirstSlot(); slot != kNoSlot; slot = NextSlot(slot)) {
-            VisitReferences(At(slot), [&](const RecordIdentity& target, std::uint32_t key, IfGone ifGone) {
-                visit(KeyAt(slot), target, key, ifGone);
+            const std::uint32_t key = KeyAt(slot);
+            VisitReferences(key, At(slot), [&](const RecordIdentity& target, std::uint32_t targetKey, IfGone ifGone) {
+                visit(key, target, targetKey, ifGone);
             });
         }
     }
     void ForEachReferenceOf(std::uint32_t key, const ReferenceVisitor& visit) const override {
-        VisitReferences(*Find(key), visit);
+        VisitReferences(key, *Find(key), visit);
     }
+    const RecordIdentity* ForeignKeyClass() const override { return KeyClass<R>(); }
     bool MayReferTo(const RecordIdentity& target) const override {
-        return AnyField<R>([&target](const auto& field) {
-            return field.reference.target == &target || field.reference.select != nullptr;
-        });
+        return KeyClass<R>() == &target || AnyField<R>([&target](const auto& field) {
+                   return field.reference.target == &target || field.reference.select != nullptr;
+               });
     }
     /// Bytes of keys and records; texts and lists that do not stand in the record itself are not counted.
     std::size_t MemoryBytes() const override { return KeyMemoryBytes() + blocks_.size() * kBlock * sizeof(R); }

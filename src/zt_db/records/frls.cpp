@@ -1,0 +1,7 @@
+#include "zt_db/records/frls.h"
+
+namespace zt {
+
+ZT_DEFINE_RECORD(FRLS)
+
+}  // namespace zt

@@ -1,0 +1,7 @@
+#include "zt_db/records/ptld.h"
+
+namespace zt {
+
+ZT_DEFINE_RECORD(PTLD)
+
+}  // namespace zt
