@@ -59,7 +59,8 @@ double AxisTurn::TurnDirection(std::string& direction) const {
     const char last = static_cast<char>(direction.back() & ~0x20);
     for (std::size_t i = 0; i < 3; ++i) {
         if (kAxes[static_cast<std::size_t>(from_[i])] != last) continue;
-        direction = direction.size() == 2 ? std::string("M") + static_cast<char>(kAxes[i] | 0x20) : std::string(1, kAxes[i]);
+        direction =
+            direction.size() == 2 ? std::string("M") + static_cast<char>(kAxes[i] | 0x20) : std::string(1, kAxes[i]);
         return sign_[i];
     }
     return 1.0;

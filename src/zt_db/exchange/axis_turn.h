@@ -15,7 +15,9 @@ public:
     /// From a text such as "Z vertical", "Y" or "-X vertical"; none when it names no axis.
     static std::optional<AxisTurn> FromText(std::string_view text);
 
-    bool IsNone() const { return from_ == std::array<int, 3>{0, 1, 2} && sign_ == std::array<double, 3>{1.0, 1.0, 1.0}; }
+    bool IsNone() const {
+        return from_ == std::array<int, 3>{0, 1, 2} && sign_ == std::array<double, 3>{1.0, 1.0, 1.0};
+    }
     /// Turns coordinates, axes, global freedoms and global loads of a model.
     void Apply(ExchangeModel& model) const;
 

@@ -5,8 +5,8 @@
 
 namespace zt {
 
-/// Reads a folder of plain tables. False, with errors in the report, when there is something that cannot be read, or when
-/// the work was stopped.
+/// Reads a folder of plain tables. False, with errors in the report, when there is something that cannot be read, or
+/// when the work was stopped.
 bool ReadCsv(SheetSource& source, TableContext& context, ExchangeModel& model);
 
 }  // namespace zt

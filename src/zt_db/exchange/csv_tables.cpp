@@ -225,15 +225,15 @@ const ExchangeTable<ExchangeSupport> kSupports{"supports", "", &ExchangeModel::s
 const ExchangeTable<ExchangeMass> kMasses{"masses", "", &ExchangeModel::masses, kMassColumns};
 const ExchangeTable<ExchangeDiaphragm> kDiaphragms{"diaphragms", "", &ExchangeModel::diaphragms, kDiaphragmColumns};
 const ExchangeTable<ExchangeLoadCase> kLoadCases{"load_cases", "", &ExchangeModel::loadCases, kLoadCaseColumns};
-const ExchangeTable<ExchangeCombination> kCombinations{
-    "combinations", "", &ExchangeModel::combinations, kCombinationColumns};
+const ExchangeTable<ExchangeCombination> kCombinations{"combinations", "", &ExchangeModel::combinations,
+                                                       kCombinationColumns};
 const ExchangeTable<ExchangeNodalLoad> kNodalLoads{"loads_nodal", "", &ExchangeModel::nodalLoads, kNodalLoadColumns};
-const ExchangeTable<ExchangeMemberLoad> kMemberLoads{
-    "loads_member_uniform", "", &ExchangeModel::memberLoads, kMemberLoadColumns};
-const ExchangeTable<ExchangeLineLoad> kLineLoads{
-    "loads_member_linear", "", &ExchangeModel::lineForces, kLineLoadColumns};
-const ExchangeTable<ExchangePointLoad> kPointLoads{
-    "loads_member_point", "", &ExchangeModel::pointForces, kPointLoadColumns};
+const ExchangeTable<ExchangeMemberLoad> kMemberLoads{"loads_member_uniform", "", &ExchangeModel::memberLoads,
+                                                     kMemberLoadColumns};
+const ExchangeTable<ExchangeLineLoad> kLineLoads{"loads_member_linear", "", &ExchangeModel::lineForces,
+                                                 kLineLoadColumns};
+const ExchangeTable<ExchangePointLoad> kPointLoads{"loads_member_point", "", &ExchangeModel::pointForces,
+                                                   kPointLoadColumns};
 const ExchangeTable<ExchangeSurfaceLoad> kAreaLoads{"loads_area", "", &ExchangeModel::surfaceLoads, kAreaLoadColumns};
 
 }  // namespace zt::csv

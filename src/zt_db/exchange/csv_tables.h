@@ -30,7 +30,8 @@ extern const ExchangeTable<ExchangeSurfaceLoad> kAreaLoads;
 /// All of them, in the order in which they are read and written.
 inline auto Tables() {
     return std::tie(kMaterials, kSections, kStoreys, kNodes, kMembers, kSurfaces, kOpenings, kSupports, kMasses,
-                    kDiaphragms, kLoadCases, kCombinations, kNodalLoads, kMemberLoads, kLineLoads, kPointLoads, kAreaLoads);
+                    kDiaphragms, kLoadCases, kCombinations, kNodalLoads, kMemberLoads, kLineLoads, kPointLoads,
+                    kAreaLoads);
 }
 
 }  // namespace csv

@@ -89,7 +89,7 @@ struct ExchangeMember {
     std::string firstNode{};
     std::string lastNode{};
     MaybeNumber length{};
-    std::string axes{};      ///< "y by vector", "z by point" and so on
+    std::string axes{};  ///< "y by vector", "z by point" and so on
     MaybeNumber axisX{};
     MaybeNumber axisY{};
     MaybeNumber axisZ{};

@@ -49,7 +49,8 @@ void ExchangeReport::Add(FindingLevel level, ExchangePlace place, std::string_vi
 }
 
 SheetCount& ExchangeReport::CountOf(const std::string& sheet) {
-    const auto at = std::find_if(sheets_.begin(), sheets_.end(), [&](const auto& count) { return count.sheet == sheet; });
+    const auto at =
+        std::find_if(sheets_.begin(), sheets_.end(), [&](const auto& count) { return count.sheet == sheet; });
     return at != sheets_.end() ? *at : sheets_.emplace_back(SheetCount{sheet});
 }
 

@@ -88,7 +88,7 @@ constexpr Symbol kSymbols[] = {
     {"Nm", 1.0, {2, 1, -2, 0}},
     {"kNm", 1.0e3, {2, 1, -2, 0}},
     {"MNm", 1.0e6, {2, 1, -2, 0}},
-    {"kipft", 1000.0 * kPoundForce * kFoot, {2, 1, -2, 0}},
+    {"kipft", 1000.0 * kPoundForce* kFoot, {2, 1, -2, 0}},
     {"Pa", 1.0, kStress},
     {"kPa", 1.0e3, kStress},
     {"MPa", 1.0e6, kStress},
@@ -115,7 +115,8 @@ std::optional<std::vector<Part>> PartsOf(std::string_view text) {
     int sign = 1;
     bool fresh = true;
     for (const char c : text) {
-        const bool separates = c == '/' || c == '_' || c == '*' || c == '.' || c == ' ' || c == '-' || c == '(' || c == ')';
+        const bool separates =
+            c == '/' || c == '_' || c == '*' || c == '.' || c == ' ' || c == '-' || c == '(' || c == ')';
         if (c == '/') sign = -1;
         if (c == '_' && sign > 0 && !parts.empty()) sign = 0;
         if (separates || c == '^') {
@@ -142,8 +143,8 @@ std::optional<double> Resolve(const std::vector<Part>& parts, std::size_t at, do
         for (const int sign : {-1, 1}) {
             if (part.sign != 0 && part.sign != sign) continue;
             const int power = part.power * sign;
-            const auto found = Resolve(parts, at + 1, size * std::pow(symbol.size, power),
-                                       have.Plus(symbol.dimension, power), want);
+            const auto found =
+                Resolve(parts, at + 1, size * std::pow(symbol.size, power), have.Plus(symbol.dimension, power), want);
             if (found) return found;
         }
     }

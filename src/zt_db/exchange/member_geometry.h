@@ -18,8 +18,8 @@ enum class Lie { Vertical, Horizontal, Inclined };
 /// Vertical within 5 degrees; horizontal up to the slope of a roof, 30 degrees.
 Lie LieOfLine(const Vector3& from, const Vector3& to);
 
-/// The axes of a member at angle 0: local x along it; local z in the vertical plane and upward, of a vertical member along
-/// global X; local y square to both.
+/// The axes of a member at angle 0: local x along it; local z in the vertical plane and upward, of a vertical member
+/// along global X; local y square to both.
 struct MemberAxes {
     Vector3 x;
     Vector3 y;

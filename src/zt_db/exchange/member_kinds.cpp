@@ -26,17 +26,17 @@ struct Word {
 
 // The first part that a word holds decides, so that special words stand before general ones.
 constexpr Word kWords[] = {
-    {"purlin", kPurlin},        {"girt", kGirt},          {"rail", kGirt},        {"secondarycolumn", kColumn},
-    {"column", kColumn},        {"pillar", kColumn},      {"pile", kColumn},      {"bracing", kBrace},
-    {"brace", kBrace},          {"wind", kBrace},         {"diagonal", kBrace},   {"trusschord", kTrussChord},
-    {"chord", kTrussChord},     {"truss", kTrussWeb},     {"secondary", kSubBeam}, {"subbeam", kSubBeam},
-    {"joist", kSubBeam},        {"rib", kSubBeam},        {"rafter", kBeam},      {"girder", kBeam},
-    {"beam", kBeam},            {"lintel", kBeam},        {"line", kLine},
+    {"purlin", kPurlin},    {"girt", kGirt},      {"rail", kGirt},         {"secondarycolumn", kColumn},
+    {"column", kColumn},    {"pillar", kColumn},  {"pile", kColumn},       {"bracing", kBrace},
+    {"brace", kBrace},      {"wind", kBrace},     {"diagonal", kBrace},    {"trusschord", kTrussChord},
+    {"chord", kTrussChord}, {"truss", kTrussWeb}, {"secondary", kSubBeam}, {"subbeam", kSubBeam},
+    {"joist", kSubBeam},    {"rib", kSubBeam},    {"rafter", kBeam},       {"girder", kBeam},
+    {"beam", kBeam},        {"lintel", kBeam},    {"line", kLine},
 };
 
 constexpr Word kWritten[] = {
-    {"Column", kColumn},           {"Beam", kBeam},   {"Secondary beam", kSubBeam}, {"Brace", kBrace}, {"Purlin", kPurlin},
-    {"Girt", kGirt},               {"Line", kLine},   {"Truss chord", kTrussChord}, {"Truss", kTrussWeb}, {"Wall", kWall},
+    {"Column", kColumn}, {"Beam", kBeam}, {"Secondary beam", kSubBeam}, {"Brace", kBrace},    {"Purlin", kPurlin},
+    {"Girt", kGirt},     {"Line", kLine}, {"Truss chord", kTrussChord}, {"Truss", kTrussWeb}, {"Wall", kWall},
     {"Plate", kSlab},
 };
 

@@ -17,8 +17,8 @@ std::string_view WordOfMemberType(int type);
 /// Code of the type of a face: a wall by its word or when it stands upright, otherwise a slab.
 int SurfaceTypeOf(std::string_view word, bool upright);
 
-/// The type of a static load case from the words of a file, and back: the action ("Permanent"), the type of the load case
-/// and that of its group ("Wind").
+/// The type of a static load case from the words of a file, and back: the action ("Permanent"), the type of the load
+/// case and that of its group ("Wind").
 std::string_view LoadCaseTypeOf(std::string_view action, std::string_view loadType, std::string_view groupType);
 struct LoadCaseWords {
     std::string_view action;

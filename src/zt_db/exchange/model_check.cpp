@@ -47,7 +47,8 @@ private:
         Names names;
         names.reserve(list.size());
         for (std::size_t i = 0; i < list.size(); ++i) {
-            if (!names.try_emplace(list[i].name, i).second) Error(list[i].origin, "Name", "IDS_XCH_NAME_TWICE", list[i].name);
+            if (!names.try_emplace(list[i].name, i).second)
+                Error(list[i].origin, "Name", "IDS_XCH_NAME_TWICE", list[i].name);
         }
         return names;
     }

@@ -364,36 +364,34 @@ constexpr Column<ExchangeSurfaceLoad> kSurfaceLoadColumns[] = {
 
 }  // namespace
 
-const ExchangeTable<ExchangeMaterial> kMaterials{
-    "StructuralMaterial", "", &ExchangeModel::materials, kMaterialColumns};
-const ExchangeTable<ExchangeSection> kSections{
-    "StructuralCrossSection", "", &ExchangeModel::sections, kSectionColumns};
-const ExchangeTable<ExchangeStorey> kStoreys{
-    "StructuralStorey", "StructuralStory", &ExchangeModel::storeys, kStoreyColumns};
+const ExchangeTable<ExchangeMaterial> kMaterials{"StructuralMaterial", "", &ExchangeModel::materials, kMaterialColumns};
+const ExchangeTable<ExchangeSection> kSections{"StructuralCrossSection", "", &ExchangeModel::sections, kSectionColumns};
+const ExchangeTable<ExchangeStorey> kStoreys{"StructuralStorey", "StructuralStory", &ExchangeModel::storeys,
+                                             kStoreyColumns};
 const ExchangeTable<ExchangeNode> kNodes{"StructuralPointConnection", "", &ExchangeModel::nodes, kNodeColumns};
 const ExchangeTable<ExchangeMember> kMembers{"StructuralCurveMember", "", &ExchangeModel::members, kMemberColumns};
-const ExchangeTable<ExchangeSurface> kSurfaces{
-    "StructuralSurfaceMember", "", &ExchangeModel::surfaces, kSurfaceColumns};
-const ExchangeTable<ExchangeOpening> kOpenings{
-    "StructuralSurfaceMemberOpening", "StructuralSurfaceMemberOpenin", &ExchangeModel::openings, kOpeningColumns};
+const ExchangeTable<ExchangeSurface> kSurfaces{"StructuralSurfaceMember", "", &ExchangeModel::surfaces,
+                                               kSurfaceColumns};
+const ExchangeTable<ExchangeOpening> kOpenings{"StructuralSurfaceMemberOpening", "StructuralSurfaceMemberOpenin",
+                                               &ExchangeModel::openings, kOpeningColumns};
 const ExchangeTable<ExchangeSupport> kSupports{"StructuralPointSupport", "", &ExchangeModel::supports, kSupportColumns};
 const ExchangeTable<ExchangeHinge> kHinges{"RelConnectsStructuralMember", "", &ExchangeModel::hinges, kHingeColumns};
-const ExchangeTable<ExchangeRigidLink> kRigidLinks{
-    "RelConnectsRigidLink", "", &ExchangeModel::rigidLinks, kRigidLinkColumns};
-const ExchangeTable<ExchangeLoadGroup> kLoadGroups{
-    "StructuralLoadGroup", "", &ExchangeModel::loadGroups, kLoadGroupColumns};
+const ExchangeTable<ExchangeRigidLink> kRigidLinks{"RelConnectsRigidLink", "", &ExchangeModel::rigidLinks,
+                                                   kRigidLinkColumns};
+const ExchangeTable<ExchangeLoadGroup> kLoadGroups{"StructuralLoadGroup", "", &ExchangeModel::loadGroups,
+                                                   kLoadGroupColumns};
 const ExchangeTable<ExchangeLoadCase> kLoadCases{"StructuralLoadCase", "", &ExchangeModel::loadCases, kLoadCaseColumns};
-const ExchangeTable<ExchangeCombination> kCombinations{
-    "StructuralLoadCombination", "", &ExchangeModel::combinations, kCombinationColumns};
-const ExchangeTable<ExchangePointLoad> kPointForces{
-    "StructuralPointAction", "", &ExchangeModel::pointForces, kPointForceColumns};
-const ExchangeTable<ExchangePointLoad> kPointMoments{
-    "StructuralPointMoment", "", &ExchangeModel::pointMoments, kPointMomentColumns};
-const ExchangeTable<ExchangeLineLoad> kLineForces{
-    "StructuralCurveAction", "", &ExchangeModel::lineForces, kLineForceColumns};
-const ExchangeTable<ExchangeLineLoad> kLineMoments{
-    "StructuralCurveMoment", "", &ExchangeModel::lineMoments, kLineMomentColumns};
-const ExchangeTable<ExchangeSurfaceLoad> kSurfaceLoads{
-    "StructuralSurfaceAction", "", &ExchangeModel::surfaceLoads, kSurfaceLoadColumns};
+const ExchangeTable<ExchangeCombination> kCombinations{"StructuralLoadCombination", "", &ExchangeModel::combinations,
+                                                       kCombinationColumns};
+const ExchangeTable<ExchangePointLoad> kPointForces{"StructuralPointAction", "", &ExchangeModel::pointForces,
+                                                    kPointForceColumns};
+const ExchangeTable<ExchangePointLoad> kPointMoments{"StructuralPointMoment", "", &ExchangeModel::pointMoments,
+                                                     kPointMomentColumns};
+const ExchangeTable<ExchangeLineLoad> kLineForces{"StructuralCurveAction", "", &ExchangeModel::lineForces,
+                                                  kLineForceColumns};
+const ExchangeTable<ExchangeLineLoad> kLineMoments{"StructuralCurveMoment", "", &ExchangeModel::lineMoments,
+                                                   kLineMomentColumns};
+const ExchangeTable<ExchangeSurfaceLoad> kSurfaceLoads{"StructuralSurfaceAction", "", &ExchangeModel::surfaceLoads,
+                                                       kSurfaceLoadColumns};
 
 }  // namespace zt::saf

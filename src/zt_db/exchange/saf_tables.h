@@ -6,8 +6,8 @@
 
 namespace zt {
 
-/// The sheets of the open Structural Analysis Format (saf.guide), versions 2.1 and 2.2, that a model has a place for. The
-/// names of columns are those of version 2.2; names of 2.1 stand as other names.
+/// The sheets of the open Structural Analysis Format (saf.guide), versions 2.1 and 2.2, that a model has a place for.
+/// The names of columns are those of version 2.2; names of 2.1 stand as other names.
 namespace saf {
 
 extern const ExchangeTable<ExchangeMaterial> kMaterials;

@@ -17,8 +17,8 @@ constexpr int kByValues = 3;
 constexpr std::string_view kFormatShapes = "SAF";
 constexpr std::int8_t kNo = -1;
 
-/// A shape of the exchange format: how many parameters it has, and what becomes of them. `sizes` says for each size of a
-/// record which parameter it is.
+/// A shape of the exchange format: how many parameters it has, and what becomes of them. `sizes` says for each size of
+/// a record which parameter it is.
 struct Shape {
     std::string_view name;
     std::size_t parameters;
@@ -71,8 +71,8 @@ struct FormCode {
     std::string_view shape;
 };
 constexpr FormCode kFormCodes[] = {
-    {"1", "H-Section"}, {"2", "Box"},       {"3", "Pipe"},            {"4", "Angle"},
-    {"5", "Channel"},   {"6", "T-Section"}, {"7", "Solid Rectangle"}, {"8", "Solid Round"},
+    {"1", "H-Section"},       {"2", "Box"},         {"3", "Pipe"}, {"4", "Angle"}, {"5", "Channel"}, {"6", "T-Section"},
+    {"7", "Solid Rectangle"}, {"8", "Solid Round"},
 };
 
 const Shape* FindShape(std::string_view name) {

@@ -9,8 +9,8 @@
 
 namespace zt {
 
-/// What a table must have. A column that is `Present` may have empty cells, a `Required` one has none. Of a column with a
-/// fixed value, others are reported, except where it is `Quiet`; a `Silent` column is not written besides.
+/// What a table must have. A column that is `Present` may have empty cells, a `Required` one has none. Of a column with
+/// a fixed value, others are reported, except where it is `Quiet`; a `Silent` column is not written besides.
 enum class Need { Optional, Present, Required, Quiet, Silent };
 
 /// What a column is called and measured in. A "#" in the name stands for a number from 1: the column is repeated.
@@ -61,9 +61,9 @@ struct FixedValue {
 };
 
 template <class T>
-using ColumnTarget =
-    std::variant<std::string T::*, double T::*, MaybeNumber T::*, NameList T::*, std::vector<double> T::*,
-                 FreedomKindOf<T>, FreedomNumberOf<T>, OneOfSix<T>, MeasuredText<T>, RepeatedNumbers<T>, RepeatedTexts<T>, FixedValue>;
+using ColumnTarget = std::variant<std::string T::*, double T::*, MaybeNumber T::*, NameList T::*,
+                                  std::vector<double> T::*, FreedomKindOf<T>, FreedomNumberOf<T>, OneOfSix<T>,
+                                  MeasuredText<T>, RepeatedNumbers<T>, RepeatedTexts<T>, FixedValue>;
 
 /// A column of a table of structures T.
 template <class T>

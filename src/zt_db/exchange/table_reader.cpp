@@ -126,7 +126,9 @@ void TableReading::ReadHeader(const SheetRow& row) {
         if (row.cells[i].kind != SheetValueKind::Text) continue;
         headers_[i] = velda::TrimBlanks(row.cells[i].text);
         const auto match = MatchOf(i, headers_[i]);
-        const auto same = [&](const Match& other) { return other.rule == match->rule && other.repeat == match->repeat; };
+        const auto same = [&](const Match& other) {
+            return other.rule == match->rule && other.repeat == match->repeat;
+        };
         if (!match) {
             context_.report.Add(FindingLevel::Note, {sheet_, 0, Shown(headers_[i])}, "IDS_XCH_COLUMN_UNKNOWN");
         } else if (std::any_of(matches_.begin(), matches_.end(), same)) {
@@ -142,7 +144,8 @@ void TableReading::CheckMissing() {
     complete_ = true;
     for (std::size_t i = 0; i < rules_.size(); ++i) {
         if (rules_[i].need != Need::Required && rules_[i].need != Need::Present) continue;
-        if (std::any_of(matches_.begin(), matches_.end(), [&](const Match& match) { return match.rule == i; })) continue;
+        if (std::any_of(matches_.begin(), matches_.end(), [&](const Match& match) { return match.rule == i; }))
+            continue;
         context_.report.Add(FindingLevel::Error, {sheet_, 0, std::string(rules_[i].name)}, "IDS_XCH_COLUMN_MISSING");
         complete_ = false;
     }
@@ -180,7 +183,8 @@ std::string TableReading::Text(const Match& match) const {
 
 void TableReading::TellWrongType(const Match& match) const {
     const bool needed = rules_[match.rule].need == Need::Required;
-    Tell(needed ? FindingLevel::Error : FindingLevel::Warning, match, "IDS_XCH_WRONG_TYPE", {Shown(CellOf(match).text)});
+    Tell(needed ? FindingLevel::Error : FindingLevel::Warning, match, "IDS_XCH_WRONG_TYPE",
+         {Shown(CellOf(match).text)});
 }
 
 MaybeNumber TableReading::Number(const Match& match) const {

@@ -28,8 +28,8 @@ std::size_t SheetOf(const ExchangeTable<T>& table, const SheetSource& source) {
     return static_cast<std::size_t>(at - names.begin());
 }
 
-/// Reads every sheet of a set of tables into the lists of a model, and tells of the sheets that are none of them and not
-/// among `known`. False when a sheet cannot be read or the work was stopped.
+/// Reads every sheet of a set of tables into the lists of a model, and tells of the sheets that are none of them and
+/// not among `known`. False when a sheet cannot be read or the work was stopped.
 template <class Tables>
 bool ReadSheets(SheetSource& source, const Tables& tables, const NameList& known, TableContext& context,
                 ExchangeModel& model) {
@@ -50,7 +50,8 @@ bool ReadSheets(SheetSource& source, const Tables& tables, const NameList& known
         const std::string& name = source.Names()[i];
         if (taken[i] || std::find(known.begin(), known.end(), Comparable(name)) != known.end()) continue;
         std::uint64_t rows = 0;
-        good = source.Read(i, [&](const SheetRow&) { return ++rows > 0; }, context.report);
+        good = source.Read(
+            i, [&](const SheetRow&) { return ++rows > 0; }, context.report);
         const std::uint64_t records = rows > 0 ? rows - 1 : 0;
         context.report.CountRead(name, records);
         context.report.Add(FindingLevel::LeftOut, {name, 0, {}}, "IDS_XCH_SHEET_NOT_KEPT",

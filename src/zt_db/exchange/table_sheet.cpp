@@ -13,7 +13,8 @@ constexpr int kHeaderPixels = 22;
 /// A unit as the end of a name: "kN/m2" is "kN_m2".
 std::string Suffix(std::string_view unit) {
     std::string text = "_" + std::string(unit);
-    std::replace_if(text.begin(), text.end(), [](char c) { return c == '/' || c == '*'; }, '_');
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return c == '/' || c == '*'; }, '_');
     return text;
 }
 

@@ -85,9 +85,7 @@ private:
         void operator()(MaybeNumber T::*member) const { PutNumber(cell, record.*member, size); }
         void operator()(NameList T::*member) const { PutText(cell, JoinList(record.*member)); }
         void operator()(std::vector<double> T::*member) const { PutText(cell, JoinNumbers(record.*member, size)); }
-        void operator()(const FreedomKindOf<T>& from) const {
-            PutText(cell, (record.*from.freedoms)[from.index].kind);
-        }
+        void operator()(const FreedomKindOf<T>& from) const { PutText(cell, (record.*from.freedoms)[from.index].kind); }
         void operator()(const FreedomNumberOf<T>& from) const {
             PutNumber(cell, (record.*from.freedoms)[from.index].*from.number, size);
         }

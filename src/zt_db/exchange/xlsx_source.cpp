@@ -81,7 +81,9 @@ public:
         bytes_ += text.size();
         if (bytes_ <= limits_.textBytes) texts_.back() += text;
     }
-    bool TooLong() const { return bytes_ > limits_.textBytes || texts_.size() > limits_.textBytes / sizeof(std::string); }
+    bool TooLong() const {
+        return bytes_ > limits_.textBytes || texts_.size() > limits_.textBytes / sizeof(std::string);
+    }
 
 private:
     std::vector<std::string>& texts_;
@@ -184,8 +186,8 @@ void SheetHandler::BeginCell(const XmlAttributes& attributes) {
 
 SheetValue SheetHandler::SharedText() const {
     std::int64_t index = 0;
-    const bool known = velda::ReadWholeLong(value_, index) && index >= 0 &&
-                       static_cast<std::uint64_t>(index) < texts_.size();
+    const bool known =
+        velda::ReadWholeLong(value_, index) && index >= 0 && static_cast<std::uint64_t>(index) < texts_.size();
     if (!known) return {SheetValueKind::Fault};
     const std::string& text = texts_[static_cast<std::size_t>(index)];
     return {text.empty() ? SheetValueKind::Empty : SheetValueKind::Text, 0.0, text};
@@ -252,8 +254,7 @@ std::string RelationsOf(const std::string& part) {
     return (path.parent_path() / "_rels" / (path.filename().string() + ".rels")).generic_string();
 }
 
-Outcome XlsxSource::ReadPart(const std::string& part, XmlHandler& handler,
-                             velda::FunctionRef<void(XmlReader&)> begun) {
+Outcome XlsxSource::ReadPart(const std::string& part, XmlHandler& handler, velda::FunctionRef<void(XmlReader&)> begun) {
     XmlReader reader(handler);
     begun(reader);
     Outcome parsed = Outcome::Done();
