@@ -2,6 +2,7 @@
 
 #include <iostream>
 
+#include "open_model.h"
 #include "velda_lib/msg_dll.h"
 #include "zt_tb/core/table_export.h"
 #include "zt_tb/model/tb_prop_view.h"
@@ -36,14 +37,6 @@ bool AddTables(velda::CGridExportToExcel& exporter, const zt::CTBView& view, con
         zt::AddTable(exporter, view, tab);
     }
     return true;
-}
-
-std::unique_ptr<zt::CDBDoc> OpenModel(const std::string& path) {
-    zt::OpenReport report;
-    auto doc = zt::CDBDoc::Open(path, zt::OpenMode::ReadOnly, report);
-    if (!report.message.empty()) std::cerr << report.message << '\n';
-    for (const std::string& loss : report.losses) std::cerr << loss << '\n';
-    return doc;
 }
 
 }  // namespace
