@@ -13,8 +13,9 @@ namespace zt {
 ///
 /// Every structure knows the place in the file that it came from, so that whatever is found later can be told there.
 struct ExchangeOrigin {
-    std::uint32_t sheet = 0;  ///< index into ExchangeModel::sheets
-    std::uint32_t row = 0;    ///< 0 when it came from no file
+    static constexpr std::uint32_t kNone = 0xFFFFFFFFu;
+    std::uint32_t sheet = kNone;  ///< index into ExchangeModel::sheets; kNone when it came from no file
+    std::uint32_t row = 0;
 };
 
 using NameList = std::vector<std::string>;

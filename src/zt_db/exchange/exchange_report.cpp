@@ -63,19 +63,29 @@ std::uint64_t ExchangeReport::Count(FindingLevel level) const {
     return at == counts_.end() ? 0 : at->second;
 }
 
-std::string ExchangeReport::Text() const {
+std::string ExchangeReport::LevelText(FindingLevel level) const {
+    const std::string word = FormatText(LevelKey(level), {}) + ": ";
     std::string text;
-    for (const SheetCount& count : sheets_) {
-        text += FormatText("IDS_XCH_SHEET_COUNT", {count.sheet, CountText(count.read), CountText(count.kept)}) + '\n';
-    }
     for (const ExchangeFinding& finding : findings_) {
-        text += FormatText(LevelKey(finding.level), {}) + ": " + PlaceText(finding.place) + finding.Text() + '\n';
+        if (finding.level == level) text += word + PlaceText(finding.place) + finding.Text() + '\n';
     }
     for (const auto& [kind, count] : kinds_) {
-        if (count <= kMostOfOneKind) continue;
-        const auto& [level, sheet, column, key] = kind;
-        text += FormatText(LevelKey(level), {}) + ": " + PlaceText({sheet, 0, column}) +
+        const auto& [kindLevel, sheet, column, key] = kind;
+        if (kindLevel != level || count <= kMostOfOneKind) continue;
+        text += word + PlaceText({sheet, 0, column}) +
                 FormatText("IDS_XCH_MORE_OF_KIND", {CountText(count - kMostOfOneKind)}) + '\n';
+    }
+    return text;
+}
+
+std::string ExchangeReport::Text() const {
+    std::string text;
+    for (const FindingLevel level : {FindingLevel::Error, FindingLevel::Warning, FindingLevel::LeftOut,
+                                     FindingLevel::Converted, FindingLevel::Note}) {
+        text += LevelText(level);
+    }
+    for (const SheetCount& count : sheets_) {
+        text += FormatText("IDS_XCH_SHEET_COUNT", {count.sheet, CountText(count.read), CountText(count.kept)}) + '\n';
     }
     return text;
 }

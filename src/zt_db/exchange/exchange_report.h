@@ -41,7 +41,7 @@ struct SheetCount {
 /// others are counted, so that a long file does not make a long report.
 class ExchangeReport {
 public:
-    static constexpr std::uint32_t kMostOfOneKind = 20;
+    static constexpr std::uint32_t kMostOfOneKind = 10;
     static constexpr std::size_t kMostKinds = 5000;
 
     void Add(FindingLevel level, ExchangePlace place, std::string_view key, std::vector<std::string> values = {});
@@ -54,12 +54,13 @@ public:
     std::uint64_t Count(FindingLevel level) const;
     bool HasErrors() const { return Count(FindingLevel::Error) > 0; }
 
-    /// The whole report in the current language, one line for each finding.
+    /// The whole report in the current language, one line for each finding; what matters most comes first.
     std::string Text() const;
 
 private:
     using Kind = std::tuple<FindingLevel, std::string, std::string, std::string>;
 
+    std::string LevelText(FindingLevel level) const;
     SheetCount& CountOf(const std::string& sheet);
 
     std::vector<ExchangeFinding> findings_;

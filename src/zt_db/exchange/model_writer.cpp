@@ -346,8 +346,7 @@ std::uint32_t ModelWriter::ThicknessOf(const ExchangeSurface& surface) {
     const std::string name = "T" + velda::FormatDouble(velda::RoundToShown(thickness * kMillimetre));
     const auto [at, isNew] = thicknesses_.try_emplace(name, 0);
     if (isNew) {
-        at->second =
-            Put(*thicknessBatch_, *knownThicknesses_, {.name = name, .thickness = thickness}, ExchangeOrigin{~0u, 0});
+        at->second = Put(*thicknessBatch_, *knownThicknesses_, {.name = name, .thickness = thickness}, {});
     }
     return at->second;
 }

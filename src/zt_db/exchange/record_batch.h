@@ -66,6 +66,9 @@ public:
     /// is none.
     std::uint32_t Find(Record record) const {
         if (known_.empty()) return 0;
+        // The way that a record goes when it is stored and read again.
+        RecordToCurrent(record, units_);
+        RecordToBase(record, units_);
         RecordToCurrent(record, units_);
         const auto [first, last] = known_.equal_range(textOf_(record));
         for (auto at = first; at != last; ++at) {

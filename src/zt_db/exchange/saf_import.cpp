@@ -26,7 +26,6 @@ void ReadSettings(SheetSource& source, std::size_t sheet, ExchangeReport& report
             return model.settings.size() < kMostSettings;
         },
         report);
-    report.CountRead(source.Names()[sheet], model.settings.size());
 }
 
 std::string SettingOf(const ExchangeModel& model, std::string_view name) {

@@ -135,13 +135,13 @@ bool SupportWriter::PutReleases() {
     return batch.Write();
 }
 
-/// The freedoms that a link ties, as six digits. Where it has a hinge only its rigid freedoms are tied.
+/// The freedoms that a link ties, as six digits. Those with a spring are tied too, since a link has none.
 int SupportWriter::FreedomsOf(const ExchangeRigidLink& link) {
     const std::string hinges = Comparable(link.hinges);
     int freedoms = 0;
     for (const ExchangeFreedom& freedom : link.freedoms) {
         const Hold hold = HoldOf(freedom.kind);
-        const bool tied = hinges == "none" || (hinges.empty() && hold != Hold::Free) || hold == Hold::Rigid;
+        const bool tied = hinges == "none" || hold != Hold::Free;
         freedoms = freedoms * 10 + (tied ? 1 : 0);
         if (hinges != "none" && hold != Hold::Rigid && hold != Hold::Free) {
             written_.Tell(FindingLevel::Converted, link.origin, "IDS_XCH_FREEDOM_CONVERTED", freedom.kind);

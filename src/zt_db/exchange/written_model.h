@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "zt_db/core/database.h"
@@ -42,9 +43,14 @@ struct WrittenModel {
               std::string column = {}) {
         report.Add(level, PlaceOf(model, origin, std::move(column)), key, {std::move(value)});
     }
-    void CountKept(const ExchangeOrigin& origin, std::uint64_t count = 1) {
-        if (origin.sheet < model.sheets.size()) report.CountKept(model.sheets[origin.sheet], count);
+    /// A row counts once, also when several records came from it.
+    void CountKept(const ExchangeOrigin& origin) {
+        if (origin.sheet >= model.sheets.size()) return;
+        const std::uint64_t place = std::uint64_t{origin.sheet} << 32 | origin.row;
+        if (kept.insert(place).second) report.CountKept(model.sheets[origin.sheet], 1);
     }
+
+    std::unordered_set<std::uint64_t> kept{};
 };
 
 /// Writes supports, releases, links, masses and loads. False when the database refuses a record.
