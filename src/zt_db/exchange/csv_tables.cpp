@@ -22,6 +22,7 @@ constexpr Column<ExchangeSection> kSectionColumns[] = {
     {{"shape"}, &ExchangeSection::shape},
     {{"sizes", Need::Optional, "m"}, &ExchangeSection::sizes},
     {{"profile"}, &ExchangeSection::profile},
+    {{"form_code"}, &ExchangeSection::formCode},
     {{"material"}, &ExchangeSection::material},
     {{"A", Need::Optional, "m2", "Ax"}, &ExchangeSection::area},
     {{"shear_area_y", Need::Optional, "m2"}, &ExchangeSection::shearAreaY},

@@ -61,9 +61,12 @@ double AngleOfLocalY(const MemberAxes& axes, const Vector3& vector) {
 }
 
 double CleanAngle(double angle) {
-    double turned = std::remainder(angle, 2.0 * std::numbers::pi);
-    turned = std::round(turned / kAngleStep) * kAngleStep;
-    return std::abs(turned) < 2.0 * kAngleStep ? 0.0 : turned;
+    const double turned = std::remainder(angle, 2.0 * std::numbers::pi);
+    constexpr double kNear = 8.0 * kAngleStep;
+    if (std::abs(turned) < kNear) return 0.0;
+    // Half a turn to either side is the same.
+    if (std::abs(turned) > std::numbers::pi - kNear) return std::numbers::pi;
+    return std::round(turned / kAngleStep) * kAngleStep;
 }
 
 }  // namespace zt

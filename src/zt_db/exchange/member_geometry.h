@@ -32,7 +32,8 @@ MemberAxes AxesOfLine(const Vector3& from, const Vector3& to);
 double AngleOfLocalZ(const MemberAxes& axes, const Vector3& vector);
 double AngleOfLocalY(const MemberAxes& axes, const Vector3& vector);
 
-/// An angle within half a turn of 0, without the last digits that conversions of units leave behind.
+/// An angle above minus half a turn and up to half a turn, without the last digits that conversions of units leave
+/// behind.
 double CleanAngle(double angle);
 
 }  // namespace zt

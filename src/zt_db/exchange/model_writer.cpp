@@ -228,7 +228,7 @@ bool ModelWriter::WriteNodes() {
     for (std::size_t i = 0; i < model_.nodes.size(); ++i) {
         const ExchangeNode& node = model_.nodes[i];
         const std::size_t place = StoryOf(node.storey, node.z);
-        T_PONT_D record{.x = node.x, .y = node.y, .z = node.z - levels_.At(place).level};
+        T_PONT_D record{.x = node.x, .y = node.y, .z = HeightAbove(node.z, levels_.At(place).level)};
         record.plan = static_cast<int>(place);
         record.story = levels_.At(place).key;
         record.no = numbers[i];

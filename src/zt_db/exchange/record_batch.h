@@ -57,7 +57,8 @@ public:
         for (const std::uint32_t key : keys) {
             Record record;
             records.Get(key, record);
-            known_.emplace(textOf(record), std::pair(key, std::move(record)));
+            std::string text = textOf(record);
+            known_.emplace(std::move(text), std::pair(key, std::move(record)));
         }
     }
 

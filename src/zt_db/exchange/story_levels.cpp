@@ -1,6 +1,7 @@
 #include "zt_db/exchange/story_levels.h"
 
 #include <algorithm>
+#include <cmath>
 #include <unordered_map>
 
 #include "velda_lib/number_text.h"
@@ -31,6 +32,11 @@ std::size_t StoryLevels::PlaceOfKey(std::uint32_t key) const {
     const auto at =
         std::find_if(levels_.begin(), levels_.end(), [&](const StoryLevel& story) { return story.key == key; });
     return static_cast<std::size_t>(at - levels_.begin());
+}
+
+double HeightAbove(double height, double level) {
+    constexpr double kSteps = 1.0e10;
+    return velda::RoundToShown(std::round((height - level) * kSteps) / kSteps);
 }
 
 std::vector<ExchangeStorey> StoreysFromColumns(const ExchangeModel& model) {
@@ -64,7 +70,7 @@ void FillHeights(std::vector<ExchangeStorey>& storeys) {
     for (ExchangeStorey& storey : storeys) order.push_back(&storey);
     std::stable_sort(order.begin(), order.end(), [](const auto* a, const auto* b) { return a->level < b->level; });
     for (std::size_t i = 0; i < order.size(); ++i) {
-        if (!order[i]->height) order[i]->height = i == 0 ? 0.0 : order[i]->level - order[i - 1]->level;
+        if (!order[i]->height) order[i]->height = i == 0 ? 0.0 : HeightAbove(order[i]->level, order[i - 1]->level);
     }
 }
 

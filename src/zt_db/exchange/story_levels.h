@@ -30,6 +30,9 @@ private:
     std::vector<StoryLevel> levels_;
 };
 
+/// How far a height lies above a level, without the last digits that the difference leaves behind.
+double HeightAbove(double height, double level);
+
 /// Storeys for a model without any: a base at its lowest node, and one at each height where columns end.
 std::vector<ExchangeStorey> StoreysFromColumns(const ExchangeModel& model);
 /// Gives each storey without a height the distance to the one below.

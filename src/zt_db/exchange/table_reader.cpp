@@ -21,6 +21,9 @@ std::optional<std::size_t> RepeatOf(std::string_view pattern, std::string_view n
     return static_cast<std::size_t>(number - 1);
 }
 
+/// A number in another unit, without the last digits that the conversion leaves behind.
+double Scaled(double number, double size) { return size == 1.0 ? number : velda::RoundToShown(number * size); }
+
 std::string Shown(std::string_view text) {
     if (text.size() <= kShownCharacters) return std::string(text);
     std::size_t end = kShownCharacters;
@@ -200,7 +203,7 @@ MaybeNumber TableReading::Number(const Match& match) const {
             [[fallthrough]];
         default: TellWrongType(match); return std::nullopt;
     }
-    if (std::isfinite(number * match.size)) return number * match.size;
+    if (std::isfinite(number * match.size)) return Scaled(number, match.size);
     TellWrongType(match);
     return std::nullopt;
 }
@@ -213,7 +216,7 @@ std::vector<double> TableReading::Numbers(const Match& match) const {
             TellWrongType(match);
             return {};
         }
-        numbers.push_back(number * match.size);
+        numbers.push_back(Scaled(number, match.size));
     }
     return numbers;
 }

@@ -2,6 +2,7 @@
 
 #include <zip.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
@@ -126,6 +127,18 @@ inline std::vector<TestSheet> With(std::vector<TestSheet> sheets, const TestShee
     }
     sheets.push_back(sheet);
     return sheets;
+}
+
+/// Expects equal lists of records, and shows only those that differ.
+inline void ExpectSameRecords(const std::vector<std::string>& records, const std::vector<std::string>& wanted) {
+    EXPECT_EQ(records.size(), wanted.size());
+    constexpr int kMostShown = 5;
+    int shown = 0;
+    for (std::size_t i = 0; i < std::min(records.size(), wanted.size()) && shown < kMostShown; ++i) {
+        if (records[i] == wanted[i]) continue;
+        EXPECT_EQ(records[i], wanted[i]);
+        ++shown;
+    }
 }
 
 /// A test that imports files into an open model and looks at the report.
