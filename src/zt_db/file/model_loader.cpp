@@ -256,7 +256,24 @@ private:
     Faults& faults_;
 };
 
+/// Whether something is left beside a file that a program did not close.
+bool HasJournal(const std::string& path) {
+    const auto holdsSomething = [&](const char* ending) {
+        std::error_code error;
+        const auto size = fs::file_size(path + ending, error);
+        return !error && size > 0;
+    };
+    return holdsSomething("-wal") || holdsSomething("-journal");
+}
+
+/// A file that has lost its end may still read as a whole: SQLite takes the missing bytes of a page for zeros. What a
+/// journal holds may lie beyond the end.
+void CheckLength(const SqliteHandle& db, const std::string& path, Faults& faults) {
+    if (!HasJournal(path) && IsCutOff(db, path)) faults.Note(FormatText("IDS_DB_FILE_CUT_OFF", {path}));
+}
+
 void LoadTables(SqliteHandle& db, const std::string& path, bool mayLackColumns, CDataBase& database, Faults& faults) {
+    CheckLength(db, path, faults);
     for (std::uint16_t i = 0; i < database.ClassCount() && !faults.Stopped(); ++i) {
         TableReader(db, path, database.StoreAt(i), mayLackColumns, faults).Read();
     }
@@ -313,16 +330,6 @@ bool CheckVersion(std::int64_t applicationId, std::int64_t version, const std::s
     return Refuse(report,
                   FormatText("IDS_DB_FILE_NEWER", {path, std::to_string(version), std::to_string(kModelSchemaVersion)}),
                   true);
-}
-
-/// Whether something is left beside a file that a program did not close.
-bool HasJournal(const std::string& path) {
-    const auto holdsSomething = [&](const char* ending) {
-        std::error_code error;
-        const auto size = fs::file_size(path + ending, error);
-        return !error && size > 0;
-    };
-    return holdsSomething("-wal") || holdsSomething("-journal");
 }
 
 /// Leaves a journal as it is when the file is closed, instead of bringing it into the file.

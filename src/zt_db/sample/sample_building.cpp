@@ -17,7 +17,8 @@ public:
     SampleBuilder(CDataBase& database, const SampleBuilding& building) : database_(database), building_(building) {}
 
     bool Build() {
-        return AddProperties() && AddStories() && AddNodes() && AddMembers() && AddLoads() && AddGroupsAndStandards();
+        return AddProperties() && AddStories() && AddNodes() && AddMembers() && AddLoads() && AddSupports() &&
+               AddBeamLoads() && AddGroupsAndStandards();
     }
 
 private:
@@ -161,6 +162,23 @@ private:
                Put<CClassStld>(kEarthquake, {.name = "EX", .type = "E", .description = "Earthquake in X"}) &&
                Put<CClassLcom>(kGravity, gravity) && Put<CClassLcom>(kGravityWind, wind) &&
                Put<CClassLcom>(kService, service);
+    }
+
+    /// The columns stand in fixed footings.
+    bool AddSupports() {
+        std::vector<T_SPTS_D> supports(NodeKey(0, 0, 1) - 1, {.flags = "111111"});
+        return PutAll<CClassSpts>(supports);
+    }
+
+    /// Partitions on the beams: a block wall of 190 mm with plaster, 3 m high, at 2.5 kN/m2.
+    bool AddBeamLoads() {
+        constexpr double kPartition = -7500.0;
+        std::vector<T_LNLD_D> loads;
+        for (std::uint32_t key = 1; key <= members_.size(); ++key) {
+            if (members_[key - 1].type != 201) continue;
+            loads.push_back({.memb = key, .stld = kDead, .x = {0.0, 1.0}, .p = {kPartition, kPartition}});
+        }
+        return PutAll<CClassLnld>(loads);
     }
 
     bool AddGroupsAndStandards() {
