@@ -13,7 +13,7 @@ export TMPDIR
 trap 'rm -rf "$TMPDIR"' EXIT
 
 status=0
-for fuzzer in open_model_fuzzer text_fuzzer script_fuzzer; do
+for fuzzer in open_model_fuzzer text_fuzzer script_fuzzer workbook_fuzzer csv_fuzzer; do
     corpus=$build/corpus/$fuzzer
     rm -rf "$corpus"
     mkdir -p "$corpus"

@@ -3,7 +3,7 @@
 #include <iostream>
 
 #include "desktop/print/pdf_file.h"
-#include "zt_db/doc/doc.h"
+#include "open_model.h"
 #include "zt_tb/core/table_export.h"
 #include "zt_tb/model/open_table.h"
 
@@ -36,14 +36,6 @@ velda::Outcome WriteSheets(const Views& views, const std::string& path) {
 velda::Outcome WritePages(const Views& views, const std::string& path) {
     if (views.size() == 1) return zt::WritePdf(*views.front(), path);
     return velda::Outcome::Refused("a PDF file holds one table; name it with --table");
-}
-
-std::unique_ptr<zt::CDBDoc> OpenModel(const std::string& path) {
-    zt::OpenReport report;
-    auto doc = zt::CDBDoc::Open(path, zt::OpenMode::ReadOnly, report);
-    if (!report.message.empty()) std::cerr << report.message << '\n';
-    for (const std::string& loss : report.losses) std::cerr << loss << '\n';
-    return doc;
 }
 
 }  // namespace

@@ -6,8 +6,10 @@
 #include <string>
 #include <vector>
 
+#include "exchange_commands.h"
 #include "export_command.h"
 #include "library_command.h"
+#include "velda_lib/msg_dll.h"
 #include "zt_db/doc/doc.h"
 #include "zt_script/script_runner.h"
 
@@ -26,6 +28,9 @@ void PrintUsage(std::ostream& output) {
               "                              tables without arguments\n"
               "zts script FILE...            runs table scripts\n"
               "zts help                      this text and the commands of scripts\n";
+    for (const std::string_view key : {"IDS_ZTS_HELP_IMPORT", "IDS_ZTS_HELP_EXPORT_MODEL"}) {
+        output << velda::FormatText(key, {}) << '\n';
+    }
 }
 
 void PrintContent(zt::CDBDoc& doc, const zt::OpenReport& report) {
@@ -64,7 +69,17 @@ int RunScripts(const std::vector<std::string>& files) {
     return total.ExitStatus();
 }
 
+int ImportFile(const std::vector<std::string>& words) {
+    const auto request = ReadImportRequest(words);
+    if (!request) {
+        PrintUsage(std::cerr);
+        return kWrongUse;
+    }
+    return Import(*request) ? 0 : kFailed;
+}
+
 int ExportTables(const std::vector<std::string>& words) {
+    if (const auto whole = ReadModelExportRequest(words)) return ExportWholeModel(*whole) ? 0 : kFailed;
     const auto request = ReadExportRequest(words);
     if (!request) {
         PrintUsage(std::cerr);
@@ -84,6 +99,7 @@ int Run(const std::vector<std::string>& arguments) {
     const std::string command = arguments.empty() ? "" : arguments[0];
     const std::vector<std::string> rest(arguments.begin() + (arguments.empty() ? 0 : 1), arguments.end());
     if (command == "info") return Info(rest);
+    if (command == "import") return ImportFile(rest);
     if (command == "export") return ExportTables(rest);
     if (command == "library") return ShowLibrary(rest);
     if (command == "script") return RunScripts(rest);

@@ -54,6 +54,8 @@ const std::vector<Library>& Libraries() {
         {"hdf5", {"src/zt_db/file/", "tests/zt_db/"}},
         {"pugixml", {"src/zt_db/file/"}},
         {"xlsxwriter", {"src/velda_util/export/xlsx_file.cpp", "bench/"}},
+        {"zip.h", {"src/zt_db/exchange/zip_archive.cpp", "tests/zt_db/exchange/"}},
+        {"expat.h", {"src/zt_db/exchange/xml_reader.cpp"}},
         {"zlib.h", {"tests/velda_util/"}},
         {"muParser", {"src/velda_util/formula/"}},
         {"Eigen/", {"src/zt_anl/", "tests/zt_anl/"}},

@@ -52,7 +52,9 @@ private:
 TEST_F(ZtsTest, WrongWordsGetTheUsageAndStatusTwo) {
     for (const char* words : {"", "nonsense", "info", "info a b", "script", "HELP", "export", "export model",
                               "export --out a.csv", "export model --out", "export model --out a.csv --out b.csv",
-                              "export model --kind x --out a.csv", "library doors", "library sections a b"}) {
+                              "export model --kind x --out a.csv", "library doors", "library sections a b",
+                              "export model --out a --as pdf", "import",
+                              "import a.xlsx", "import --out a.ztm", "import a.xlsx --out a.ztm --out b.ztm"}) {
         const Result result = Zts(words);
         EXPECT_EQ(result.status, 2) << words;
         EXPECT_EQ(result.output, "") << words;
@@ -115,6 +117,35 @@ TEST_F(ZtsTest, ExportTellsWhyItWasRefused) {
     refused("model.ztm --table THIK --out missing/a.pdf", "missing/a.pdf");
     refused("model.ztm --table THIK --table THIK --out a.pdf", "one table");
     EXPECT_FALSE(std::filesystem::exists(File("a.csv")));
+}
+
+TEST_F(ZtsTest, AModelGoesOutAndComesBack) {
+    SaveSample("model.ztm");
+    for (const std::string format : {"saf", "csv"}) {
+        const std::string file = format == "saf" ? "book.xlsx" : "tables";
+        const Result out = Zts("export model.ztm --out " + file + " --as " + format);
+        ASSERT_EQ(out.status, 0) << out.errors;
+        const Result in = Zts("import " + file + " --out back.ztm --report report.txt");
+        ASSERT_EQ(in.status, 0) << in.errors << Content("report.txt");
+        EXPECT_EQ(in.output, "");
+        EXPECT_THAT(Content("report.txt"), HasSubstr(": 12 read, 12 kept\n"));
+        const Result info = Zts("info back.ztm");
+        EXPECT_THAT(info.output, HasSubstr("\n  PONT  12  Node\n"));
+        EXPECT_THAT(info.output, HasSubstr("\n  MEMB  20  Member\n"));
+    }
+}
+
+TEST_F(ZtsTest, AnImportThatFailsLeavesTheModelFileAlone) {
+    SaveSample("model.ztm");
+    const std::string before = Content("model.ztm");
+    Write("book.xlsx", "no workbook");
+    const Result result = Zts("import book.xlsx --out model.ztm");
+    EXPECT_EQ(result.status, 1);
+    EXPECT_THAT(result.output, HasSubstr("book.xlsx"));
+    EXPECT_THAT(result.errors, HasSubstr("Nothing was imported."));
+    EXPECT_EQ(Content("model.ztm"), before);
+    EXPECT_EQ(Zts("import missing --out new.ztm").status, 1);
+    EXPECT_FALSE(std::filesystem::exists(File("new.ztm")));
 }
 
 TEST_F(ZtsTest, HelpTellsTheUsageAndTheCommandsOfScripts) {
