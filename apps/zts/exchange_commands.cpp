@@ -8,6 +8,7 @@
 #include "open_model.h"
 #include "velda_lib/msg_dll.h"
 #include "zt_db/doc/doc.h"
+#include "zt_db/exchange/library_lookup.h"
 #include "zt_db/exchange/model_exchange.h"
 
 namespace {
@@ -48,7 +49,8 @@ std::optional<ImportRequest> ReadImportRequest(const std::vector<std::string>& w
 bool Import(const ImportRequest& request) {
     const auto doc = zt::CDBDoc::New();
     zt::ExchangeReport report;
-    bool done = zt::ImportModel(*doc->GetMDBCtrl()->GetCurrentDB(), request.source, {}, report);
+    bool done = zt::ImportModel(*doc->GetMDBCtrl()->GetCurrentDB(), request.source,
+                                {.lookup = &zt::CompleteFromLibrary}, report);
     const bool told = WriteReport(report, request.report);
     if (done) {
         const velda::Outcome saved = doc->SaveAs(request.out);

@@ -56,14 +56,21 @@ std::vector<std::string> Standards(const T_SECT_D&) {
 
 std::vector<std::string> LibraryNames(const T_SECT_D& section) {
     std::vector<std::string> names;
-    CDB_SteelDataTool::GetSteelList_SectionListByDB(section.base.dbName, names, section.shape);
+    const RegularShape* shape = FindRegularShape(section.shape);
+    CDB_SteelDataTool::GetSteelList_SectionListByDB(section.base.dbName, names, shape ? shape->code : "");
     return names;
+}
+
+/// Records have the name of a shape, the library its code.
+std::string NameOfShape(std::string_view code) {
+    const RegularShape* shape = FindRegularShape(code);
+    return std::string(shape ? shape->name : code);
 }
 
 void TakeFromLibrary(T_SECT_D& section, const std::string& name) {
     const std::string before = section.base.sectName;
     if (!CDB_SteelDataTool::GetSectionProperty(section.base.dbName, name, section.base)) return;
-    section.shape = CDB_SteelDataTool::GetSectionShape(section.base.dbName, name);
+    section.shape = NameOfShape(CDB_SteelDataTool::GetSectionShape(section.base.dbName, name));
     if (section.name.empty() || section.name == before) section.name = name;
 }
 
@@ -91,13 +98,11 @@ std::vector<std::string> Shapes(const T_SECT_D& section) {
 }
 
 std::string ShapeName(const T_SECT_D& section) {
-    const RegularShape* shape = section.kind == kRegular ? FindRegularShape(section.shape) : nullptr;
-    return shape ? std::string(shape->name) : section.shape;
+    return section.kind == kRegular ? NameOfShape(section.shape) : section.shape;
 }
 
 void ChooseShape(T_SECT_D& section, const std::string& name) {
-    const RegularShape* shape = section.kind == kRegular ? FindRegularShape(name) : nullptr;
-    section.shape = shape ? std::string(shape->code) : name;
+    section.shape = name;
     if (IsLibrary(section)) {
         TakeFirstOfLibrary(section);
     } else {
@@ -114,7 +119,7 @@ void ChooseSource(T_SECT_D& section, const std::string& name) {
         section.kind = source.kind;
         if (source.isLibrary) {
             section.base.dbName = Standards(section).front();
-            section.shape = "H";
+            section.shape = NameOfShape("H");
             TakeFirstOfLibrary(section);
         } else if (source.kind != kValues) {
             ChooseShape(section, Shapes(section).front());

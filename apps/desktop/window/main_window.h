@@ -18,6 +18,8 @@
 
 namespace zt {
 
+class ExchangeReport;
+
 /// The main window: an open model, its tables on tabs, the commands of the program.
 class MainWindow : public QMainWindow {
     Q_OBJECT
@@ -54,6 +56,10 @@ public:
     void UseThemeOf(Theme theme);
     /// Opens a model file in place of the current model. False when it cannot be opened or the user keeps the current.
     bool OpenModelFile(const QString& path);
+    /// Adds what a workbook or a folder of tables holds to the model, as one step, and shows the report.
+    bool ImportFrom(const QString& path);
+    /// Writes the model as a workbook where the name says so, otherwise as a folder of tables, and shows the report.
+    bool ExportModelTo(const QString& path);
     /// Takes back, or makes again, several steps.
     void UndoSteps(int count) { Step(&CDataBase::Undo, count); }
     void RedoSteps(int count) { Step(&CDataBase::Redo, count); }
@@ -67,6 +73,9 @@ public:
     void OpenModel();
     void Save();
     void SaveAs();
+    void ImportFile();
+    void ImportFolder();
+    void ExportWholeModel();
     void ExportTable();
     void ExportAll();
     void CloseTable();
@@ -157,6 +166,7 @@ private:
     bool MayDropModel();
     void UseModel(std::unique_ptr<CDBDoc> doc);
     bool SaveTo(const QString& path);
+    void ShowReport(const QString& title, const ExchangeReport& report);
     void ExportTo(const std::vector<TableHolder*>& holders, bool allTabs);
 
     std::unique_ptr<CDBDoc> doc_;

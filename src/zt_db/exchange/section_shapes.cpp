@@ -7,6 +7,7 @@
 
 #include "velda_lib/number_text.h"
 #include "zt_db/exchange/table_reader.h"
+#include "zt_db/library/sect_shape.h"
 
 namespace zt {
 namespace {
@@ -117,7 +118,9 @@ void TakeProfile(const ExchangeSection& section, T_SECT_D& record) {
 
 /// Sizes of a record as the parameters of a shape; none when the shape cannot hold all of them.
 std::optional<std::vector<double>> ParametersOf(const Shape& shape, const T_SECT_D& record) {
-    if (shape.recordShape != record.shape || shape.recordShape.empty()) return std::nullopt;
+    // A shape has a code and several names.
+    const RegularShape* recordShape = FindRegularShape(shape.recordShape);
+    if (!recordShape || recordShape != FindRegularShape(record.shape)) return std::nullopt;
     std::vector<double> parameters(shape.parameters, 0.0);
     for (std::size_t i = 0; i < shape.sizes.size(); ++i) {
         if (shape.sizes[i] != kNo) parameters[static_cast<std::size_t>(shape.sizes[i])] = record.base.size[i];
