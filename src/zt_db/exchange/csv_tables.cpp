@@ -43,6 +43,7 @@ constexpr Column<ExchangeStorey> kStoreyColumns[] = {
     {{"storey", Need::Required, {}, "story|name"}, &ExchangeStorey::name},
     {{"elevation", Need::Required, "m", "level"}, &ExchangeStorey::level},
     {{"height", Need::Optional, "m"}, &ExchangeStorey::height},
+    {{"module", Need::Optional}, &ExchangeStorey::module},
 };
 
 constexpr Column<ExchangeNode> kNodeColumns[] = {

@@ -66,6 +66,7 @@ struct ExchangeStorey {
     std::string name{};
     double level = 0.0;
     MaybeNumber height{};
+    std::string module{};  ///< the part of the building; empty for the first one
     ExchangeOrigin origin{};
 };
 

@@ -141,7 +141,9 @@ void ModelReader::ReadMaterials() {
 void ModelReader::ReadStories() {
     UniqueNames names;
     ForEach<CClassStor>([&](std::uint32_t key, const T_STOR_D& record) {
-        ExchangeStorey storey{names.Take(record.name, "S" + NumberText(key)), record.level, record.height, {}};
+        ExchangeStorey storey{names.Take(record.name, "S" + NumberText(key)), record.level, record.height};
+        T_MDUL_D module;
+        if (database_.GetClass<CClassMdul>()->Get(record.mdul, module)) storey.module = module.name;
         storeys_[key] = storey.name;
         levels_[key] = record.level;
         model_.storeys.push_back(storey);

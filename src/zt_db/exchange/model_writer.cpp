@@ -70,6 +70,7 @@ private:
     bool WriteSections();
     void CheckSection(const ExchangeSection& section, T_SECT_D& record);
     bool WriteStoreys();
+    std::uint32_t ModuleOf(const std::string& name);
     std::uint32_t Module();
     void UseStoriesOfModel();
     bool WriteNodes();
@@ -174,6 +175,14 @@ std::uint32_t ModelWriter::Module() {
     return batch.Write() ? key : 0;
 }
 
+std::uint32_t ModelWriter::ModuleOf(const std::string& name) {
+    if (name.empty()) return Module();
+    if (const std::uint32_t key = database_.GetClass<CClassMdul>()->GetKey(name)) return key;
+    RecordBatch<CClassMdul> batch(database_);
+    const std::uint32_t key = batch.Add({.name = name});
+    return batch.Write() ? key : 0;
+}
+
 void ModelWriter::UseStoriesOfModel() {
     std::vector<std::uint32_t> keys;
     database_.GetClass<CClassStor>()->GetKeyList(keys);
@@ -187,8 +196,6 @@ void ModelWriter::UseStoriesOfModel() {
 }
 
 bool ModelWriter::WriteStoreys() {
-    const std::uint32_t module = Module();
-    if (module == 0) return false;
     storeys_ = model_.storeys;
     if (storeys_.empty()) UseStoriesOfModel();
     if (!levels_.Empty()) return true;
@@ -202,6 +209,8 @@ bool ModelWriter::WriteStoreys() {
     const KnownRecords<CClassStor> known(database_, NameOf<T_STOR_D>);
     std::vector<StoryLevel> levels;
     for (const ExchangeStorey& storey : storeys_) {
+        const std::uint32_t module = ModuleOf(storey.module);
+        if (module == 0) return false;
         T_STOR_D record{.name = storey.name, .mdul = module, .level = storey.level, .height = *storey.height};
         levels.push_back({storey.level, Put(batch, known, std::move(record), storey.origin)});
         written_.storeys[storey.name] = levels.back().key;
