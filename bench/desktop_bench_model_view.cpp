@@ -89,8 +89,7 @@ void Picture(benchmark::State& state, bool isMoving) {
     for (auto _ : state) {
         view.Orbit({3.0, 0.0});
         canvas.fill(colors.background);
-        QPainter painter(&canvas);
-        ModelPainter(painter, colors).Paint(view, isMoving);
+        ModelPainter(canvas, QFont(), colors).Paint(view, isMoving);
     }
     state.counters["members"] = static_cast<double>(view.Scene().MemberCount());
     view.Show(StandardView::Isometric);

@@ -55,15 +55,19 @@ bool IsFaceKind(DrawnKind kind) {
 
 }  // namespace
 
+ModelPainter::ModelPainter(QImage& image, const QFont& font, const ModelColors& colors)
+    : image_(image), painter_(&image), colors_(colors) {
+    painter_.setFont(font);
+    painter_.setRenderHint(QPainter::Antialiasing);
+}
+
 void ModelPainter::Paint(const ModelView& view, bool isMoving) {
     const SceneProjection projection(view.Scene(), view.View());
     ScenePicture picture(projection, PictureDetail::Of(view.Scene(), isMoving));
     isDense_ = LinesOf(picture) > kManyLines;
-    painter_.setRenderHint(QPainter::Antialiasing);
+    isMoving_ = isMoving;
     PaintLevels(picture.Levels());
-    painter_.setRenderHint(QPainter::Antialiasing, !isDense_ || !isMoving);
     for (const PictureSlice& slice : picture.Slices()) PaintSlice(picture, slice);
-    painter_.setRenderHint(QPainter::Antialiasing);
     PaintSupports(picture.Supports());
     PaintNodes(picture.Nodes(), colors_.node, kNodeSize);
     PaintMarks(picture, picture.MarksOf(view.Highlights()), colors_.highlighted);
@@ -109,6 +113,11 @@ void ModelPainter::PaintFace(const ScenePicture& picture, const FaceShape& face,
 
 void ModelPainter::PaintLines(const std::vector<LineStroke>& lines, const QColor& color, double width) {
     if (lines.empty()) return;
+    if (isDense_ && isMoving_) {
+        const PixelPlane plane{reinterpret_cast<std::uint32_t*>(image_.bits()), image_.width(), image_.height(),
+                               static_cast<int>(image_.bytesPerLine() / 4)};
+        return DrawThinLines(plane, lines, image_.devicePixelRatio(), color.rgb());
+    }
     QList<QLineF> drawn;
     drawn.reserve(static_cast<qsizetype>(lines.size()));
     for (const LineStroke& line : lines) drawn.append({ToQt(line.from), ToQt(line.to)});
@@ -163,13 +172,13 @@ void ModelPainter::PaintMarks(const ScenePicture& picture, const PictureMarks& m
     PaintNodes(marks.nodes, color, kMarkedNodeSize);
 }
 
-void ModelPainter::PaintBand(const SelectionBand& band) {
+void ModelPainter::PaintBand(QPainter& painter, const SelectionBand& band, const ModelColors& colors) {
     const bool isInside = band.rule == BandRule::Inside;
-    const QColor color = isInside ? colors_.selected : colors_.axes[1];
-    painter_.setRenderHint(QPainter::Antialiasing, false);
-    painter_.setPen(QPen(color, 1.0, isInside ? Qt::SolidLine : Qt::DashLine));
-    painter_.setBrush(WithCover(color, 0.12F));
-    painter_.drawRect(QRectF(QPointF(band.rect.left, band.rect.top), QPointF(band.rect.right, band.rect.bottom)));
+    const QColor color = isInside ? colors.selected : colors.axes[1];
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.setPen(QPen(color, 1.0, isInside ? Qt::SolidLine : Qt::DashLine));
+    painter.setBrush(WithCover(color, 0.12F));
+    painter.drawRect(QRectF(QPointF(band.rect.left, band.rect.top), QPointF(band.rect.right, band.rect.bottom)));
 }
 
 void ModelPainter::PaintAxes(const Camera& camera) {

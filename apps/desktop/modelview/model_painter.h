@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QImage>
 #include <QPainter>
 
 #include "desktop/modelview/model_colors.h"
@@ -8,14 +9,15 @@
 
 namespace zt {
 
-/// Draws pictures of the model.
+/// Draws a picture of the model on an image of 32 bits a pixel.
 class ModelPainter {
 public:
-    ModelPainter(QPainter& painter, const ModelColors& colors) : painter_(painter), colors_(colors) {}
+    ModelPainter(QImage& image, const QFont& font, const ModelColors& colors);
 
     /// Draws what a view shows: the building, its levels, what is highlighted and selected, legend and axes.
     void Paint(const ModelView& view, bool isMoving);
-    void PaintBand(const SelectionBand& band);
+    /// Draws a band over the picture.
+    static void PaintBand(QPainter& painter, const SelectionBand& band, const ModelColors& colors);
 
 private:
     void PaintSlice(const ScenePicture& picture, const PictureSlice& slice);
@@ -29,8 +31,10 @@ private:
     void PaintLegend(const ModelScene& scene, const Camera& camera);
     double WidthOf(DrawnKind kind) const;
 
-    QPainter& painter_;
+    QImage& image_;
+    QPainter painter_;
     const ModelColors& colors_;
+    bool isMoving_ = false;
     bool isDense_ = false;  ///< so many lines that all are as thin as can be
 };
 

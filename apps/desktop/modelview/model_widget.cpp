@@ -44,9 +44,7 @@ void ModelWidget::PaintModel() {
     picture_.setDevicePixelRatio(scale);
     const ModelColors colors = ModelColors::Of(palette());
     picture_.fill(colors.background);
-    QPainter painter(&picture_);
-    painter.setFont(font());
-    ModelPainter(painter, colors).Paint(view_, mouse_.IsMovingModel());
+    ModelPainter(picture_, font(), colors).Paint(view_, mouse_.IsMovingModel());
 }
 
 void ModelWidget::paintEvent(QPaintEvent* /*event*/) {
@@ -54,10 +52,7 @@ void ModelWidget::paintEvent(QPaintEvent* /*event*/) {
     if (picture_.isNull() || picture_.devicePixelRatio() != devicePixelRatioF()) PaintModel();
     QPainter painter(this);
     painter.drawImage(0, 0, picture_);
-    if (const auto band = mouse_.Band()) {
-        const ModelColors colors = ModelColors::Of(palette());
-        ModelPainter(painter, colors).PaintBand(*band);
-    }
+    if (const auto band = mouse_.Band()) ModelPainter::PaintBand(painter, *band, ModelColors::Of(palette()));
 }
 
 void ModelWidget::resizeEvent(QResizeEvent* event) {

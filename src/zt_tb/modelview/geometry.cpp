@@ -26,7 +26,7 @@ LineDistance DistanceToLine(Point2 p, Point2 a, Point2 b) {
 }
 
 // The line is cut by the four sides in turn until nothing of it is left.
-bool LineTouches(const Rect2& rect, Point2 a, Point2 b) {
+bool ClipLine(const Rect2& rect, Point2& a, Point2& b) {
     double from = 0.0;
     double to = 1.0;
     const auto cut = [&](double step, double room) {
@@ -40,9 +40,22 @@ bool LineTouches(const Rect2& rect, Point2 a, Point2 b) {
         return from <= to;
     };
     const Point2 line = b - a;
-    return cut(-line.x, a.x - rect.left) && cut(line.x, rect.right - a.x) && cut(-line.y, a.y - rect.top) &&
-           cut(line.y, rect.bottom - a.y);
+    if (!cut(-line.x, a.x - rect.left) || !cut(line.x, rect.right - a.x) || !cut(-line.y, a.y - rect.top) ||
+        !cut(line.y, rect.bottom - a.y)) {
+        return false;
+    }
+    // What is cut stands on a side; rounding may put it beside.
+    const auto placeAt = [&](double at) {
+        return Point2{std::clamp(a.x + line.x * at, rect.left, rect.right),
+                      std::clamp(a.y + line.y * at, rect.top, rect.bottom)};
+    };
+    const Point2 start = placeAt(from);
+    b = placeAt(to);
+    a = start;
+    return true;
 }
+
+bool LineTouches(const Rect2& rect, Point2 a, Point2 b) { return ClipLine(rect, a, b); }
 
 bool PolygonHolds(std::span<const Point2> polygon, Point2 p) {
     bool inside = false;

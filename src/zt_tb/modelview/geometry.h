@@ -97,6 +97,9 @@ LineDistance DistanceToLine(Point2 p, Point2 a, Point2 b);
 /// Whether a line runs through a rectangle.
 bool LineTouches(const Rect2& rect, Point2 a, Point2 b);
 
+/// Cuts a line off at the sides of a rectangle; false, and the line stays as it is, when nothing of it is inside.
+bool ClipLine(const Rect2& rect, Point2& a, Point2& b);
+
 /// Whether a place lies inside a polygon, by the even-odd rule.
 bool PolygonHolds(std::span<const Point2> polygon, Point2 p);
 

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "zt_tb/modelview/scene_picking.h"
+#include "zt_tb/modelview/thin_lines.h"
 
 namespace zt {
 
@@ -15,11 +16,6 @@ struct PictureDetail {
 
     /// What can be drawn while the user turns the model, and when it stands still.
     static PictureDetail Of(const ModelScene& scene, bool isMoving);
-};
-
-struct LineStroke {
-    Point2 from;
-    Point2 to;
 };
 
 /// Corners that stand side by side in the points of a picture.
