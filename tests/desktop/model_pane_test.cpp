@@ -169,6 +169,30 @@ TEST_F(ModelPaneTest, PicturesTheBuildingOnDarkWindowsToo) {
     EXPECT_NE(Colors().OfKind(DrawnKind::Column), ModelColors::Of(window->palette()).OfKind(DrawnKind::Column));
 }
 
+TEST_F(ModelPaneTest, IsSharpOnScreensOfMorePixels) {
+    window->ActionOf("model-front")->trigger();
+    QImage large(Widget().size() * 2, QImage::Format_RGB32);
+    large.setDevicePixelRatio(2.0);
+    Widget().render(&large);
+    const QRgb column = Colors().OfKind(DrawnKind::Column).rgb();
+    const int y = 2 * PlaceOf({0.0, 0.0, 1.8}).y();
+    int width = 0;
+    int edges = 0;
+    for (int x = 2 * PlaceOf({0.0, 0.0, 1.8}).x() - 12; x < 2 * PlaceOf({0.0, 0.0, 1.8}).x() + 12; ++x) {
+        if (large.pixel(x, y) == column) ++width;
+        if (large.pixel(x, y) != column && large.pixel(x, y) != Colors().background.rgb()) ++edges;
+    }
+    EXPECT_GE(width, 3) << "2.4 pixels of the window";
+    EXPECT_LE(edges, 2);
+}
+
+TEST_F(ModelPaneTest, LeavesAxesAndLegendOutOfASmallPane) {
+    window->ActionOf("model-plan")->trigger();
+    EXPECT_GT(Count(Colors().axes[0]), 5);
+    Widget().resize(200, 400);
+    EXPECT_EQ(0, Count(Colors().axes[0]));
+}
+
 TEST_F(ModelPaneTest, ShowsTheSelectionInDetailTables) {
     CTBPreView::RegisterWithPanes();
     QTest::mouseClick(&Widget(), Qt::LeftButton, {}, ColumnPlace());

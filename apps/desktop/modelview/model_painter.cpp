@@ -13,7 +13,7 @@ constexpr std::size_t kManyLines = 4000;
 constexpr double kWidths[kDrawnKinds] = {2.4, 1.7, 1.3, 1.7, 1.3, 1.0, 1.3};
 constexpr double kMarkedWidth = 3.0;
 /// How much of a face covers what is behind it, by kind; an opening is only framed.
-constexpr float kCover[kDrawnKinds] = {0.2F, 0.2F, 0.2F, 0.30F, 0.14F, 0.0F, 0.14F};
+constexpr float kCover[kDrawnKinds] = {0.2F, 0.2F, 0.2F, 0.30F, 0.17F, 0.0F, 0.17F};
 constexpr float kMarkedCover = 0.4F;
 constexpr float kFrameCover = 0.55F;
 constexpr double kNodeSize = 4.0;
@@ -21,6 +21,8 @@ constexpr double kMarkedNodeSize = 8.0;
 constexpr double kSupportSize = 9.0;
 constexpr double kAxisLength = 26.0;
 constexpr double kCornerRoom = 14.0;
+/// The least width and height of a pane with axes and legend.
+constexpr double kLeastPane = 220.0;
 
 QPointF ToQt(Point2 point) { return {point.x, point.y}; }
 
@@ -72,6 +74,8 @@ void ModelPainter::Paint(const ModelView& view, bool isMoving) {
     PaintNodes(picture.Nodes(), colors_.node, kNodeSize);
     PaintMarks(picture, picture.MarksOf(view.Highlights()), colors_.highlighted);
     PaintMarks(picture, picture.MarksOf(view.Selection()), colors_.selected);
+    // In a small pane they would cover the building.
+    if (view.View().Width() < kLeastPane || view.View().Height() < kLeastPane) return;
     PaintAxes(view.View());
     PaintLegend(view.Scene(), view.View());
 }

@@ -23,7 +23,10 @@ ModelPane::ModelPane(QMainWindow& window) : QDockWidget(&window), widget_(new Mo
     tools_->setIconSize({18, 18});
     bands_ = tools_->addAction(QString());
     bands_->setCheckable(true);
-    connect(bands_, &QAction::toggled, this, [this](bool on) { widget_->Mouse().UseBands(on); });
+    connect(bands_, &QAction::toggled, this, [this](bool on) {
+        widget_->Mouse().UseBands(on);
+        widget_->setCursor(on ? Qt::CrossCursor : Qt::ArrowCursor);
+    });
     tools_->addSeparator();
     connect(toggleViewAction(), &QAction::triggered, this, [this](bool shown) {
         if (shown) Open();

@@ -38,8 +38,7 @@ void ModelWidget::Drop() {
     update();
 }
 
-void ModelWidget::PaintModel() {
-    const double scale = devicePixelRatioF();
+void ModelWidget::PaintModel(double scale) {
     picture_ = QImage(size() * scale, QImage::Format_ARGB32_Premultiplied);
     picture_.setDevicePixelRatio(scale);
     const ModelColors colors = ModelColors::Of(palette());
@@ -49,8 +48,9 @@ void ModelWidget::PaintModel() {
 
 void ModelWidget::paintEvent(QPaintEvent* /*event*/) {
     // What is drawn over the model, such as a band, does not have it drawn anew.
-    if (picture_.isNull() || picture_.devicePixelRatio() != devicePixelRatioF()) PaintModel();
     QPainter painter(this);
+    const double scale = painter.deviceTransform().m11();
+    if (picture_.isNull() || picture_.devicePixelRatio() != scale) PaintModel(scale);
     painter.drawImage(0, 0, picture_);
     if (const auto band = mouse_.Band()) ModelPainter::PaintBand(painter, *band, ModelColors::Of(palette()));
 }

@@ -32,7 +32,8 @@ protected:
 
 private:
     void Drop();
-    void PaintModel();
+    /// Draws the picture of the model anew, with so many pixels of the screen in one of the window's.
+    void PaintModel(double scale);
 
     ModelView& view_;
     ModelMouse mouse_;

@@ -3,8 +3,9 @@
 namespace zt {
 namespace {
 
-/// Area of the picture that a node needs for itself, in square pixels.
+/// Area of the picture that a node needs for itself, in square pixels, and the room around the outermost nodes.
 constexpr double kNodeArea = 150.0;
+constexpr double kNodeRoom = 20.0;
 
 }  // namespace
 
@@ -13,6 +14,7 @@ SceneProjection::SceneProjection(const ModelScene& scene, const Camera& camera) 
     const Rect2 frame = Frame();
     points_.resize(nodes.size());
     std::size_t visible = 0;
+    Box3 extent;
     bool isFirst = true;
     for (std::size_t at = 0; at < nodes.size(); ++at) {
         if (nodes[at].key == 0) continue;
@@ -20,9 +22,12 @@ SceneProjection::SceneProjection(const ModelScene& scene, const Camera& camera) 
         near_ = isFirst ? point.depth : std::min(near_, point.depth);
         far_ = isFirst ? point.depth : std::max(far_, point.depth);
         isFirst = false;
-        if (frame.Holds(point.Flat())) ++visible;
+        if (!frame.Holds(point.Flat())) continue;
+        ++visible;
+        extent.Add({point.x, point.y, 0.0});
     }
-    showsNodes_ = static_cast<double>(visible) * kNodeArea <= frame.right * frame.bottom;
+    const double area = (extent.high.x - extent.low.x + kNodeRoom) * (extent.high.y - extent.low.y + kNodeRoom);
+    showsNodes_ = visible > 0 && static_cast<double>(visible) * kNodeArea <= area;
 }
 
 void SceneProjection::OutlineOf(const SceneFace& face, std::vector<Point2>& outline) const {
