@@ -89,7 +89,8 @@ void Picture(benchmark::State& state, bool isMoving) {
     for (auto _ : state) {
         view.Orbit({3.0, 0.0});
         canvas.fill(colors.background);
-        ModelPainter(canvas, QFont(), colors).Paint(view, isMoving);
+        ModelPainter(canvas, QFont(), colors).PaintBuilding(view, isMoving);
+        ModelPainter(canvas, QFont(), colors).PaintMarks(view);
     }
     state.counters["members"] = static_cast<double>(view.Scene().MemberCount());
     view.Show(StandardView::Isometric);

@@ -224,7 +224,7 @@ TEST_F(ModelPaneTest, DrawsLargeModelsThinAndWithoutFacesWhileTheyTurn) {
     const auto shades = [&](bool isMoving) {
         QImage image(400, 400, QImage::Format_ARGB32_Premultiplied);
         image.fill(colors.background);
-        ModelPainter(image, QFont(), colors).Paint(view, isMoving);
+        ModelPainter(image, QFont(), colors).PaintBuilding(view, isMoving);
         std::set<QRgb> found;
         for (int x = 150; x < 250; ++x) found.insert(image.pixel(x, 200));
         return found.size();

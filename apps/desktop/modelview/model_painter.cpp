@@ -63,17 +63,22 @@ ModelPainter::ModelPainter(QImage& image, const QFont& font, const ModelColors& 
     painter_.setRenderHint(QPainter::Antialiasing);
 }
 
-void ModelPainter::Paint(const ModelView& view, bool isMoving) {
+void ModelPainter::PaintBuilding(const ModelView& view, bool isMoving) {
     const SceneProjection projection(view.Scene(), view.View());
-    ScenePicture picture(projection, PictureDetail::Of(view.Scene(), isMoving));
+    const ScenePicture picture(projection, PictureDetail::Of(view.Scene(), isMoving));
     isDense_ = LinesOf(picture) > kManyLines;
     isMoving_ = isMoving;
     PaintLevels(picture.Levels());
     for (const PictureSlice& slice : picture.Slices()) PaintSlice(picture, slice);
     PaintSupports(picture.Supports());
     PaintNodes(picture.Nodes(), colors_.node, kNodeSize);
-    PaintMarks(picture, picture.MarksOf(view.Highlights()), colors_.highlighted);
-    PaintMarks(picture, picture.MarksOf(view.Selection()), colors_.selected);
+}
+
+void ModelPainter::PaintMarks(const ModelView& view) {
+    const SceneProjection projection(view.Scene(), view.View());
+    ScenePicture picture(projection);
+    PaintMarked(picture, view.Highlights(), colors_.highlighted);
+    PaintMarked(picture, view.Selection(), colors_.selected);
     // In a small pane they would cover the building.
     if (view.View().Width() < kLeastPane || view.View().Height() < kLeastPane) return;
     PaintAxes(view.View());
@@ -167,7 +172,8 @@ void ModelPainter::PaintLevels(const std::vector<LevelMark>& levels) {
     }
 }
 
-void ModelPainter::PaintMarks(const ScenePicture& picture, const PictureMarks& marks, const QColor& color) {
+void ModelPainter::PaintMarked(ScenePicture& picture, const PickedKeys& keys, const QColor& color) {
+    const PictureMarks marks = picture.MarksOf(keys);
     for (const FaceShape& face : marks.faces) {
         painter_.setPen(QPen(color, 2.0));
         PaintFace(picture, face, WithCover(color, kMarkedCover));

@@ -14,8 +14,10 @@ class ModelPainter {
 public:
     ModelPainter(QImage& image, const QFont& font, const ModelColors& colors);
 
-    /// Draws what a view shows: the building, its levels, what is highlighted and selected, legend and axes.
-    void Paint(const ModelView& view, bool isMoving);
+    /// Draws the building with its levels.
+    void PaintBuilding(const ModelView& view, bool isMoving);
+    /// Draws over it what is highlighted and selected, axes and legend.
+    void PaintMarks(const ModelView& view);
     /// Draws a band over the picture.
     static void PaintBand(QPainter& painter, const SelectionBand& band, const ModelColors& colors);
 
@@ -26,7 +28,7 @@ private:
     void PaintNodes(const std::vector<Point2>& nodes, const QColor& color, double size);
     void PaintSupports(const std::vector<SupportMark>& supports);
     void PaintLevels(const std::vector<LevelMark>& levels);
-    void PaintMarks(const ScenePicture& picture, const PictureMarks& marks, const QColor& color);
+    void PaintMarked(ScenePicture& picture, const PickedKeys& keys, const QColor& color);
     void PaintAxes(const Camera& camera);
     void PaintLegend(const ModelScene& scene, const Camera& camera);
     double WidthOf(DrawnKind kind) const;

@@ -39,11 +39,17 @@ void ModelWidget::Drop() {
 }
 
 void ModelWidget::PaintModel(double scale) {
-    picture_ = QImage(size() * scale, QImage::Format_ARGB32_Premultiplied);
-    picture_.setDevicePixelRatio(scale);
     const ModelColors colors = ModelColors::Of(palette());
-    picture_.fill(colors.background);
-    ModelPainter(picture_, font(), colors).Paint(view_, mouse_.IsMovingModel());
+    const Subject subject{view_.View(), view_.SceneRevision(), mouse_.IsMovingModel()};
+    if (building_.isNull() || building_.devicePixelRatio() != scale || subject != subject_) {
+        subject_ = subject;
+        building_ = QImage(size() * scale, QImage::Format_ARGB32_Premultiplied);
+        building_.setDevicePixelRatio(scale);
+        building_.fill(colors.background);
+        ModelPainter(building_, font(), colors).PaintBuilding(view_, subject.isMoving);
+    }
+    picture_ = building_;
+    ModelPainter(picture_, font(), colors).PaintMarks(view_);
 }
 
 void ModelWidget::paintEvent(QPaintEvent* /*event*/) {
@@ -62,7 +68,9 @@ void ModelWidget::resizeEvent(QResizeEvent* event) {
 
 void ModelWidget::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) Drop();
+    if (event->type() != QEvent::PaletteChange && event->type() != QEvent::FontChange) return;
+    building_ = {};
+    Drop();
 }
 
 void ModelWidget::mousePressEvent(QMouseEvent* event) {

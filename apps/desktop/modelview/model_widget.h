@@ -31,13 +31,24 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    /// Has the picture drawn anew; that of the building only when that is another one.
     void Drop();
     /// Draws the picture of the model anew, with so many pixels of the screen in one of the window's.
     void PaintModel(double scale);
 
     ModelView& view_;
     ModelMouse mouse_;
-    QImage picture_;  ///< of the model; null when it must be drawn anew
+    /// What the picture of the building was made of.
+    struct Subject {
+        Camera camera;
+        std::uint64_t sceneRevision = 0;
+        bool isMoving = false;
+        bool operator==(const Subject&) const = default;
+    };
+
+    Subject subject_;
+    QImage building_;  ///< without marks; null when it must be drawn anew
+    QImage picture_;   ///< with marks; null when it must be drawn anew
 };
 
 }  // namespace zt

@@ -38,6 +38,7 @@ void ModelView::SetDocument(CDBDoc* doc) {
     if (doc) ConnectToDoc(doc);
     highlights_ = {};
     scene_.Build(Database());
+    ++sceneRevision_;
     Show(StandardView::Isometric);
 }
 
@@ -155,6 +156,7 @@ void ModelView::UpdateScene(const T_UPDATE_HINT* hint) {
     if (!hint || hint->dbIndex != CMDBCtrl::kModel) return;
     const bool wasEmpty = scene_.IsEmpty();
     scene_.Update(*Database());
+    ++sceneRevision_;
     // The first nodes of a new model are brought into sight.
     if (wasEmpty && showsAll_) camera_.Fit(scene_.Bounds(), kMargin);
     Changed();

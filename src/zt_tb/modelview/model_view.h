@@ -21,6 +21,8 @@ public:
     std::function<void()> onChanged;
 
     const ModelScene& Scene() const { return scene_; }
+    /// Another number for every other content of the scene.
+    std::uint64_t SceneRevision() const { return sceneRevision_; }
     const Camera& View() const { return camera_; }
 
     // ---- camera
@@ -64,6 +66,7 @@ private:
 
     ModelScene scene_;
     Camera camera_;
+    std::uint64_t sceneRevision_ = 0;
     PickedKeys highlights_;
     bool showsAll_ = true;  ///< the user has not moved the model since it was shown whole
 };

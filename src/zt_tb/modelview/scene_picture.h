@@ -62,6 +62,8 @@ struct PictureMarks {
 /// outside of the frame is left out.
 class ScenePicture {
 public:
+    /// A picture of nothing but what is marked.
+    explicit ScenePicture(const SceneProjection& projection) : projection_(projection) {}
     ScenePicture(const SceneProjection& projection, const PictureDetail& detail);
 
     /// Slices from the farthest to the nearest.

@@ -222,6 +222,16 @@ TEST_F(ModelViewTest, FollowsEveryHintOfAChangedModel) {
     EXPECT_EQ(30.0, view.Scene().FindNode(2)->place.x);
 }
 
+TEST_F(ModelViewTest, CountsWhatChangesTheSceneAndNothingElse) {
+    const std::uint64_t before = view.SceneRevision();
+    State().SelectMemb(nullptr, {1});
+    view.Pan({10.0, 10.0});
+    view.ResetHighlights();
+    EXPECT_EQ(before, view.SceneRevision()) << "the picture of the building stays";
+    MoveNode(2, 30.0);
+    EXPECT_NE(before, view.SceneRevision());
+}
+
 TEST_F(ModelViewTest, DrawsNothingAnewWhenOnlyUnitsChange) {
     const int before = pictures;
     SetUnits(0, 1);
