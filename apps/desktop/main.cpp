@@ -108,6 +108,7 @@ int main(int count, char** arguments) {
     zt::QtGraphView graphs(&window);
     host.SetPrinter(printer);
     host.SetGraphView(&graphs);
+    host.SetModel(&window.Model().View());
     host.SetMainFrame(&window.Frame());
     host.onHoldIdle = [&window](bool hold) { window.HoldIdle(hold); };
     QObject::connect(&application, &zt::SafeApplication::HandlerFailed, &window, &zt::MainWindow::ShowMessage);

@@ -29,7 +29,7 @@ public:
     velda::IPrinter& GetPrinter() override { return *printer_; }
     velda::ICmdDialog* GetCmdDialog() override { return &properties_; }
     velda::IGraphView* GetGraphView() override { return graphs_; }
-    velda::I_ModelBase* GetModel() override { return nullptr; }
+    velda::I_ModelBase* GetModel() override { return model_; }
     velda::I_MainFrameBase* GetMainFrame() override { return mainFrame_; }
     void HoldIdle(bool hold) override {
         if (onHoldIdle) onHoldIdle(hold);
@@ -37,6 +37,7 @@ public:
 
     void SetPrinter(velda::IPrinter& printer) { printer_ = &printer; }
     void SetGraphView(velda::IGraphView* graphs) { graphs_ = graphs; }
+    void SetModel(velda::I_ModelBase* model) { model_ = model; }
     void SetMainFrame(velda::I_MainFrameBase* frame) { mainFrame_ = frame; }
 
     /// What holds back, and lets go, the work that the main window does while it is idle.
@@ -54,6 +55,7 @@ private:
     NoPrinter noPrinter_;
     velda::IPrinter* printer_ = &noPrinter_;
     velda::IGraphView* graphs_ = nullptr;
+    velda::I_ModelBase* model_ = nullptr;
     velda::I_MainFrameBase* mainFrame_ = nullptr;
 };
 

@@ -168,6 +168,15 @@ void TourEditing(Album& album) {
     album.Add("split-and-docked", *stage.window);
 }
 
+/// A picture of a window at a scale of its own.
+QPixmap ScaledPicture(QWidget& window, double scale) {
+    QPixmap picture(window.size() * scale);
+    picture.setDevicePixelRatio(scale);
+    Album::Settle();
+    window.render(&picture);
+    return picture;
+}
+
 void TourSizes(Album& album) {
     album.Add("empty-table", *Stage(0).window);
     {
@@ -181,12 +190,7 @@ void TourSizes(Album& album) {
     stage.Grid().SetZoom(1.5);
     album.Add("zoom-150", *stage.window);
     stage.Grid().SetZoom(1.0);
-    constexpr double scale = 1.5;
-    QPixmap picture(stage.window->size() * scale);
-    picture.setDevicePixelRatio(scale);
-    Album::Settle();
-    stage.window->render(&picture);
-    album.Add("screen-150", picture);
+    album.Add("screen-150", ScaledPicture(*stage.window, 1.5));
 }
 
 /// The tables of nodes and members on their tabs.
@@ -196,6 +200,24 @@ void TourModel(Album& album) {
     album.Add("nodes", *stage.window);
     stage.window->OpenTable({.kind = kTableMemb});
     album.Add("members", *stage.window);
+}
+
+/// The building: whole, from its sides, with selected and highlighted members.
+void TourBuilding(Album& album) {
+    const Stage stage(kUsualRows, {1300, 720});
+    MainWindow& window = *stage.window;
+    ModelView& view = window.Model().View();
+    album.Add("building", window);
+    view.Select({.nodes = {30}, .members = {1, 2, 3, 4}}, false);
+    const std::uint32_t highlighted[] = {20, 21, 22};
+    view.Highlight(highlighted, 0, 1);
+    window.OpenTable({.kind = kTableMembDetail});
+    album.Add("building-selection", window);
+    album.Add("building-150", ScaledPicture(window.Model(), 1.5));
+    view.Show(StandardView::FrontElevation);
+    album.Add("building-elevation", window.Model());
+    view.Show(StandardView::Plan);
+    album.Add("building-plan", window.Model());
 }
 
 /// The table of a view of its own, which paper and graphs need.
@@ -277,6 +299,7 @@ bool TakeTour(QApplication& application, const QString& folder) {
             TourEditing(album);
             TourSizes(album);
             TourModel(album);
+            TourBuilding(album);
             TourPaperAndGraphs(album);
             isWhole = isWhole && album.IsWhole();
         }

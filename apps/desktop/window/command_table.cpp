@@ -18,6 +18,8 @@ constexpr char kMaterials[] = "CModelPropMatlDlg";
 constexpr char kSections[] = "CCMSectItemDlg";
 constexpr char kThicknesses[] = "CModelPropThikDlg";
 
+template <StandardView view>
+constexpr auto kShow = &MainWindow::ShowModelFrom<view>;
 template <int id>
 constexpr auto kRun = &MainWindow::RunViewCommand<id>;
 template <int id>
@@ -58,6 +60,16 @@ constexpr WindowCommand kCommands[] = {
     {"zoom-reset", M::View, "IDS_DESKTOP_ZOOM_RESET", "Ctrl+0", "", kNoBar, kEnd, &W::ZoomReset, &W::HasTable},
     {"split", M::View, "IDS_DESKTOP_SPLIT", "Ctrl+\\", "split", kBar, kGoOn, &W::Split, &W::CanSplit},
     {"dock", M::View, "IDS_DESKTOP_DOCK", "Ctrl+Shift+D", "", kNoBar, kEnd, &W::Dock, &W::CanDock},
+
+    {"model-fit", M::View, "IDS_DESKTOP_MODEL_FIT", "", "model-fit", kNoBar, kGoOn, &W::FitModel, &W::HasModel},
+    {"model-plan", M::View, "IDS_DESKTOP_MODEL_PLAN", "", "model-plan", kNoBar, kGoOn, kShow<StandardView::Plan>,
+     &W::HasModel},
+    {"model-front", M::View, "IDS_DESKTOP_MODEL_FRONT", "", "model-front", kNoBar, kGoOn,
+     kShow<StandardView::FrontElevation>, &W::HasModel},
+    {"model-side", M::View, "IDS_DESKTOP_MODEL_SIDE", "", "model-side", kNoBar, kGoOn,
+     kShow<StandardView::SideElevation>, &W::HasModel},
+    {"model-isometric", M::View, "IDS_DESKTOP_MODEL_ISOMETRIC", "", "model-isometric", kNoBar, kEnd,
+     kShow<StandardView::Isometric>, &W::HasModel},
 
     {"properties", M::Table, "IDS_DESKTOP_PROPERTIES", "Ctrl+Shift+P", "table", kBar, kGoOn, &W::OpenProperties,
      &W::Always},

@@ -31,6 +31,15 @@ constexpr Picture kPictures[] = {
     {"table", "M 2 3 L 18 3 L 18 17 L 2 17 L 2 3 M 2 8 L 18 8 M 2 12.5 L 18 12.5 M 8 3 L 8 17"},
     {"filter", "M 2 4 L 18 4 L 12 11 L 12 17 L 8 15 L 8 11 L 2 4"},
     {"sort", "M 6 3 L 6 17 M 3 14 L 6 17 L 9 14 M 14 17 L 14 3 M 11 6 L 14 3 L 17 6"},
+    {"model-bands",
+     "M 3 6 L 3 3 L 6 3 M 10 3 L 13 3 M 13 7 L 13 9 M 3 10 L 3 13 L 6 13 M 9 9 L 17 12 L 13 13 L 12 17 L 9 9"},
+    {"model-fit",
+     "M 3 7 L 3 3 L 7 3 M 13 3 L 17 3 L 17 7 M 17 13 L 17 17 L 13 17 M 7 17 L 3 17 L 3 13 M 7 7 L 13 7 L 13 13 L 7 13 "
+     "L 7 7"},
+    {"model-plan", "M 3 3 L 17 3 L 17 17 L 3 17 L 3 3 M 10 3 L 10 17 M 3 10 L 17 10"},
+    {"model-front", "M 4 17 L 4 3 L 16 3 L 16 17 M 4 10 L 16 10 M 2 17 L 18 17"},
+    {"model-side", "M 7 17 L 7 3 L 13 3 L 13 17 M 7 8 L 13 8 M 7 13 L 13 13 M 5 17 L 15 17"},
+    {"model-isometric", "M 10 2 L 17 6 L 17 14 L 10 18 L 3 14 L 3 6 L 10 2 M 3 6 L 10 10 L 17 6 M 10 10 L 10 18"},
     {"graph", "M 3 2 L 3 17 L 18 17 M 5 13 L 9 8 L 12 11 L 17 4"},
 };
 

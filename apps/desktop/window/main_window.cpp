@@ -34,6 +34,7 @@ MainWindow::MainWindow(std::unique_ptr<CDBDoc> doc)
     watcher_.ConnectToDoc(doc_.get());
     ShowTexts();
     ReadGeometry();
+    modelPane_->ShowDocument(doc_.get());
     OpenProperties();
     Follow();
     ShowMessage(Word("IDS_DESKTOP_READY"));
@@ -46,6 +47,7 @@ MainWindow::~MainWindow() {
     findBar_->SetTable(nullptr);
     CloseDocuments();
     watcher_.DisconnectFromDoc();
+    modelPane_->ShowDocument(nullptr);
     if (CDBDoc::m_pDBDoc == doc_.get()) CDBDoc::m_pDBDoc = nullptr;
 }
 
@@ -274,6 +276,16 @@ void MainWindow::Step(int (CDataBase::*step)(int), int count) {
     if ((database.*step)(count) < count && !database.GetLastReason().empty()) {
         ShowMessage(ToQt(database.GetLastReason()));
     }
+}
+
+void MainWindow::FitModel() {
+    modelPane_->Open();
+    modelPane_->View().Fit();
+}
+
+void MainWindow::ShowModel(StandardView view) {
+    modelPane_->Open();
+    modelPane_->View().Show(view);
 }
 
 void MainWindow::OpenFind() {

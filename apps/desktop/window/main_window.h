@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "desktop/host/qt_main_frame.h"
+#include "desktop/modelview/model_pane.h"
 #include "desktop/window/command_table.h"
 #include "desktop/window/docked_table.h"
 #include "desktop/window/document_area.h"
@@ -38,6 +39,8 @@ public:
     DockedTable* PaneOf(int kind) const;
     DocumentArea& Area() { return *area_; }
     TableTree& Tree() { return *tree_; }
+    /// The pane that draws the model.
+    ModelPane& Model() { return *modelPane_; }
     FindBar& Finder() { return *findBar_; }
     StatusFields& Fields() { return *fields_; }
     velda::I_MainFrameBase& Frame() { return frame_; }
@@ -93,6 +96,11 @@ public:
     void Dock();
     void OpenProperties();
     void ToggleFilter();
+    void FitModel();
+    template <StandardView view>
+    void ShowModelFrom() {
+        ShowModel(view);
+    }
     /// Opens a property dialog by its name.
     template <const auto& name>
     void OpenDialog() {
@@ -107,6 +115,7 @@ public:
     bool HasDocument() const { return area_->Active() != nullptr; }
     bool CanDock() const { return HasDocument() && !area_->Active()->Id().property; }
     bool HasTable() const;
+    bool HasModel() const { return !modelPane_->View().Scene().IsEmpty(); }
     bool CanUndo() const { return !Database().GetUndoNames().empty(); }
     bool CanRedo() const { return !Database().GetRedoNames().empty(); }
     bool CanSplit() const { return area_->IsSplit() || area_->Documents().size() > 1; }
@@ -141,6 +150,7 @@ private:
     void FillRecent();
     void ShowTexts();
     void ShowIcons();
+    void ShowModel(StandardView view);
     void ShowTitle();
     void Follow();
     void FollowLater();
@@ -178,6 +188,7 @@ private:
     QPointer<TableHolder> usedPane_;  ///< the docked pane that has the focus, or had it last
     TableTree* tree_ = nullptr;
     QDockWidget* treePane_ = nullptr;
+    ModelPane* modelPane_ = nullptr;
     FindBar* findBar_ = nullptr;
     StatusFields* fields_ = nullptr;
     QToolBar* toolBar_ = nullptr;

@@ -56,6 +56,7 @@ void MainWindow::BuildWindow() {
     addDockWidget(Qt::LeftDockWidgetArea, treePane_);
     connect(tree_, &TableTree::TableChosen, this, &MainWindow::OpenTable);
     connect(tree_, &TableTree::PaneChosen, this, &MainWindow::OpenPane);
+    modelPane_ = new ModelPane(*this);
     connect(qApp, &QApplication::focusChanged, this,
             [this](const QWidget* /*from*/, const QWidget* to) { FocusMoved(to); });
 
@@ -88,6 +89,9 @@ void MainWindow::BuildCommands() {
         const QList<QAction*> shown = toolBar_->actions();
         if (!shown.isEmpty() && !shown.last()->isSeparator()) toolBar_->addSeparator();
     }
+    for (const char* id : {"model-fit", "model-plan", "model-front", "model-side", "model-isometric"}) {
+        modelPane_->Tools().addAction(ActionOf(id));
+    }
     ShowIcons();
 }
 
@@ -100,6 +104,7 @@ void MainWindow::BuildLists() {
     BuildThemes();
     QMenu* view = menus_[static_cast<std::size_t>(CommandMenu::View)];
     view->addAction(treePane_->toggleViewAction());
+    view->addAction(modelPane_->toggleViewAction());
     view->addMenu(themeMenu_);
     view->addMenu(&fields_->LanguageMenu());
     view->addMenu(&fields_->UnitMenu());
@@ -160,6 +165,7 @@ void MainWindow::ShowIcons() {
     for (std::size_t at = 0; at < commands.size(); ++at) {
         actions_[at]->setIcon(IconOf(commands[at].icon, enabled, disabled));
     }
+    modelPane_->ShowIcons(enabled, disabled);
 }
 
 void MainWindow::ShowTexts() {
@@ -182,6 +188,7 @@ void MainWindow::ShowTexts() {
     themeMenu_->setTitle(Word("IDS_DESKTOP_THEME"));
     treePane_->setWindowTitle(Word("IDS_DESKTOP_TREE"));
     tree_->ShowTexts();
+    modelPane_->ShowTexts();
     findBar_->ShowTexts();
     fields_->ShowLanguage();
     fields_->ShowUnits(*doc_->GetUnitCtrl());

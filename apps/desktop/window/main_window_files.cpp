@@ -31,10 +31,12 @@ void MainWindow::UseModel(std::unique_ptr<CDBDoc> doc) {
     findBar_->SetTable(nullptr);
     CloseDocuments();
     watcher_.DisconnectFromDoc();
+    modelPane_->ShowDocument(nullptr);
     doc_ = std::move(doc);
     savedCount_ = Database().GetTransactionCount();
     doc_->MakeCurrent();
     watcher_.ConnectToDoc(doc_.get());
+    modelPane_->ShowDocument(doc_.get());
     fields_->ShowUnits(*doc_->GetUnitCtrl());
     OpenProperties();
     Follow();

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QImage>
+#include <QPainter>
+
+#include "desktop/modelview/model_colors.h"
+#include "zt_tb/modelview/model_mouse.h"
+#include "zt_tb/modelview/scene_picture.h"
+
+namespace zt {
+
+/// Draws a picture of the model on an image of 32 bits a pixel.
+class ModelPainter {
+public:
+    ModelPainter(QImage& image, const QFont& font, const ModelColors& colors);
+
+    /// Draws the building with its levels.
+    void PaintBuilding(const ModelView& view, bool isMoving);
+    /// Draws over it what is highlighted and selected, axes and legend.
+    void PaintMarks(const ModelView& view);
+    /// Draws a band over the picture.
+    static void PaintBand(QPainter& painter, const SelectionBand& band, const ModelColors& colors);
+
+private:
+    void PaintSlice(const ScenePicture& picture, const PictureSlice& slice);
+    void PaintFace(const ScenePicture& picture, const FaceShape& face, const QBrush& brush);
+    void PaintLines(const std::vector<LineStroke>& lines, const QColor& color, double width);
+    void PaintNodes(const std::vector<Point2>& nodes, const QColor& color, double size);
+    void PaintSupports(const std::vector<SupportMark>& supports);
+    void PaintLevels(const std::vector<LevelMark>& levels);
+    void PaintMarked(ScenePicture& picture, const PickedKeys& keys, const QColor& color);
+    void PaintAxes(const Camera& camera);
+    void PaintLegend(const ModelScene& scene, const Camera& camera);
+    double WidthOf(DrawnKind kind) const;
+
+    QImage& image_;
+    QPainter painter_;
+    const ModelColors& colors_;
+    bool isMoving_ = false;
+    bool isDense_ = false;  ///< so many lines that all are as thin as can be
+};
+
+}  // namespace zt

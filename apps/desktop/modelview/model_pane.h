@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QDockWidget>
+#include <QMainWindow>
+#include <QToolBar>
+
+#include "desktop/modelview/model_widget.h"
+
+namespace zt {
+
+/// The pane of the main window that draws the model, with its commands at the top.
+class ModelPane : public QDockWidget {
+    Q_OBJECT
+
+public:
+    /// Stands at the right of a window, hidden until ShowDocument.
+    explicit ModelPane(QMainWindow& window);
+    ~ModelPane() override;
+
+    ModelView& View() { return view_; }
+    ModelWidget& Widget() { return *widget_; }
+    /// The tool bar of the pane, which takes the commands of the model view.
+    QToolBar& Tools() { return *tools_; }
+    /// Shows a document; null for none. The pane comes up with a model that has nodes, unless the user has closed it.
+    void ShowDocument(CDBDoc* doc);
+    /// Shows the pane as the user wants it.
+    void Open();
+    void ShowTexts();
+    /// Draws the pane's own icons in the colours of the palette.
+    void ShowIcons(const QColor& enabled, const QColor& disabled);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    ModelView view_;
+    ModelWidget* widget_ = nullptr;
+    QToolBar* tools_ = nullptr;
+    QAction* bands_ = nullptr;
+};
+
+}  // namespace zt

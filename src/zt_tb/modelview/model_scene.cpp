@@ -1,0 +1,253 @@
+#include "zt_tb/modelview/model_scene.h"
+
+#include <cmath>
+#include <span>
+
+#include "zt_db/records/memb.h"
+#include "zt_db/records/spts.h"
+
+namespace zt {
+namespace {
+
+using velda::FlatIndex;
+
+/// Levels and planes that differ by less than a millimetre are one.
+constexpr double kSame = 1e-3;
+
+/// Reads a record of a class in SI units; false when the key does not exist.
+template <class Class>
+bool ReadBase(const CDataBase& database, std::uint32_t key, typename Class::Record& record) {
+    if (!database.GetClass<Class>()->Get(key, record)) return false;
+    RecordToBase(record, database.Units());
+    return true;
+}
+
+template <class Class>
+std::vector<std::uint32_t> KeysOf(const CDataBase& database) {
+    std::vector<std::uint32_t> keys;
+    database.GetClass<Class>()->GetKeyList(keys);
+    return keys;
+}
+
+/// The item of a key, made in a free place or at the end when there is none.
+template <class Item>
+Item& ItemOf(std::vector<Item>& items, FlatIndex& places, std::vector<std::uint32_t>& free, std::uint32_t key) {
+    std::uint32_t at = places.Find(key);
+    if (at == FlatIndex::kNone) {
+        if (free.empty()) {
+            at = static_cast<std::uint32_t>(items.size());
+            items.emplace_back();
+        } else {
+            at = free.back();
+            free.pop_back();
+        }
+        places.Put(key, at);
+    }
+    items[at].key = key;
+    return items[at];
+}
+
+template <class Item>
+void Erase(std::vector<Item>& items, FlatIndex& places, std::vector<std::uint32_t>& free, std::uint32_t key) {
+    const std::uint32_t at = places.Find(key);
+    if (at == FlatIndex::kNone) return;
+    places.Erase(key);
+    items[at] = {};
+    free.push_back(at);
+}
+
+template <class Class>
+bool IsOf(std::uint64_t entry) {
+    const auto code = static_cast<int>(static_cast<std::uint32_t>(entry));
+    const auto& codes = IdentityOf<typename Class::Record>::value.codes;
+    return std::find(std::begin(codes), std::end(codes), code) != std::end(codes);
+}
+
+/// Whether all places lie on the plane of a polygon, and their middle inside of it.
+bool LiesOn(std::span<const Vec3> places, std::span<const Vec3> polygon) {
+    const Vec3 normal = NormalOf(polygon);
+    Vec3 middle;
+    for (const Vec3& place : places) {
+        if (std::abs(Dot(place - polygon.front(), normal)) > kSame) return false;
+        middle = middle + place * (1.0 / static_cast<double>(places.size()));
+    }
+    // The polygon is looked at along the axis that it lies most across.
+    const Vec3 across{std::abs(normal.x), std::abs(normal.y), std::abs(normal.z)};
+    const auto flat = [&](const Vec3& place) {
+        if (across.x > across.y && across.x > across.z) return Point2{place.y, place.z};
+        return across.y > across.z ? Point2{place.x, place.z} : Point2{place.x, place.y};
+    };
+    std::vector<Point2> outline;
+    for (const Vec3& corner : polygon) outline.push_back(flat(corner));
+    return PolygonHolds(outline, flat(middle));
+}
+
+void MakeUnique(std::vector<std::uint32_t>& keys) {
+    std::sort(keys.begin(), keys.end());
+    keys.erase(std::unique(keys.begin(), keys.end()), keys.end());
+}
+
+}  // namespace
+
+/// What a step touched of the records that are drawn.
+struct ModelScene::Touched {
+    std::vector<std::uint32_t> nodes;
+    std::vector<std::uint32_t> members;
+    bool supports = false;
+    bool stories = false;
+};
+
+ModelScene::Touched ModelScene::TouchedBy(CDataBase& database) {
+    Touched touched;
+    const CViewBuff& buffer = *database.GetViewBuff();
+    for (POSITION position = buffer.GetHeadPosition(); position;) {
+        const std::uint64_t entry = buffer.GetNext(position);
+        if (IsOf<CClassPont>(entry)) touched.nodes.push_back(buffer.KeyOf(entry));
+        if (IsOf<CClassMemb>(entry)) touched.members.push_back(buffer.KeyOf(entry));
+        touched.supports = touched.supports || IsOf<CClassSpts>(entry);
+        touched.stories = touched.stories || IsOf<CClassStor>(entry);
+    }
+    MakeUnique(touched.nodes);
+    MakeUnique(touched.members);
+    return touched;
+}
+
+void ModelScene::Build(CDataBase* database) {
+    *this = {};
+    if (!database) return;
+    for (const std::uint32_t key : KeysOf<CClassPont>(*database)) ReadNode(*database, key);
+    for (const std::uint32_t key : KeysOf<CClassMemb>(*database)) ReadMember(*database, key);
+    ReadSupports(*database);
+    ReadLevels(*database);
+    CutOpenings();
+    Measure();
+}
+
+void ModelScene::Update(CDataBase& database) {
+    const Touched touched = TouchedBy(database);
+    // Nodes stand on their stories: a story that moves takes them along.
+    if (touched.stories) return Build(&database);
+    for (const std::uint32_t key : touched.nodes) ReadNode(database, key);
+    for (const std::uint32_t key : touched.members) ReadMember(database, key);
+    if (touched.supports || !touched.nodes.empty()) ReadSupports(database);
+    if (touched.nodes.empty() && touched.members.empty()) return;
+    CutOpenings();
+    Measure();
+}
+
+void ModelScene::ReadNode(const CDataBase& database, std::uint32_t key) {
+    T_PONT_D node;
+    if (!ReadBase<CClassPont>(database, key, node)) return Erase(nodes_, nodePlaces_, freeNodes_, key);
+    T_STOR_D story;
+    if (node.story != 0) ReadBase<CClassStor>(database, node.story, story);
+    ItemOf(nodes_, nodePlaces_, freeNodes_, key).place = {node.x, node.y, node.z + story.level};
+}
+
+void ModelScene::ReadMember(const CDataBase& database, std::uint32_t key) {
+    T_MEMB_D member;
+    const bool exists = ReadBase<CClassMemb>(database, key, member);
+    std::vector<std::uint32_t> places;
+    for (const std::uint32_t node : member.nodes) {
+        const std::uint32_t at = nodePlaces_.Find(node);
+        if (at != FlatIndex::kNone) places.push_back(at);
+    }
+    const bool isFace = exists && places.size() > 2;
+    const bool isLine = exists && !isFace && !places.empty();
+    if (!isLine) Erase(lines_, linePlaces_, freeLines_, key);
+    if (!isFace) Erase(faces_, facePlaces_, freeFaces_, key);
+    if (isLine) {
+        SceneLine& line = ItemOf(lines_, linePlaces_, freeLines_, key);
+        line.kind = DrawnKindOf(member.type);
+        line.start = places.front();
+        line.end = places.back();
+    } else if (isFace) {
+        SceneFace& face = ItemOf(faces_, facePlaces_, freeFaces_, key);
+        face.kind = DrawnKindOf(member.type);
+        face.corners = std::move(places);
+    }
+}
+
+void ModelScene::ReadSupports(const CDataBase& database) {
+    supports_.clear();
+    for (const std::uint32_t key : KeysOf<CClassSpts>(database)) {
+        T_SPTS_D record;
+        const std::uint32_t at = nodePlaces_.Find(key);
+        if (at == FlatIndex::kNone || !database.GetClass<CClassSpts>()->Get(key, record)) continue;
+        const auto holds = [&](std::size_t first) { return record.flags.substr(0, first + 3).find('1', first); };
+        SceneSupport support{.node = at};
+        support.holdsMovement = holds(0) != std::string::npos;
+        support.holdsTurn = record.flags.size() > 3 && holds(3) != std::string::npos;
+        support.isSpring =
+            std::any_of(record.value.begin(), record.value.end(), [](double stiffness) { return stiffness != 0.0; });
+        supports_.push_back(support);
+    }
+}
+
+void ModelScene::ReadLevels(const CDataBase& database) {
+    levels_.clear();
+    for (const std::uint32_t key : KeysOf<CClassStor>(database)) {
+        T_STOR_D story;
+        ReadBase<CClassStor>(database, key, story);
+        const auto same = std::find_if(levels_.begin(), levels_.end(), [&](const SceneLevel& level) {
+            return std::abs(level.height - story.level) < kSame;
+        });
+        if (same == levels_.end()) {
+            levels_.push_back({story.level, story.name});
+        } else if (same->names != story.name) {
+            same->names += " / " + story.name;
+        }
+    }
+    std::sort(levels_.begin(), levels_.end(),
+              [](const SceneLevel& a, const SceneLevel& b) { return a.height < b.height; });
+}
+
+void ModelScene::CutOpenings() {
+    std::vector<std::uint32_t> openings;
+    for (std::uint32_t at = 0; at < faces_.size(); ++at) {
+        faces_[at].holes.clear();
+        if (faces_[at].kind == DrawnKind::Opening) openings.push_back(at);
+    }
+    if (openings.empty()) return;
+    std::vector<Box3> boxes(faces_.size());
+    for (std::size_t at = 0; at < faces_.size(); ++at) {
+        for (const std::uint32_t corner : faces_[at].corners) boxes[at].Add(nodes_[corner].place);
+    }
+    for (const std::uint32_t opening : openings) {
+        const SceneFace* host = HostOf(faces_[opening], boxes);
+        if (host) faces_[static_cast<std::size_t>(host - faces_.data())].holes.push_back(opening);
+    }
+}
+
+/// The slab or wall that an opening lies in, the smallest one where there are several; null when there is none.
+const SceneFace* ModelScene::HostOf(const SceneFace& opening, const std::vector<Box3>& boxes) const {
+    const SceneFace* best = nullptr;
+    double bestSize = 0.0;
+    for (std::size_t at = 0; at < faces_.size(); ++at) {
+        const SceneFace& face = faces_[at];
+        if (face.kind != DrawnKind::Slab && face.kind != DrawnKind::Wall) continue;
+        const auto holds = [&](std::uint32_t corner) { return boxes[at].Holds(nodes_[corner].place, kSame); };
+        if (!std::all_of(opening.corners.begin(), opening.corners.end(), holds)) continue;
+        const Vec3 extent = boxes[at].high - boxes[at].low;
+        const double size = Dot(extent, extent);
+        if (best && size >= bestSize) continue;
+        if (!LiesOn(PlacesOf(opening), PlacesOf(face))) continue;
+        best = &face;
+        bestSize = size;
+    }
+    return best;
+}
+
+std::vector<Vec3> ModelScene::PlacesOf(const SceneFace& face) const {
+    std::vector<Vec3> places;
+    for (const std::uint32_t corner : face.corners) places.push_back(nodes_[corner].place);
+    return places;
+}
+
+void ModelScene::Measure() {
+    bounds_ = {};
+    for (const SceneNode& node : nodes_) {
+        if (node.key != 0) bounds_.Add(node.place);
+    }
+}
+
+}  // namespace zt

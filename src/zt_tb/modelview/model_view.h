@@ -1,0 +1,74 @@
+#pragma once
+
+#include <functional>
+
+#include "velda_base/host/model_view.h"
+#include "zt_db/doc/doc.h"
+#include "zt_tb/modelview/scene_picking.h"
+
+namespace zt {
+
+/// The view of the model beside the tables, without its window: the scene of the open document, the camera, what is
+/// highlighted. It follows the document, and shows and drives the selection that the document's view state keeps.
+class ModelView final : public CDBUpdateConnector, public velda::I_ModelBase {
+public:
+    /// The kind of highlights that are nodes. Those of all other kinds are members.
+    static constexpr int kNodeHighlights = 1;
+
+    /// Shows a document; null for none.
+    void SetDocument(CDBDoc* doc);
+    /// Told that the picture is another one.
+    std::function<void()> onChanged;
+
+    const ModelScene& Scene() const { return scene_; }
+    /// Another number for every other content of the scene.
+    std::uint64_t SceneRevision() const { return sceneRevision_; }
+    const Camera& View() const { return camera_; }
+
+    // ---- camera
+
+    /// Gives the picture a size in pixels. A model that was shown whole stays so.
+    void SetSize(double width, double height);
+    void Fit();
+    /// Shows the whole model from a side.
+    void Show(StandardView view);
+    /// Turns the model about its middle, or about that of the picture when the model's is out of sight.
+    void Orbit(Point2 way);
+    void Pan(Point2 way);
+    void ZoomAt(Point2 place, double factor);
+
+    // ---- selection
+
+    /// Makes keys the selection. To add or remove: adds them, or removes them when all are selected already.
+    void Select(const PickedKeys& keys, bool addsOrRemoves);
+    /// Selects what is seen at a place; nothing is seen beside the model.
+    void SelectAt(Point2 place, bool addsOrRemoves);
+    void SelectIn(const Rect2& band, BandRule rule, bool addsOrRemoves);
+    void ClearSelection() { Select({}, false); }
+    PickedKeys Selection() const;
+
+    // ---- highlights
+
+    const PickedKeys& Highlights() const { return highlights_; }
+    void ResetHighlights() override;
+    /// Highlights records, or with the flag 0 takes their highlights away.
+    void Highlight(std::span<const std::uint32_t> keys, int kind, int flag) override;
+    void Refresh() override { Changed(); }
+
+    void OnUpdate(CDBUpdateConnector* sender, int code, T_UPDATE_HINT* hint) override;
+
+private:
+    CDataBase* Database() const;
+    void UpdateScene(const T_UPDATE_HINT* hint);
+    void Changed() const {
+        if (onChanged) onChanged();
+    }
+
+    ModelScene scene_;
+    Camera camera_;
+    std::uint64_t sceneRevision_ = 0;
+    PickedKeys highlights_;
+    bool showsAll_ = true;  ///< the user has not moved the model since it was shown whole
+};
+
+}  // namespace zt

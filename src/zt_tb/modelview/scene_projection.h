@@ -1,0 +1,41 @@
+#pragma once
+
+#include <vector>
+
+#include "zt_tb/modelview/camera.h"
+#include "zt_tb/modelview/model_scene.h"
+
+namespace zt {
+
+/// A scene as a camera sees it: where every node stands in the picture. It looks at the scene as long as it lives.
+class SceneProjection {
+public:
+    SceneProjection(const ModelScene& scene, const Camera& camera);
+
+    const ModelScene& Scene() const { return scene_; }
+    const Camera& View() const { return camera_; }
+    /// The picture's whole extent.
+    Rect2 Frame() const { return {0.0, 0.0, camera_.Width(), camera_.Height()}; }
+    /// Where the node of a place in the list of nodes stands.
+    const ScreenPoint& At(std::uint32_t node) const { return points_[node]; }
+    /// Whether nodes stand far enough apart to be drawn as dots and to be taken by the mouse.
+    bool ShowsNodes() const { return showsNodes_; }
+    /// The least and the greatest depth.
+    double Near() const { return near_; }
+    double Far() const { return far_; }
+
+    /// The corners of a face in the picture.
+    void OutlineOf(const SceneFace& face, std::vector<Point2>& outline) const;
+    /// Whether a place of the picture lies on a face and not in one of its openings.
+    bool IsOnFace(const SceneFace& face, Point2 place) const;
+
+private:
+    const ModelScene& scene_;
+    const Camera& camera_;
+    std::vector<ScreenPoint> points_;
+    bool showsNodes_ = false;
+    double near_ = 0.0;
+    double far_ = 0.0;
+};
+
+}  // namespace zt
