@@ -163,7 +163,7 @@ TEST_F(GridMouseActions, FrozenColumnsStayWhenTheTableIsScrolled) {
 }
 
 TEST_F(GridMouseActions, TheTableFindsItsCellsWhereTheWindowShowsThem) {
-    const auto at = [this](QPoint point) { return grid.CellAt({point.x(), point.y()}); };
+    const auto at = [this](QPoint point) { return grid.CellUnder({point.x(), point.y()}); };
     grid.SetColWidth(3, 900);
     widget.SetZoom(2);
     widget.ScrollBy(4, 60);

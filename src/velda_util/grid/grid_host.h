@@ -30,7 +30,7 @@ public:
     virtual void OnTopLeft(GridPosition /*cell*/) {}
     /// The cell of a grid under a point of its window; row 0 is the header. No position where there is no cell. A
     /// window that draws row headers, scrolls or zooms knows better than the grid.
-    virtual std::optional<GridPosition> CellAt(const CGXGridCore& grid, WindowPoint point) const {
+    virtual std::optional<GridPosition> CellUnder(const CGXGridCore& grid, WindowPoint point) const {
         return grid.HitTest(point);
     }
 

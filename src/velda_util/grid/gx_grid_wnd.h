@@ -17,7 +17,7 @@ public:
 
     void SetFocus() { Host().OnSetFocus(); }
     /// The cell under a point of the window that shows the grid; row 0 is the header.
-    std::optional<GridPosition> CellAt(WindowPoint point) const { return Host().CellAt(*this, point); }
+    std::optional<GridPosition> CellUnder(WindowPoint point) const { return Host().CellUnder(*this, point); }
 
     /// Copies the texts of the selected cells of shown columns to the clipboard, with titles and units above them when
     /// asked for. False when nothing is selected or the clipboard's limits are passed.
