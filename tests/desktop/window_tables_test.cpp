@@ -71,6 +71,7 @@ TEST_F(WindowTablesTest, LocksTheColumnUnderTheMenu) {
         emit grid->customContextMenuRequested({grid->Geometry().RowHeaderWidth() + xBehindHeaders, 60});
     };
     GoTo(1, 3);
+    grid->ScrollBy(0, -2000);
     lockAt(60);
     EXPECT_TRUE(table.Columns().IsLocked(table.ColumnIdAt(2)));
     EXPECT_FALSE(table.Columns().IsLocked(table.ColumnIdAt(3)));
