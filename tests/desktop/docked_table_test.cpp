@@ -76,6 +76,16 @@ TEST_F(DockedTableTest, ClosesWithTheHintForPanesAndWithItsFrame) {
     EXPECT_FALSE(pane->IsVisible());
 }
 
+TEST_F(DockedTableTest, MakesItsViewAnewWhenItsFrameIsGone) {
+    const auto* frame = dynamic_cast<const WidgetHolder*>(pane->GetCurrentView()->GetWindow());
+    delete frame->Widget();
+    EXPECT_FALSE(pane->IsOpen());
+    window->OpenPane(kTablePont);
+    ASSERT_TRUE(pane->IsOpen());
+    EXPECT_TRUE(pane->IsVisible());
+    EXPECT_EQ(pane->GetCurrentView(), pane->Holder()->View());
+}
+
 TEST_F(DockedTableTest, TakesADocumentFromItsTab) {
     window->OpenTable({false, kTableMemb});
     const auto count = window->Area().Documents().size();

@@ -162,6 +162,41 @@ TEST_F(GridMouseActions, FrozenColumnsStayWhenTheTableIsScrolled) {
     EXPECT_LE(geometry.ColumnOf(ExampleGrid::kSupport)->End(), geometry.ScrolledArea().right() + 1);
 }
 
+TEST_F(GridMouseActions, TheTableFindsItsCellsWhereTheWindowShowsThem) {
+    const auto at = [this](QPoint point) { return grid.CellUnder({point.x(), point.y()}); };
+    grid.SetColWidth(3, 900);
+    widget.SetZoom(2);
+    widget.ScrollBy(4, 60);
+    EXPECT_EQ((velda::GridPosition{7, 2}), at(Middle(7, 2)));
+    EXPECT_EQ((velda::GridPosition{0, 2}), at(Title(2)));
+    EXPECT_EQ(std::nullopt, at(RowTitle(7)));
+    EXPECT_EQ(std::nullopt, at({-1, 50}));
+}
+
+TEST_F(GridMouseActions, AKeyColumnThatIsUnlockedComesInSightInTheSameRows) {
+    grid.SetColWidth(3, 900);
+    grid.SetColLocked(1, true);
+    widget.Refresh();
+    widget.ScrollBy(4, 200);
+    ASSERT_LT(widget.Geometry().ColumnOf(2)->start, widget.Geometry().ScrolledLeft());
+    grid.SetColLocked(1, false);
+    widget.Refresh();
+    const GridGeometry geometry = widget.Geometry();
+    EXPECT_EQ(geometry.RowHeaderWidth(), geometry.ColumnOf(1)->start);
+    EXPECT_EQ(5, geometry.Rows().front().number);
+}
+
+TEST_F(GridMouseActions, TheTableKnowsWhereItIsScrolledTo) {
+    grid.SetColWidth(3, 900);
+    widget.Refresh();
+    widget.ScrollBy(4, widget.Geometry().ColumnOf(2)->start - widget.Geometry().RowHeaderWidth());
+    EXPECT_EQ((velda::GridPosition{5, 2}), grid.TopLeft());
+    grid.SetTopLeft({9, 1});
+    widget.Refresh();
+    EXPECT_EQ(9, widget.Geometry().Rows().front().number);
+    EXPECT_EQ(widget.Geometry().RowHeaderWidth(), widget.Geometry().ColumnOf(1)->start);
+}
+
 TEST_F(GridMouseActions, HiddenColumnsTakeNoPlace) {
     grid.SetColHidden(2, true);
     const GridGeometry geometry = widget.Geometry();

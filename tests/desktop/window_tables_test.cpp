@@ -62,6 +62,27 @@ TEST_F(WindowTablesTest, ShowsTheTabsOfAViewBelowIt) {
     EXPECT_EQ(document.View()->GetActiveGrid(), document.Grid().Grid());
 }
 
+TEST_F(WindowTablesTest, LocksTheColumnUnderTheMenu) {
+    velda::CTBGrid& table = *grid->Grid();
+    table.SetColWidth(2, 80);
+    table.SetColWidth(3, 2000);
+    const auto lockAt = [&](int xBehindHeaders) {
+        host.menus.choices = {CommandId::LockColumns};
+        emit grid->customContextMenuRequested({grid->Geometry().RowHeaderWidth() + xBehindHeaders, 60});
+    };
+    GoTo(1, 3);
+    grid->ScrollBy(0, -2000);
+    lockAt(60);
+    EXPECT_TRUE(table.Columns().IsLocked(table.ColumnIdAt(2)));
+    EXPECT_FALSE(table.Columns().IsLocked(table.ColumnIdAt(3)));
+    table.SetColLocked(2, false);
+    GoTo(1, 2);
+    grid->ScrollBy(0, 200);
+    lockAt(20);
+    EXPECT_TRUE(table.Columns().IsLocked(table.ColumnIdAt(3)));
+    EXPECT_FALSE(table.Columns().IsLocked(table.ColumnIdAt(2)));
+}
+
 TEST_F(WindowTablesTest, ShowsTwoTablesSideBySide) {
     EXPECT_FALSE(window->CanSplit()) << "one table alone";
     window->OpenTable({false, kTablePont});

@@ -46,16 +46,36 @@ std::string RunGroup(CDBDoc& doc) {
     return database.EndGroup() ? std::string{} : database.GetLastReason();
 }
 
+/// A group with another one within it that is cancelled.
+std::string RunGroupAroundACancelledOne(CDBDoc& doc) {
+    CDataBase& database = DatabaseOf(doc);
+    if (!database.BeginGroup("group")) return database.GetLastReason();
+    std::string reason = RenameModule(doc);
+    if (reason.empty() && database.BeginGroup("inner")) {
+        reason = AddBatch(doc);
+        database.CancelGroup();
+    }
+    if (reason.empty()) reason = DeleteNode(doc);
+    if (reason.empty()) return database.EndGroup() ? std::string{} : database.GetLastReason();
+    database.CancelGroup();
+    return reason;
+}
+
 void RunGroupBefore(CDBDoc& doc) { ASSERT_EQ(RunGroup(doc), ""); }
 
 std::string UndoOne(CDBDoc& doc) { return DatabaseOf(doc).Undo() ? std::string{} : DatabaseOf(doc).GetLastReason(); }
 std::string RedoOne(CDBDoc& doc) { return DatabaseOf(doc).Redo() ? std::string{} : DatabaseOf(doc).GetLastReason(); }
 
 constexpr ModelOperation kOperations[] = {
-    {"Transaction", &PrepareNothing, &RenameModule}, {"LaterTransaction", &AddTwoSections, &RenameModule},
-    {"Batch", &PrepareNothing, &AddBatch},           {"Deletion", &AddTwoSections, &DeleteNode},
-    {"Group", &AddTwoSections, &RunGroup},           {"Undo", &AddTwoSections, &UndoOne},
-    {"UndoOfGroup", &RunGroupBefore, &UndoOne},      {"Redo", &AddAndTakeBack, &RedoOne},
+    {"Transaction", &PrepareNothing, &RenameModule},
+    {"LaterTransaction", &AddTwoSections, &RenameModule},
+    {"Batch", &PrepareNothing, &AddBatch},
+    {"Deletion", &AddTwoSections, &DeleteNode},
+    {"Group", &AddTwoSections, &RunGroup},
+    {"GroupInGroup", &AddTwoSections, &RunGroupAroundACancelledOne},
+    {"Undo", &AddTwoSections, &UndoOne},
+    {"UndoOfGroup", &RunGroupBefore, &UndoOne},
+    {"Redo", &AddAndTakeBack, &RedoOne},
 };
 
 using WriteFaultParameters = std::tuple<ModelOperation, FileSafety, int, bool>;

@@ -286,11 +286,46 @@ TEST_F(Transaction, AnEmptyGroupIsNoStepAndACancelledOneLeavesNothing) {
         ASSERT_TRUE(Db().BeginGroup("outer"));
         ASSERT_TRUE(Db().BeginGroup("inner"));
         ASSERT_TRUE(Records<CClassThik>().TR_Modify(1, 2, T_THIK_D{.name = "B"}));
+        ASSERT_TRUE(Db().EndGroup());
         ASSERT_TRUE(Records<CClassThik>().TR_Add(1, {}));
         Db().CancelGroup();
         EXPECT_FALSE(Db().InGroup());
         EXPECT_TRUE(untouched.Holds());
+        Db().CancelGroup();
+        EXPECT_TRUE(untouched.Holds()) << "there is nothing to cancel";
     }
+}
+
+TEST_F(Transaction, ACancelledGroupWithinAnotherTakesBackItsOwnChangesOnly) {
+    ASSERT_TRUE(Db().BeginGroup("outer"));
+    ASSERT_TRUE(Records<CClassThik>().TR_Add(1, T_THIK_D{.name = "A"}));
+    ASSERT_TRUE(Db().BeginGroup("inner"));
+    ASSERT_TRUE(Records<CClassThik>().TR_Modify(1, 2, T_THIK_D{.name = "B"}));
+    ASSERT_TRUE(Records<CClassThik>().TR_Add(1, {}));
+    Db().CancelGroup();
+    EXPECT_TRUE(Db().InGroup());
+    T_THIK_D record;
+    ASSERT_TRUE(Records<CClassThik>().Get(1, record));
+    EXPECT_EQ(record.name, "A");
+    EXPECT_EQ(Records<CClassThik>().GetCount(), 1);
+    ASSERT_TRUE(Records<CClassThik>().TR_Add(3, {}));
+    ASSERT_TRUE(Db().EndGroup());
+    EXPECT_EQ(Changes(), (Texts{"THIK ADD 1", "THIK ADD 3"}));
+    EXPECT_EQ(Db().GetUndoNames(), (Texts{"outer"}));
+    ASSERT_EQ(Db().Undo(), 1);
+    EXPECT_EQ(Records<CClassThik>().GetCount(), 0);
+}
+
+TEST_F(Transaction, AGroupWhoseInnerOnesAreAllCancelledIsNoStep) {
+    ASSERT_TRUE(Db().BeginGroup("outer"));
+    for (int time = 0; time < 2; ++time) {
+        ASSERT_TRUE(Db().BeginGroup("inner"));
+        ASSERT_TRUE(Records<CClassThik>().TR_Add(1, {}));
+        Db().CancelGroup();
+    }
+    ASSERT_TRUE(Db().EndGroup());
+    EXPECT_TRUE(Db().GetUndoNames().empty());
+    EXPECT_EQ(Db().GetTransactionCount(), 0u);
 }
 
 TEST_F(Transaction, UndoOfALargeDeletionAddsAllRecordsInOneStep) {

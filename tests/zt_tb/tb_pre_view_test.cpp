@@ -320,6 +320,73 @@ TEST_F(TBPreViewTest, DisplaysOtherTablesInMemberDetailByTheSelectedNodes) {
     for (const ProbeTable* table : Tables(*view)) EXPECT_THAT(table->filteredBy, ElementsAre(5, 7));
 }
 
+TEST_F(TBPreViewTest, KeepsItsTablesWhenItIsOpenedAgain) {
+    for (const int kind : {1, 26, 85}) {
+        const auto view = Open(kind);
+        const std::vector<ProbeTable*> tables = Tables(*view);
+        TakeCalls(*view);
+        view->SetTable(84, nullptr);
+        view->OnInitialUpdate();
+        EXPECT_EQ(Tables(*view), tables) << kind;
+        EXPECT_EQ(view->GetTableKind(), kind);
+        EXPECT_THAT(TakeCalls(*view), Each(IsEmpty()));
+        Hint(HintCode::Changed);
+        EXPECT_THAT(TakeCalls(*view), Each(Calls{"changes"})) << "it listens once";
+    }
+}
+
+TEST_F(TBPreViewTest, LocksTablesThatAreAddedWhileResultsAreCurrent) {
+    doc->SetExcuted(1);
+    const auto view = Open(86);
+    const int add[] = {1};
+    view->DisplayTables({}, add);
+    for (const ProbeTable* table : Tables(*view)) EXPECT_TRUE(table->IsEditModeLocked()) << table->kind;
+}
+
+TEST_F(TBPreViewTest, FollowsNoSelectionWithoutAModel) {
+    const auto view = Open(85);
+    TakeCalls(*view);
+    CDBDoc::m_pDBDoc = nullptr;
+    view->UpdateSelAdd();
+    view->UpdateSelDel();
+    EXPECT_THAT(TakeCalls(*view), Each(IsEmpty()));
+    view->DisplayTables({}, {});
+    EXPECT_THAT(Kinds(*view), SizeIs(5));
+    doc->MakeCurrent();
+}
+
+TEST_F(TBPreViewTest, LetsNoTablesBeChosenWhileARowCannotBeLeft) {
+    velda::HeadlessHost host;
+    const velda::UseHost use(host);
+    AddMember(9, 1, {3, 5});
+    Db().GetViewCtrl()->Select(nullptr, {3, 5}, {9});
+    const auto view = Open(86);
+    const int pont[] = {1};
+    view->DisplayTables({}, pont);
+    ProbeTable& nodes = *Tables(*view).back();
+    ASSERT_GT(nodes.RecordRowCount(), 0);
+    ASSERT_TRUE(nodes.SetCurrentCell(1, 2));
+    nodes.TypeText("no number");
+    view->OnTableDisplayDlg();
+    EXPECT_THAT(host.dialogs.shown, IsEmpty());
+    EXPECT_TRUE(nodes.IsRowInEdit());
+}
+
+TEST_F(TBPreViewTest, WritesAnOpenRowBeforeTheTablesAreChosen) {
+    velda::HeadlessHost host;
+    const velda::UseHost use(host);
+    Db().GetViewCtrl()->SelectPont(nullptr, {3});
+    const auto view = Open(86);
+    const int pont[] = {1};
+    view->DisplayTables({}, pont);
+    ProbeTable& nodes = *Tables(*view).back();
+    ASSERT_TRUE(nodes.EditCell(1, 2, "44"));
+    view->OnTableDisplayDlg();
+    T_PONT_D node;
+    ASSERT_TRUE(Records<CClassPont>().Get(3, node));
+    EXPECT_EQ(node.x, 44.0);
+}
+
 TEST_F(TBPreViewTest, MakesATableAnewThatWasTakenAway) {
     const auto view = Open(85);
     const std::string node[] = {"Node"};
@@ -491,6 +558,20 @@ TEST_F(TBPreViewTest, LocksItsTablesByTheRunStateThatComesWithAChange) {
     doc->SetExcuted(0);
     Hint(HintCode::Changed1);
     for (const ProbeTable* table : Tables(*view)) EXPECT_FALSE(table->IsEditModeLocked());
+}
+
+TEST_F(TBPreViewTest, OtherHintsOfTheApplicationDoNothing) {
+    for (const int kind : {1, 25, 85}) {
+        const auto view = Open(kind);
+        TakeCalls(*view);
+        std::vector<std::uint64_t> before;
+        for (const ProbeTable* table : Tables(*view)) before.push_back(table->RedrawCount());
+        for (const int code : {9, 10, 12, 14, 20, 27, 30}) Hint(code);
+        std::vector<std::uint64_t> after;
+        for (const ProbeTable* table : Tables(*view)) after.push_back(table->RedrawCount());
+        EXPECT_EQ(before, after) << kind;
+        EXPECT_THAT(TakeCalls(*view), Each(IsEmpty())) << kind;
+    }
 }
 
 // ---- selection
@@ -783,6 +864,21 @@ TEST_F(TBPreViewFrameTest, FindsTheFrameOfTheFirstViewWithATitle) {
     EXPECT_EQ(nullptr, CTBPreView::FindTBFrame<OneTableView<PartTable>>(*doc, "Node"));
     first->frame.Close();
     EXPECT_EQ(&second->frame, CTBPreView::FindTBFrame<CTBPreView>(*doc, "Member Line Load"));
+}
+
+TEST_F(TBPreViewTest, TheCheckerGoesWithItsOwnPaneWhenItHasFinished) {
+    velda::HeadlessHost host;
+    const velda::UseHost use(host);
+    CTBPreView::RegisterWithPanes();
+    CDockView_PreTable pane;
+    velda::HeadlessDockPane window(host.queue, pane);
+    const int kind = kTableChk;
+    ASSERT_TRUE(pane.SetInitData(34551, &kind));
+    ASSERT_NE(nullptr, pane.GetOrCreateView());
+    Hint(39, "FINISH_CHECKING");
+    EXPECT_EQ(nullptr, pane.GetCurrentView());
+    EXPECT_FALSE(window.IsVisible());
+    CDockView_PreTable::RegisterView({});
 }
 
 // ---- context menu

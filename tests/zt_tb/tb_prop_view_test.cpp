@@ -1,5 +1,6 @@
 #include "zt_tb/model/tb_prop_view.h"
 
+#include "velda_base/host/headless_host.h"
 #include "velda_lib/language.h"
 #include "zt_db/records/pont.h"
 #include "zt_tb/model/tb_thik.h"
@@ -133,10 +134,10 @@ TEST_F(TBPropViewTest, ShowsNoRecordWithoutASelectionUnlessAllAreAskedFor) {
     EXPECT_THAT(TableOf(all).ShownKeys(), ElementsAre(3, 7));
 }
 
-TEST_F(TBPropViewTest, IsDrawnOnceAsItOpens) {
+TEST_F(TBPropViewTest, IsDrawnOnceAsItIsFilledAndOnceMoreInFront) {
     CTBPropView view;
     ASSERT_TRUE(view.OpenProperties(CTBPropView::kThickness));
-    EXPECT_EQ(1u, TableOf(view).RedrawCount());
+    EXPECT_EQ(2u, TableOf(view).RedrawCount());
     EXPECT_FALSE(TableOf(view).IsUpdateLocked());
 }
 
@@ -145,6 +146,43 @@ TEST_F(TBPropViewTest, OpensLockedWhileResultsAreCurrent) {
     CTBPropView view;
     ASSERT_TRUE(view.OpenProperties(CTBPropView::kThickness));
     EXPECT_TRUE(TableOf(view).IsEditModeLocked());
+}
+
+/// A view that writes down what stood in the table in front as its tables were locked.
+class LockingPropView : public CTBPropView {
+public:
+    void SetTableReadOnlyMode(int flag) override {
+        rowsThen = TableOf(*this).RecordRowCount();
+        drawingHeldThen = TableOf(*this).IsUpdateLocked();
+        CTBPropView::SetTableReadOnlyMode(flag);
+    }
+    int rowsThen = -1;
+    bool drawingHeldThen = false;
+
+private:
+    static CTBThik& TableOf(const CTBView& view) { return dynamic_cast<CTBThik&>(*view.GetActiveGrid()); }
+};
+
+TEST_F(TBPropViewTest, LocksItsTablesOnceAllAreFilled) {
+    LockingPropView view;
+    ASSERT_TRUE(view.OpenProperties(CTBPropView::kThickness));
+    EXPECT_EQ(2, view.rowsThen);
+    EXPECT_TRUE(view.drawingHeldThen);
+}
+
+TEST_F(TBPropViewTest, StaysOpenOnAModeSwitch) {
+    velda::HeadlessHost host;
+    const velda::UseHost use(host);
+    velda::HeadlessFrame frame(host.queue);
+    velda::HeadlessWindow window(host.queue);
+    window.SetParentFrame(&frame);
+    CTBPropView view;
+    view.SetWindow(&window);
+    ASSERT_TRUE(view.OpenProperties(CTBPropView::kThickness));
+    doc_->SetModePost();
+    doc_->SetModePre();
+    EXPECT_TRUE(frame.IsOpen());
+    EXPECT_THAT(TableOf(view).ShownKeys(), ElementsAre(3, 7));
 }
 
 TEST_F(TBPropViewTest, ShowsKeyZeroAsAnEmptyText) {

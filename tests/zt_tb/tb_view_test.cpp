@@ -1,17 +1,9 @@
 #include <filesystem>
 #include <fstream>
 
-#include "velda_base/host/headless_dock_pane.h"
-#include "velda_base/host/headless_host.h"
-#include "velda_lib/language.h"
-#include "velda_util/grid/table_dialogs.h"
-#include "zt_tb/core/dock_view.h"
-#include "zt_tb/core/tb_common_view.h"
+#include "support/view_fixture.h"
 #include "zt_tb/core/tb_find_dlg.h"
-#include "zt_tb/core/tb_print_preview.h"
-#include "zt_tb/model/tb_thik.h"
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace zt {
 namespace {
@@ -20,117 +12,6 @@ using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
-
-constexpr int kName = 1;  ///< column identifiers
-constexpr int kThickness = 2;
-
-/// A thickness table that lets the tests say what its hooks do.
-class HookedThik : public CTBThik {
-public:
-    bool GetGraphData(velda::T_GRAPH_D& data) override {
-        data.title = "Graph";
-        return hasGraph;
-    }
-    void CustomizeContextMenu(velda::CMenu& menu) override {
-        menu.Append(50000, "Own");
-        menu.RemoveCommand(CommandId::ChangeUnit);
-    }
-    bool HandleCustomContextMenu(int command) override {
-        handled.push_back(command);
-        return command == 50000;
-    }
-
-    bool hasGraph = false;
-    std::vector<int> handled;
-};
-
-/// A grid that is no record browser.
-class PlainGrid : public velda::CTBGrid {
-public:
-    int GetRowCount() const override { return 0; }
-    int RowCount() const override { return 0; }
-    bool HasAppendRow() const override { return false; }
-    std::string GetValueRowCol(int, int) const override { return {}; }
-    velda::RowId RowIdAt(int) const override { return velda::kNoRow; }
-    int PositionOfRow(velda::RowId) const override { return 0; }
-};
-
-class TestView : public CTBCommonView {
-public:
-    void OnTabSwitch() override { ++switches; }
-    void UpdateBuffer(T_UPDATE_HINT*) override { Called("buffer"); }
-    void UpdateUnit() override { Called("unit"); }
-    void UpdateSelAdd() override { Called("selAdd"); }
-    void UpdateSelDel() override { Called("selDel"); }
-    void UpdateSelPre() override { Called("pre"); }
-    void UpdateSelPost() override { Called("post"); }
-    void UpdateExeStart() override { Called("exeStart"); }
-    void UpdateExeEnd() override { Called("exeEnd"); }
-    void UpdateRefresh() override { Called("refresh"); }
-    void UpdatePostDBChanged() override { Called("postDb"); }
-    void UpdatePrefChanged() override { Called("pref"); }
-    void UpdateDgnForceChanged() override { Called("forceChanged"); }
-    void UpdateDgnForceRemoved() override { Called("forceRemoved"); }
-
-    int switches = 0;
-    std::vector<std::string> calls;
-    bool waited = true;
-
-protected:
-    void CustomizeContextMenu(velda::CMenu& menu) override { menu.Append(50001, "View"); }
-
-private:
-    void Called(const char* what) {
-        calls.emplace_back(what);
-        auto& host = dynamic_cast<velda::HeadlessHost&>(velda::ApplicationHost::Current());
-        waited = waited && host.waitCursor.depth == 1;
-    }
-};
-
-class TBViewTest : public ::testing::Test {
-protected:
-    void SetUp() override {
-        velda::SetCurrentLanguage(velda::Language::English);
-        velda::TableRegistry::OfProcess().UseFile(velda::PreferenceFile(std::filesystem::path()));
-        velda::CTBGrid::m_Find = {};
-        doc->MakeCurrent();
-        for (std::uint32_t key = 1; key <= 4; ++key) {
-            T_THIK_D record;
-            record.name = key == 3 ? "Slab" : "Wall";
-            record.thickness = 0.1;
-            ASSERT_TRUE(CTBCommonWnd::GetDB()->GetClass<CClassThik>()->TR_Add(key, record));
-        }
-        window.SetParentFrame(&frame);
-        view.SetWindow(&window);
-    }
-    void TearDown() override {
-        view.OnDestroy();
-        CDBDoc::m_pDBDoc = nullptr;
-        velda::CTBGrid::m_Find = {};
-        velda::TableRegistry::OfProcess().UseFile(velda::PreferenceFile());
-    }
-    static std::unique_ptr<HookedThik> MakeTable() {
-        auto table = std::make_unique<HookedThik>();
-        table->Initialize(static_cast<CTBView*>(nullptr));
-        table->MakeItemEx(nullptr, -2, 0);
-        return table;
-    }
-    HookedThik& AddTable(const std::string& title = "Thickness") {
-        auto table = MakeTable();
-        HookedThik& added = *table;
-        view.AddWorksheet(std::move(table), title);
-        return added;
-    }
-    static const velda::ColumnList& ColumnsOf(const velda::CGXGridCore& table) { return table.Columns(); }
-    static int Col(const HookedThik& table, int id) { return table.PositionOfColumn(id); }
-
-    velda::HeadlessHost host;
-    velda::UseHost use{host};
-    velda::HeadlessFrame frame{host.queue};
-    velda::HeadlessWindow window{host.queue};
-    std::unique_ptr<CDBDoc> doc = CDBDoc::New();
-    TestView view;
-};
 
 TEST_F(TBViewTest, ADamagedFileOfPreferencesIsToldOnceAndTheTableOpens) {
     const std::filesystem::path file = std::filesystem::temp_directory_path() / "zt_view_preferences.conf";
@@ -196,9 +77,9 @@ TEST_F(TBViewTest, IsToldThatAnotherTabIsInFront) {
 
 TEST_F(TBViewTest, EachHintHasItsOperationUnderAWaitCursor) {
     const std::vector<std::pair<int, std::string>> hints = {
-        {0, "buffer"},   {1, "buffer"},        {3, "buffer"},  {4, "unit"},     {5, "selAdd"},
-        {6, "selDel"},   {7, "pre"},           {8, "post"},    {9, "exeStart"}, {10, "exeEnd"},
-        {12, "refresh"}, {14, "forceRemoved"}, {20, "postDb"}, {27, "pref"},    {30, "forceChanged"}};
+        {3, "buffer"},  {4, "unit"},     {5, "selAdd"},       {6, "selDel"},   {7, "pre"},
+        {8, "post"},    {9, "exeStart"}, {10, "exeEnd"},      {12, "refresh"}, {14, "forceRemoved"},
+        {20, "postDb"}, {27, "pref"},    {30, "forceChanged"}};
     for (const auto& [code, call] : hints) {
         view.calls.clear();
         view.OnUpdate(nullptr, code, nullptr);
@@ -206,6 +87,16 @@ TEST_F(TBViewTest, EachHintHasItsOperationUnderAWaitCursor) {
     }
     EXPECT_TRUE(view.waited);
     EXPECT_EQ(host.waitCursor.depth, 0);
+}
+
+TEST_F(TBViewTest, TheTablesFollowAChangeBeforeTheyAreLocked) {
+    doc->SetExcuted(1);
+    for (const int code : {0, 1}) {
+        view.calls.clear();
+        view.OnUpdate(nullptr, code, nullptr);
+        EXPECT_THAT(view.calls, ElementsAre("buffer", "readOnly 1")) << code;
+    }
+    EXPECT_TRUE(view.waited);
 }
 
 TEST_F(TBViewTest, OtherHintsDoNothing) {
@@ -235,6 +126,12 @@ TEST_F(TBViewTest, AGridThatIsNoRecordBrowserTellsThatTheViewMustKnowIt) {
     view.SetTableReadOnlyMode(1);
     EXPECT_THAT(host.messages.shown, ElementsAre("The view must override SetTableReadOnlyMode."));
     EXPECT_TRUE(table.IsEditModeLocked());
+}
+
+TEST_F(TBViewTest, AGridAloneThatIsNoRecordBrowserTellsTheSame) {
+    view.AddWorksheet(std::make_unique<PlainGrid>(), "Plain");
+    view.SetTableReadOnlyMode(0);
+    EXPECT_THAT(host.messages.shown, ElementsAre("The view must override SetTableReadOnlyMode."));
 }
 
 // ---- commands
@@ -317,7 +214,37 @@ TEST_F(TBViewTest, NoGraphIsShownWithoutAViewOrADocument) {
     doc->MakeCurrent();
 }
 
+TEST_F(TBViewTest, NoGraphIsShownWhereThereIsNoServiceForGraphs) {
+    class HostWithoutGraphs : public velda::HeadlessHost {
+    public:
+        velda::IGraphView* GetGraphView() override { return nullptr; }
+    };
+    HostWithoutGraphs without;
+    const velda::UseHost useIt(without);
+    AddTable().hasGraph = true;
+    view.OnTbGvGraphView();
+    EXPECT_EQ(frame.activations, 0);
+    EXPECT_THAT(without.messages.shown, IsEmpty());
+}
+
 // ---- window
+
+TEST_F(TBViewTest, TheFocusGoesToTheTableInFront) {
+    struct FocusHost : velda::GridHost {
+        void OnSetFocus() override { ++times; }
+        int times = 0;
+    };
+    FocusHost front;
+    FocusHost behind;
+    view.BuildWorkbook();
+    AddTable("A").SetHost(&behind);
+    AddTable("B").SetHost(&front);
+    view.SetCurrentTab(1);
+    view.OnSetFocus();
+    EXPECT_EQ(front.times, 1);
+    EXPECT_EQ(behind.times, 0);
+    view.SetGridHost(nullptr);
+}
 
 TEST_F(TBViewTest, WhatFillsTheViewFollowsIt) {
     HookedThik& table = AddTable();
@@ -326,69 +253,6 @@ TEST_F(TBViewTest, WhatFillsTheViewFollowsIt) {
     view.BuildWorkbook();
     view.OnWindowPosChanging({0, 0, 50, 60});
     EXPECT_EQ(view.GetTabWnd()->Place(), (velda::WindowRect{0, 0, 50, 60}));
-}
-
-// ---- printing
-
-TEST_F(TBViewTest, PrintingPutsFontAndMarginsInAndTakesThemBack) {
-    HookedThik& table = AddTable();
-    const double size = table.Styles().StandardStyle().GetFontSize();
-    ASSERT_NE(size, CTBPrintPreview::m_nPrintFontSize);
-    int left = 0;
-    int top = 0;
-    int right = 0;
-    int bottom = 0;
-    CTBPrintPreview::GetMarginDPUnit(left, top, right, bottom);
-    int seen = 0;
-    host.printer.whilePrinting = [&] {
-        ++seen;
-        EXPECT_EQ(table.Styles().StandardStyle().GetFontSize(), CTBPrintPreview::m_nPrintFontSize);
-        EXPECT_EQ(table.GetMargins(), (velda::PrintMargins{left, top, right, bottom}));
-        EXPECT_TRUE(table.IsUpdateLocked());
-        const auto redraws = table.RedrawCount();
-        view.OnDraw(true);
-        EXPECT_EQ(table.RedrawCount(), redraws) << "paper is no window";
-        view.OnDraw(false);
-        EXPECT_EQ(table.RedrawCount(), redraws + 1);
-        EXPECT_TRUE(table.IsUpdateLocked());
-        EXPECT_NE(table.PrintedPages(), nullptr);
-    };
-    EXPECT_TRUE(view.OnCommand(CommandId::FilePrintDirect));
-    EXPECT_EQ(seen, 1);
-    EXPECT_THAT(host.printer.pages, ElementsAre(1));
-    EXPECT_EQ(table.Styles().StandardStyle().GetFontSize(), size);
-    EXPECT_EQ(table.GetMargins(), velda::PrintMargins());
-    EXPECT_FALSE(table.IsUpdateLocked());
-    EXPECT_EQ(table.PrintedPages(), nullptr);
-}
-
-TEST_F(TBViewTest, APreviewLeavesTheTableAsItIs) {
-    HookedThik& table = AddTable();
-    const double size = table.Styles().StandardStyle().GetFontSize();
-    host.printer.whilePrinting = [&] {
-        EXPECT_EQ(table.Styles().StandardStyle().GetFontSize(), size);
-        EXPECT_FALSE(table.IsUpdateLocked());
-    };
-    EXPECT_TRUE(view.OnCommand(CommandId::FilePrintPreview));
-    ASSERT_EQ(host.printer.jobs.size(), 1u);
-    EXPECT_TRUE(host.printer.jobs[0].preview);
-    EXPECT_GT(host.printer.jobs[0].margins.left, 0);
-    EXPECT_EQ(host.printer.jobs[0].fontSize, CTBPrintPreview::m_nPrintFontSize);
-}
-
-TEST_F(TBViewTest, APrintIsTitledByTheTabInFront) {
-    view.BuildWorkbook();
-    view.AddWorksheet(std::make_unique<PlainGrid>(), "Walls");
-    EXPECT_TRUE(view.Print(true));
-    ASSERT_EQ(host.printer.jobs.size(), 1u);
-    EXPECT_EQ(host.printer.jobs[0].title, "Walls");
-}
-
-TEST_F(TBViewTest, ACancelledPrintDoesNothing) {
-    AddTable();
-    host.printer.cancels = true;
-    EXPECT_FALSE(view.Print(false));
-    EXPECT_THAT(host.printer.jobs, IsEmpty());
 }
 
 // ---- context menu
@@ -405,6 +269,21 @@ TEST_F(TBViewTest, TheMenuIsChangedByTheViewAndThenByTheTable) {
     EXPECT_EQ(items[items.size() - 1].id, 50000);
     EXPECT_EQ(menu.Find(CommandId::ChangeUnit), nullptr);
     EXPECT_TRUE(menu.Find(CommandId::Sort)->enabled);
+}
+
+TEST_F(TBViewTest, TheMenuIsShownAtThePoint) {
+    AddTable();
+    view.OnContextMenu({17, 23});
+    EXPECT_EQ(host.menus.lastPlace, (velda::WindowPoint{17, 23}));
+}
+
+TEST_F(TBViewTest, TheToolBarHasCommandsOfItsOwnToSortAndToFitWidths) {
+    HookedThik& table = AddTable();
+    EXPECT_TRUE(view.OnCommand(46509));
+    EXPECT_THAT(host.dialogs.shown, ElementsAre("TableSort"));
+    table.SetColWidth(Col(table, kName), 999);
+    EXPECT_TRUE(view.OnCommand(46510));
+    EXPECT_LT(table.GetColWidth(Col(table, kName)), 999);
 }
 
 TEST_F(TBViewTest, AnOpenRowKeepsTheTableFromBeingSorted) {
@@ -447,6 +326,22 @@ TEST_F(TBViewTest, FindNextWithoutATextOpensTheDialog) {
     EXPECT_EQ(row, 3);
     view.OnTbGvFindNext();
     EXPECT_EQ(host.dialogs.shown.size(), 1u) << "now it has a text";
+}
+
+TEST_F(TBViewTest, ASearchGoesOnInAnotherTable) {
+    view.BuildWorkbook();
+    AddTable("A");
+    HookedThik& other = AddTable("B");
+    host.dialogs.users.push_back(Finds("Slab"));
+    view.OnTbGvFind();
+    view.SetCurrentTab(1);
+    view.OnTbGvFindNext();
+    EXPECT_EQ(host.dialogs.shown.size(), 1u);
+    int row = 0;
+    int col = 0;
+    ASSERT_TRUE(other.GetCurrentCell(row, col));
+    EXPECT_EQ(row, 3);
+    EXPECT_EQ(velda::CTBGrid::m_Find.text, "Slab");
 }
 
 TEST_F(TBViewTest, TheFindDialogTakesNoEmptyText) {
@@ -567,103 +462,18 @@ TEST_F(TBViewTest, TheWidthsOfTheTableInFrontAreKept) {
     EXPECT_EQ(MakeTable()->GetColWidth(Col(front, kName)), 123);
 }
 
-// ---- docked views
-
-class TestPane : public CDockView {
-public:
-    ViewClass GetRuntimeViewClass() const override { return viewClass; }
-    void OnAfterCreateView() override { ++created; }
-
-    ViewClass viewClass = [] { return std::unique_ptr<CTBView>(std::make_unique<TestView>()); };
-    int created = 0;
-};
-
-TEST_F(TBViewTest, APaneMakesItsViewOnce) {
-    TestPane pane;
-    velda::HeadlessDockPane paneWindow(host.queue, pane);
-    EXPECT_EQ(pane.GetCurrentView(), nullptr);
-    ASSERT_TRUE(pane.SetInitData(7, nullptr));
-    CTBView* made = pane.GetOrCreateView();
-    ASSERT_NE(made, nullptr);
-    EXPECT_EQ(pane.GetOrCreateView(), made);
-    EXPECT_EQ(pane.GetCurrentView(), made);
-    EXPECT_EQ(pane.created, 1);
-    EXPECT_EQ(host.frames.made, 1);
-    EXPECT_EQ(made->GetDocument(), doc.get());
-    paneWindow.MoveWindow({0, 0, 100, 50});
-    EXPECT_EQ(made->GetPlace(), (velda::WindowRect{0, 0, 102, 52}));
-}
-
-TEST_F(TBViewTest, AViewThatCannotBeMadeIsNull) {
-    TestPane pane;
-    pane.SetInitData(7, nullptr);
-    EXPECT_EQ(pane.GetOrCreateView(), nullptr) << "no window";
-    velda::HeadlessDockPane paneWindow(host.queue, pane);
-    host.frames.fails = true;
-    EXPECT_EQ(pane.GetOrCreateView(), nullptr);
-    host.frames.fails = false;
-    pane.viewClass = nullptr;
-    EXPECT_EQ(pane.GetOrCreateView(), nullptr);
-    pane.viewClass = []() -> std::unique_ptr<CTBView> { throw std::runtime_error("no view"); };
-    EXPECT_EQ(pane.GetOrCreateView(), nullptr);
-    pane.viewClass = [] { return std::unique_ptr<CTBView>(std::make_unique<TestView>()); };
-    CDBDoc::m_pDBDoc = nullptr;
-    EXPECT_EQ(pane.GetOrCreateView(), nullptr) << "no document";
-    doc->MakeCurrent();
-    EXPECT_NE(pane.GetOrCreateView(), nullptr);
-    EXPECT_EQ(pane.created, 1);
-}
-
-TEST_F(TBViewTest, Hint18ClosesThePane) {
-    TestPane pane;
-    pane.SetInitData(7, nullptr);
-    pane.OnUpdate(nullptr, HintCode::ClosePanes, nullptr);
-    velda::HeadlessDockPane paneWindow(host.queue, pane);
-    ASSERT_NE(pane.GetOrCreateView(), nullptr);
-    T_UPDATE_HINT hint;
-    doc->UpdateAllViews(nullptr, HintCode::Refresh, &hint);
-    EXPECT_NE(pane.GetCurrentView(), nullptr);
-    doc->UpdateAllViews(nullptr, HintCode::ClosePanes, &hint);
-    EXPECT_EQ(pane.GetCurrentView(), nullptr);
-    EXPECT_FALSE(pane.IsVisible());
-    EXPECT_EQ(pane.GetId(), 7u) << "the pane keeps its identifier";
-    EXPECT_NE(pane.GetOrCreateView(), nullptr) << "and can have a view again";
-    paneWindow.Destroy();
-    pane.OnUpdate(nullptr, HintCode::ClosePanes, nullptr);
-    EXPECT_NE(pane.GetCurrentView(), nullptr) << "its window is gone";
-}
-
-TEST_F(TBViewTest, APaneThatIsDestroyedHoldsIdleWorkBack) {
-    TestPane pane;
-    velda::HeadlessDockPane paneWindow(host.queue, pane);
-    pane.SetInitData(7, nullptr);
-    pane.GetOrCreateView();
-    pane.OnDestroy();
-    EXPECT_EQ(pane.GetCurrentView(), nullptr);
-    EXPECT_THAT(host.idleCalls, ElementsAre(true, false));
-}
-
-TEST_F(TBViewTest, APaneKeepsNoIdentifierThatAnotherHas) {
-    TestPane pane;
-    TestPane other;
-    EXPECT_TRUE(pane.SetInitData(7, nullptr));
-    EXPECT_FALSE(other.SetInitData(7, nullptr));
-    EXPECT_EQ(other.GetId(), velda::CDockViewBase::kNoId);
-    EXPECT_FALSE(other.ShowDockView());
-}
-
-TEST_F(TBViewTest, ATablePaneGivesItsKindToTheView) {
-    static int kindGiven = 0;
-    CDockView_PreTable pane;
-    velda::HeadlessDockPane paneWindow(host.queue, pane);
-    const int kind = 161;
-    ASSERT_TRUE(pane.SetInitData(34551, &kind));
-    EXPECT_EQ(pane.GetOrCreateView(), nullptr) << "no view class is registered";
-    CDockView_PreTable::RegisterView({[] { return std::unique_ptr<CTBView>(std::make_unique<TestView>()); },
-                                      [](CTBView&, int given) { kindGiven = given; }});
-    EXPECT_NE(pane.GetOrCreateView(), nullptr);
-    EXPECT_EQ(kindGiven, 161);
-    CDockView_PreTable::RegisterView({});
+TEST_F(TBViewTest, TheWidthsOfTheTableInFrontAreThereAfterARestart) {
+    const std::filesystem::path file = std::filesystem::temp_directory_path() / "zt_view_widths.conf";
+    std::filesystem::remove(file);
+    velda::TableRegistry::OfProcess().UseFile(velda::PreferenceFile(file));
+    HookedThik& table = AddTable();
+    table.SetColWidth(Col(table, kName), 137);
+    view.OnDestroy();
+    velda::TableRegistry::OfProcess().UseFile(velda::PreferenceFile(file));
+    TestView later;
+    later.AddWorksheet(MakeTable(), "Thickness");
+    EXPECT_EQ(later.GetActiveGrid()->GetColWidth(Col(table, kName)), 137);
+    std::filesystem::remove(file);
 }
 
 }  // namespace

@@ -173,4 +173,17 @@ int GridGeometry::LeftFor(int col) const {
     return std::min(std::max(scroll_, smallest), largest);
 }
 
+int GridGeometry::LeftOf(int col) const {
+    const auto first = std::find_if(columns_.begin(), columns_.end(),
+                                    [col](const Column& column) { return !column.frozen && column.number >= col; });
+    return first == columns_.end() ? scroll_ : first->start + scroll_ - scrolledLeft_;
+}
+
+int GridGeometry::FirstScrolledColumn() const {
+    const auto first = std::find_if(columns_.begin(), columns_.end(), [this](const Column& column) {
+        return !column.frozen && column.End() > scrolledLeft_;
+    });
+    return first == columns_.end() ? 0 : first->number;
+}
+
 }  // namespace zt

@@ -84,6 +84,10 @@ public:
     int TopRowFor(int row) const;
     /// Where the scroll has to stand so that a column is in sight.
     int LeftFor(int col) const;
+    /// Where the scroll has to stand so that a column is the first one behind the frozen columns.
+    int LeftOf(int col) const;
+    /// The first column in sight behind the frozen ones; 0 for none.
+    int FirstScrolledColumn() const;
 
     static int Scaled(int size, double zoom);
 

@@ -211,6 +211,7 @@ void GridWidget::UpdateScrollBars() {
     horizontalScrollBar()->setPageStep(geometry.ScrolledArea().width());
     horizontalScrollBar()->setSingleStep(kScrollStep);
     horizontalScrollBar()->setValue(scroll_.left);
+    grid_->SetTopLeft({scroll_.topRow, Geometry().FirstScrolledColumn()});
     settingBars_ = before;
 }
 
@@ -275,6 +276,21 @@ void GridWidget::OnRedraw() {
 void GridWidget::OnWarning(const std::string& text) { emit Warned(ToQt(text)); }
 
 void GridWidget::OnMessage(const std::string& text) { emit Told(ToQt(text)); }
+
+void GridWidget::OnTopLeft(velda::GridPosition cell) {
+    if (!grid_ || settingBars_) return;
+    scroll_.topRow = cell.row;
+    scroll_.left = Geometry().LeftOf(cell.column);
+    OnRedraw();
+}
+
+std::optional<velda::GridPosition> GridWidget::CellUnder(const velda::CGXGridCore& grid,
+                                                         velda::WindowPoint point) const {
+    if (&grid != grid_) return grid.HitTest(point);
+    const GridGeometry::Hit hit = Geometry().At({point.x, point.y});
+    const bool isCell = hit.part == GridGeometry::Part::Cell || hit.part == GridGeometry::Part::ColumnHeader;
+    return isCell ? std::optional(hit.position) : std::nullopt;
+}
 
 void GridWidget::SetClipboardText(std::string text) { QGuiApplication::clipboard()->setText(ToQt(text)); }
 

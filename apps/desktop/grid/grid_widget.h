@@ -47,6 +47,9 @@ public:
     void OnRedraw() override;
     void OnWarning(const std::string& text) override;
     void OnMessage(const std::string& text) override;
+    void OnTopLeft(velda::GridPosition cell) override;
+    std::optional<velda::GridPosition> CellUnder(const velda::CGXGridCore& grid,
+                                                 velda::WindowPoint point) const override;
     void SetClipboardText(std::string text) override;
     std::string GetClipboardText() override;
 

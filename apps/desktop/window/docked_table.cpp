@@ -44,14 +44,14 @@ void DockedTable::Reopen() {
 }
 
 void DockedTable::OnAfterCreateView() {
-    frame_ = dynamic_cast<WidgetHolder&>(*GetCurrentView()->GetWindow()).Widget();
-    holder_ = new TableHolder(frame_);
-    auto* layout = new QVBoxLayout(frame_);
+    QWidget* frame = dynamic_cast<WidgetHolder&>(*GetCurrentView()->GetWindow()).Widget();
+    holder_ = new TableHolder(frame);
+    auto* layout = new QVBoxLayout(frame);
     layout->setContentsMargins(0, 0, kFrameBorder, kFrameBorder);
     layout->addWidget(holder_);
     // A view that closes its frame ends what the pane shows.
-    QObject::connect(frame_, &QObject::destroyed, &pane_.Dock(), [this] {
-        if (!frame_ && GetCurrentView()) CloseDockViewImpl();
+    QObject::connect(frame, &QObject::destroyed, &pane_.Dock(), [this] {
+        if (GetCurrentView() && !GetCurrentView()->GetWindow()->IsOpen()) CloseDockViewImpl();
     });
     CDockView_PreTable::OnAfterCreateView();
     holder_->SetView(GetCurrentView());

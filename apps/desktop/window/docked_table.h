@@ -34,7 +34,6 @@ protected:
 
 private:
     QtDockPane pane_;
-    QPointer<QWidget> frame_;  ///< of the view
     QPointer<TableHolder> holder_;
 };
 

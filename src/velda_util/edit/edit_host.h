@@ -73,6 +73,9 @@ public:
     /// Deletes the selected records. Called with no row open.
     virtual Outcome DeleteSelectedRecords() = 0;
 
+    /// A text that was entered in a column of the open row, as it reads now: in a switch of units, numbers are
+    /// converted. Asked before RebaseRowInEdit.
+    virtual std::string TextInCurrentUnits(ColumnId /*column*/, const std::string& text) const { return text; }
     /// The record of the open row was changed elsewhere and now stands in `row` with its new texts: takes the
     /// before-edit copy anew and puts the user's texts over it. Returns the columns of `edits` that were changed
     /// elsewhere too.

@@ -301,6 +301,8 @@ EditRefusal EditSession::InsertEmptyRow(RowId before) {
 }
 
 EditRefusal EditSession::RebaseRow(RowId row) {
+    for (EditedCell& edit : open_.accepted) edit.text = host_.TextInCurrentUnits(edit.column, edit.text);
+    open_.editor.text = host_.TextInCurrentUnits(open_.editor.column, open_.editor.text);
     open_.row = row;
     const std::vector<EditedCell> edits = EditedCells();
     const std::vector<ColumnId> changed = host_.RebaseRowInEdit(row, edits);

@@ -157,6 +157,14 @@ Outcome BrowserEditHost::DeleteSelectedRecords() {
     return OutcomeOf(browser_.OnDeleteRecords(rows), browser_);
 }
 
+std::string BrowserEditHost::TextInCurrentUnits(ColumnId column, const std::string& text) const {
+    if (!browser_.unitsSwitched_ || column == kNoColumn) return text;
+    std::vector<std::string> texts = browser_.edit_.live;
+    texts[static_cast<std::size_t>(column)] = text;
+    browser_.ConvertTypedTexts(texts);
+    return texts[static_cast<std::size_t>(column)];
+}
+
 std::vector<ColumnId> BrowserEditHost::RebaseRowInEdit(RowId row, const std::vector<EditedCell>& edits) {
     const RowInEdit old = browser_.edit_;
     std::vector<std::string> typed = old.live;

@@ -32,6 +32,7 @@ public:
     void OnCanceledModify(RowId row) override;
     std::optional<RowId> OnInsertEmptyRecord(RowId row) override;
     Outcome DeleteSelectedRecords() override;
+    std::string TextInCurrentUnits(ColumnId column, const std::string& text) const override;
     std::vector<ColumnId> RebaseRowInEdit(RowId row, const std::vector<EditedCell>& edits) override;
     void OnEditLost(const LostEdit& edit) override;
 

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "velda_base/host/application_host.h"
+#include "velda_util/grid/gx_grid_core.h"
 #include "velda_util/print/text_measure.h"
 
 namespace velda {
@@ -23,6 +25,14 @@ public:
 
     /// The grid wants the focus.
     virtual void OnSetFocus() {}
+
+    /// Another cell is to be the first one that is shown behind the frozen columns.
+    virtual void OnTopLeft(GridPosition /*cell*/) {}
+    /// The cell of a grid under a point of its window; row 0 is the header. No position where there is no cell. A
+    /// window that draws row headers, scrolls or zooms knows better than the grid.
+    virtual std::optional<GridPosition> CellUnder(const CGXGridCore& grid, WindowPoint point) const {
+        return grid.HitTest(point);
+    }
 
     virtual void SetClipboardText(std::string text) {
         ApplicationHost::Current().GetClipboard().SetText(std::move(text));

@@ -67,6 +67,7 @@ void CGXGridCore::SetFrozenCols(int count) { columns_.SetFrozen(count); }
 void CGXGridCore::SetTopLeft(GridPosition cell) {
     topLeft_ = {std::clamp(cell.row, 1, std::max(RowCount(), 1)),
                 std::clamp(cell.column, 1, std::max(GetColCount(), 1))};
+    OnTopLeft();
 }
 
 bool CGXGridCore::IsInWindow(GridPosition cell) const {

@@ -145,6 +145,8 @@ protected:
     /// The selection changed, not only its place.
     virtual void OnChangedSelection() {}
     virtual void OnRedrawn() {}
+    /// The first cell that is shown was set.
+    virtual void OnTopLeft() {}
     /// Identifier of a grid column. Throws std::invalid_argument for a column that does not exist.
     ColumnId IdOfColumn(int col) const;
     void RequireRow(int row) const;

@@ -16,6 +16,8 @@ public:
     void SetHost(GridHost* host) { host_ = host; }
 
     void SetFocus() { Host().OnSetFocus(); }
+    /// The cell under a point of the window that shows the grid; row 0 is the header.
+    std::optional<GridPosition> CellUnder(WindowPoint point) const { return Host().CellUnder(*this, point); }
 
     /// Copies the texts of the selected cells of shown columns to the clipboard, with titles and units above them when
     /// asked for. False when nothing is selected or the clipboard's limits are passed.
@@ -45,6 +47,7 @@ public:
 protected:
     GridHost& Host() const { return host_ ? *host_ : none_; }
     void OnRedrawn() override { Host().OnRedraw(); }
+    void OnTopLeft() override { Host().OnTopLeft(TopLeft()); }
     /// The text of a cell as it goes to the clipboard: whole numbers, not the rounded ones that are drawn, and the
     /// names of listed keys.
     std::string ClipboardCellText(int row, int col) const;

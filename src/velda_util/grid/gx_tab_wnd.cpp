@@ -15,6 +15,7 @@ void CGXTabWnd::AddTab(std::unique_ptr<TabPane> pane, std::string label) {
 
 void CGXTabWnd::RemoveTab(int tab) {
     if (!Has(tab)) return;
+    OnRemoveTab(GetPane(tab));
     tabs_.erase(tabs_.begin() + tab);
     if (tab < active_) --active_;
     active_ = std::clamp(active_, 0, std::max(GetTabCount() - 1, 0));

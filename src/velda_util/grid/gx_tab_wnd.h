@@ -85,6 +85,8 @@ public:
 protected:
     /// Another tab came to the front.
     virtual void OnTabSwitch();
+    /// A tab is about to be removed with its pane, which may be null.
+    virtual void OnRemoveTab(const TabPane* /*pane*/) {}
 
 private:
     struct Tab {

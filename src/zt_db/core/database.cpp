@@ -120,6 +120,7 @@ Outcome DB_CDataBase::Run(Batch batch, StepAction action, std::uint16_t classInd
 }
 
 Outcome DB_CDataBase::RunInGroup(Batch& batch) {
+    if (!groupFault_) return groupFault_;
     if (Outcome outcome = ApplyChecked(batch); !outcome) return outcome;
     group_->batches.push_back(std::move(batch));
     return Outcome::Done();
@@ -187,22 +188,24 @@ void DB_CDataBase::ForgetDeleted(const Step& step, Direction direction) {
 
 int DB_CDataBase::BeginGroup(std::string name) {
     Outcome outcome = MayChange();
-    if (outcome && groupDepth_ == 0) {
+    if (outcome && !InGroup()) {
         if (storage_) outcome = storage_->Begin();
         if (outcome) {
             group_ = std::make_shared<Step>();
             group_->name.text = std::move(name);
         }
     }
-    if (outcome) ++groupDepth_;
+    if (outcome) groupStarts_.push_back(group_->batches.size());
     return Report(outcome);
 }
 
 int DB_CDataBase::EndGroup() {
-    if (groupDepth_ == 0) return Report(Outcome::Refused(FormatText("IDS_DB_REASON_NO_GROUP", {})));
-    if (--groupDepth_ > 0) return Report(Outcome::Done());
+    if (!InGroup()) return Report(Outcome::Refused(FormatText("IDS_DB_REASON_NO_GROUP", {})));
+    groupStarts_.pop_back();
+    if (InGroup()) return Report(groupFault_);
 
-    const Outcome outcome = storage_ ? storage_->Commit() : Outcome::Done();
+    Outcome outcome = groupFault_;
+    if (outcome && storage_) outcome = storage_->Commit();
     if (!outcome) {
         TakeBackGroup();
         return Report(outcome);
@@ -213,9 +216,14 @@ int DB_CDataBase::EndGroup() {
 }
 
 void DB_CDataBase::CancelGroup() {
-    if (groupDepth_ == 0) return;
-    groupDepth_ = 0;
-    TakeBackGroup();
+    if (!InGroup()) return;
+    const std::size_t start = groupStarts_.back();
+    groupStarts_.pop_back();
+    if (InGroup()) {
+        TakeBackInnerGroup(start);
+    } else {
+        TakeBackGroup();
+    }
 }
 
 void DB_CDataBase::TakeBackGroup() {
@@ -223,7 +231,17 @@ void DB_CDataBase::TakeBackGroup() {
         ApplyToMemory(*batch, Direction::Backward);
     }
     group_.reset();
+    groupFault_ = Outcome::Done();
     if (storage_) storage_->Rollback();
+}
+
+// A storage that cannot follow no longer holds what memory does: the groups around can only be taken back.
+void DB_CDataBase::TakeBackInnerGroup(std::size_t start) {
+    std::vector<Batch>& batches = group_->batches;
+    for (; batches.size() > start; batches.pop_back()) {
+        if (groupFault_ && storage_) groupFault_ = storage_->Write(batches.back(), Direction::Backward);
+        ApplyToMemory(batches.back(), Direction::Backward);
+    }
 }
 
 // ---- history ----

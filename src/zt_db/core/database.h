@@ -50,11 +50,11 @@ public:
     // ---- groups: several transactions as one step with one hint at the end. Groups nest; only the outermost ends.
 
     int BeginGroup(std::string name);
-    /// Ends a group. Returns 0, and takes everything in it back, when it cannot be written.
+    /// Ends a group. Returns 0, and takes everything back, when the outermost one cannot be written.
     int EndGroup();
-    /// Takes back everything since the outermost BeginGroup and ends all groups.
+    /// Takes back everything since the last BeginGroup and ends that group; the groups around it go on.
     void CancelGroup();
-    bool InGroup() const { return groupDepth_ > 0; }
+    bool InGroup() const { return !groupStarts_.empty(); }
 
     // ---- history
 
@@ -99,6 +99,7 @@ private:
     velda::Outcome ApplyChecked(const Batch& batch);
     void ApplyToMemory(const Batch& batch, Direction direction);
     void TakeBackGroup();
+    void TakeBackInnerGroup(std::size_t start);
     void Finish(std::shared_ptr<Step> step);
     void Tell(std::shared_ptr<const Step> step, Direction direction);
     void ForgetDeleted(const Step& step, Direction direction);
@@ -123,7 +124,8 @@ private:
     std::vector<std::shared_ptr<Step>> undo_;
     std::vector<std::shared_ptr<Step>> redo_;
     std::shared_ptr<Step> group_;
-    int groupDepth_ = 0;
+    std::vector<std::size_t> groupStarts_;  ///< where each open group begins among the batches, the outermost first
+    velda::Outcome groupFault_ = velda::Outcome::Done();  ///< why the open groups can no longer be written
     std::uint64_t transactionCount_ = 0;
     std::string reason_;
 };

@@ -1,6 +1,7 @@
 #include "zt_db/doc/doc.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "velda_lib/msg_dll.h"
 #include "zt_db/file/model_file.h"
@@ -105,12 +106,20 @@ std::vector<CDBUpdateConnector*> CDBDoc::GetViews() const {
     return open;
 }
 
+void CDBDoc::DeleteView(std::unique_ptr<CDBUpdateConnector> view) {
+    if (!view) return;
+    RemoveView(view.get());
+    if (telling_ > 0) leaving_.push_back(std::move(view));
+}
+
 void CDBDoc::UpdateAllViews(CDBUpdateConnector* sender, int code, T_UPDATE_HINT* hint) {
     struct Telling {
         CDBDoc& doc;
         explicit Telling(CDBDoc& d) : doc(d) { ++doc.telling_; }
         ~Telling() {
-            if (--doc.telling_ == 0) std::erase(doc.views_, nullptr);
+            if (--doc.telling_ > 0) return;
+            std::erase(doc.views_, nullptr);
+            std::exchange(doc.leaving_, {}).clear();
         }
     } telling(*this);
     const std::size_t count = views_.size();

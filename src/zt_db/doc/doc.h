@@ -71,6 +71,8 @@ public:
     /// Tells every view, in the order in which they were added, before it returns. A view may close itself or others
     /// while it is told; one that is opened meanwhile is not told of this change.
     void UpdateAllViews(CDBUpdateConnector* sender, int code, T_UPDATE_HINT* hint);
+    /// Takes a view out and deletes it, as soon as no view is being told: a view may have to go while it is told.
+    void DeleteView(std::unique_ptr<CDBUpdateConnector> view);
 
     // ---- state
 
@@ -108,6 +110,7 @@ private:
 
     std::vector<CDBUpdateConnector*> views_;  // a closed view leaves null while views are being told
     int telling_ = 0;
+    std::vector<std::unique_ptr<CDBUpdateConnector>> leaving_;  ///< to be deleted once all views are told
 
     int executed_ = 0;
     bool postMode_ = false;

@@ -17,8 +17,8 @@ constexpr int kViewInset = 2;
 CDockView::~CDockView() { _DestroyView(); }
 
 CTBView* CDockView::GetOrCreateView() {
-    const bool exists = id_ != kNoId && view_ && (!view_->GetWindow() || view_->GetWindow()->IsOpen());
-    if (exists) return view_.get();
+    if (view_ && !frame_->IsOpen()) _DestroyView();
+    if (view_ && id_ != kNoId) return view_.get();
     if (!_CreateView()) return nullptr;
     OnAfterCreateView();
     return view_.get();
@@ -43,6 +43,11 @@ bool CDockView::_CreateView() {
     view_->SetWindow(frame_.get());
     view_->ConnectToDoc(CDBDoc::m_pDBDoc);
     inDocument_ = true;
+    // The pane may be older than the model.
+    if (GetDocument() != CDBDoc::m_pDBDoc) {
+        DisconnectFromDoc();
+        ConnectToDoc(CDBDoc::m_pDBDoc);
+    }
     LayOutView();
     return true;
 }
@@ -71,13 +76,15 @@ void CDockView::OnUpdate(CDBUpdateConnector* /*sender*/, int code, T_UPDATE_HINT
 }
 
 void CDockView::_DestroyView() {
-    if (view_ && std::exchange(inDocument_, false)) {
-        CDBDoc* doc = CDBDoc::m_pDBDoc;
-        if (doc && view_->GetDocument() == doc) view_->DisconnectFromDoc();
-        if (doc && frame_->IsOpen()) frame_->Close();
+    std::unique_ptr<CTBView> view = std::move(view_);
+    const std::unique_ptr<velda::IFrame> frame = std::move(frame_);
+    if (view && std::exchange(inDocument_, false)) {
+        CDBDoc* doc = view->GetDocument();
+        view->OnDestroy();
+        view->SetWindow(nullptr);
+        if (doc) doc->DeleteView(std::move(view));
     }
-    view_.reset();
-    frame_.reset();
+    if (frame && frame->IsOpen()) frame->Close();
 }
 
 void CDockView::OnDestroy() {

@@ -6,7 +6,7 @@ namespace zt {
 
 class CTBView;
 
-/// The tab strip of a view, which it tells that another tab came to the front.
+/// The tab strip of a view, which it tells that another tab came to the front and that a table goes.
 class CMyGXTabWnd final : public velda::CGXTabWnd {
 public:
     /// The owner outlives the strip.
@@ -14,6 +14,7 @@ public:
 
 protected:
     void OnTabSwitch() override;
+    void OnRemoveTab(const velda::TabPane* pane) override;
 
 private:
     CTBView& owner_;

@@ -158,7 +158,7 @@ std::vector<int> CTBCommonView::ColumnsToLock(const velda::CTBGrid& grid, bool& 
     }
     selected = !cols.empty();
     if (selected) return cols;
-    if (const auto hit = grid.HitTest(menuPoint_)) add(hit->column);
+    if (const auto hit = grid.CellUnder(menuPoint_)) add(hit->column);
     return cols;
 }
 

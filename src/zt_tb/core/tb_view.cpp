@@ -1,6 +1,7 @@
 #include "zt_tb/core/tb_view.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "velda_base/host/application_host.h"
 #include "velda_lib/msg_dll.h"
@@ -14,6 +15,8 @@ void CMyGXTabWnd::OnTabSwitch() {
     CGXTabWnd::OnTabSwitch();
     owner_.OnTabSwitch();
 }
+
+void CMyGXTabWnd::OnRemoveTab(const velda::TabPane* pane) { owner_.OnRemoveTab(pane); }
 
 void CTBView::SetGridHost(velda::GridHost* host) {
     host_ = host;
@@ -65,7 +68,11 @@ velda::CTBGrid* CTBView::GetActiveGrid() const {
     return tabs_ ? dynamic_cast<velda::CTBGrid*>(tabs_->GetActivePane()) : single_.get();
 }
 
-velda::CTBGrid* CTBView::LiveGrid() const { return GetWindow() && !GetWindow()->IsOpen() ? nullptr : GetActiveGrid(); }
+velda::CTBGrid* CTBView::LiveGrid() const { return IsWindowGone() ? nullptr : GetActiveGrid(); }
+
+void CTBView::OnRemoveTab(const velda::TabPane* pane) {
+    if (pane && pane == printed_) printed_ = nullptr;
+}
 
 int CTBView::GetAllGrid(std::vector<velda::CTBGrid*>& grids) const {
     grids.clear();
@@ -121,6 +128,16 @@ void CTBView::SetReadOnlyMode(velda::TabPane* pane, int flag) const {
 void CTBView::SetTableReadOnlyMode(int flag) {
     if (!tabs_) SetReadOnlyMode(GetActiveGrid(), flag);
     for (int tab = 0; tab < GetTabCount(); ++tab) SetReadOnlyMode(tabs_->GetPane(tab), flag);
+}
+
+void CTBView::ShowActiveTable(const CDBDoc& doc) {
+    velda::CTBGrid* grid = GetActiveGrid();
+    if (!grid) return;
+    {
+        const velda::GridUpdateLock lock(*grid);
+        SetTableReadOnlyMode(doc.IsExcuted());
+    }
+    grid->SetFocus();
 }
 
 // ---- commands
@@ -230,11 +247,11 @@ bool CTBView::Print(bool preview) {
 bool CTBView::OnPreparePrinting(velda::PrintJob& job) { return CTBPrintPreview::OnPreparePrinting(job); }
 
 void CTBView::OnPrepareDC(int page) {
-    if (velda::CTBGrid* grid = LiveGrid()) grid->OnGridPrepareDC(page);
+    if (velda::CTBGrid* grid = PrintedGrid()) grid->OnGridPrepareDC(page);
 }
 
 void CTBView::OnPrint(int page) {
-    if (velda::CTBGrid* grid = LiveGrid()) grid->OnPrint(page);
+    if (velda::CTBGrid* grid = PrintedGrid()) grid->OnPrint(page);
 }
 
 namespace {
@@ -249,8 +266,10 @@ void SetMargins(velda::CTBGrid& grid, const velda::PrintMargins& margins) {
 
 }  // namespace
 
+// Another tab may come to the front, and tabs may go, before the print ends.
 void CTBView::OnBeginPrinting(velda::PrintJob& job) {
     velda::CTBGrid* grid = LiveGrid();
+    printed_ = grid;
     if (!grid) return;
     if (!job.preview) {
         printing_ = true;
@@ -264,12 +283,12 @@ void CTBView::OnBeginPrinting(velda::PrintJob& job) {
 }
 
 void CTBView::OnEndPrinting(const velda::PrintJob& job) {
-    velda::CTBGrid* grid = LiveGrid();
+    velda::CTBGrid* grid = std::exchange(printed_, nullptr);
+    printing_ = false;
     if (!grid) return;
     if (!job.preview) {
         SetStandardFontSize(*grid, savedFontSize_);
         SetMargins(*grid, savedMargins_);
-        printing_ = false;
     }
     grid->OnGridEndPrinting();
     if (!job.preview) grid->LockUpdate(savedLock_);
@@ -279,10 +298,11 @@ void CTBView::OnDraw(bool printing) {
     velda::CTBGrid* grid = LiveGrid();
     if (printing || !grid) return;
     const double size = grid->Styles().StandardStyle().GetFontSize();
+    const bool isPrinted = printing_ && grid == printed_;
     const bool locked = grid->LockUpdate(false);
-    if (printing_) SetStandardFontSize(*grid, savedFontSize_);
+    if (isPrinted) SetStandardFontSize(*grid, savedFontSize_);
     grid->Redraw();
-    if (printing_) SetStandardFontSize(*grid, size);
+    if (isPrinted) SetStandardFontSize(*grid, size);
     grid->LockUpdate(locked);
 }
 

@@ -42,6 +42,9 @@ public:
     /// All grids in the order of their tabs; their number.
     int GetAllGrid(std::vector<velda::CTBGrid*>& grids) const;
 
+    /// A tab goes with its pane.
+    void OnRemoveTab(const velda::TabPane* pane);
+
     /// Leaves the open rows of all grids before something else goes on; false when one stays open.
     bool LeaveRows();
 
@@ -110,6 +113,8 @@ public:
 protected:
     /// The active grid, unless its window is gone; null otherwise.
     velda::CTBGrid* LiveGrid() const;
+    /// The tables are filled: locks them while results are current, draws the one in front and gives it the focus.
+    void ShowActiveTable(const CDBDoc& doc);
 
 private:
     /// Tells the user, once, what is wrong with the file of column preferences.
@@ -120,6 +125,9 @@ private:
     bool Always() const { return true; }
     static std::span<const ViewCommand<CTBView>> Commands();
     void SetReadOnlyMode(velda::TabPane* pane, int flag) const;
+    /// The grid that is printed, unless its window is gone; null otherwise.
+    velda::CTBGrid* PrintedGrid() const { return IsWindowGone() ? nullptr : printed_; }
+    bool IsWindowGone() const { return GetWindow() && !GetWindow()->IsOpen(); }
     /// What fills the view: the tab strip or the one grid; null while there is neither.
     velda::TabPane* Child() const;
 
@@ -127,9 +135,10 @@ private:
     std::unique_ptr<velda::CTBGrid> single_;
     velda::GridHost* host_ = nullptr;
     velda::WindowRect place_;
-    bool printing_ = false;             ///< a direct print is being prepared
-    double savedFontSize_ = 0.0;        ///< of the standard style, while printing
-    velda::PrintMargins savedMargins_;  ///< of the grid, while printing
+    bool printing_ = false;              ///< a direct print is being prepared
+    velda::CTBGrid* printed_ = nullptr;  ///< the grid that is printed; null once it is gone
+    double savedFontSize_ = 0.0;         ///< of its standard style
+    velda::PrintMargins savedMargins_;   ///< of that grid
     bool savedLock_ = false;
 };
 

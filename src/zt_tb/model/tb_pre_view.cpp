@@ -58,6 +58,7 @@ std::string CTBPreView::GetTableName(int kind) {
 }
 
 void CTBPreView::SetTable(int kind, void* data) {
+    if (HasTables()) return;
     kind_ = kind;
     group_ = FindTableGroup(kind);
     hingeData_ = Contains(HingeTableKinds(), kind) ? data : nullptr;
@@ -67,6 +68,7 @@ void CTBPreView::SetTable(int kind, void* data) {
 }
 
 void CTBPreView::OnInitialUpdate() {
+    if (HasTables()) return;
     group_ = FindTableGroup(kind_);
     if (group_ && group_->kind == kind_ && !group_->opensInitially) group_ = nullptr;
     MakeTables();
@@ -155,16 +157,6 @@ void CTBPreView::RedrawNow() const {
     if (GetWindow()) GetWindow()->RedrawNow();
 }
 
-void CTBPreView::ShowActiveTable(const CDBDoc& doc) {
-    velda::CTBGrid* grid = GetActiveGrid();
-    if (!grid) return;
-    {
-        const velda::GridUpdateLock lock(*grid);
-        SetTableReadOnlyMode(doc.IsExcuted());
-    }
-    grid->SetFocus();
-}
-
 void CTBPreView::MakeItemExMemberTable() {
     for (CTBCommonWnd* table : m_arrTables) Fill(*table, false);
 }
@@ -178,7 +170,9 @@ void CTBPreView::MakeItemExMultiTable() {
 }
 
 void CTBPreView::FetchSelectedKeys(GroupSelection selection) {
-    const CViewCtrl& view = *CTBCommonWnd::GetDB()->GetViewCtrl();
+    CDataBase* db = CTBCommonWnd::GetDB();
+    if (!db) return;
+    const CViewCtrl& view = *db->GetViewCtrl();
     if (selection == GroupSelection::Members) {
         view.GetAllSelectedMemb(m_arrSelKeys);
     } else {
@@ -210,11 +204,13 @@ void CTBPreView::DisplayTables(std::span<const std::string> remove, std::span<co
     for (const std::string& title : remove) RemoveTable(title);
     AddTables(CDBDoc::m_pDBDoc, add);
     for (CTBCommonWnd* table : m_arrTables) table->SetTableRunMode(CTBCommonWnd::kDetail);
+    if (CDBDoc::m_pDBDoc) SetTableReadOnlyMode(CDBDoc::m_pDBDoc->IsExcuted());
     FetchSelectedKeys(GroupSelection::Nodes);
     MakeItemExMultiTable();
 }
 
 void CTBPreView::OnTableDisplayDlg() {
+    if (!LeaveRows()) return;
     CTBDisplayDlg dialog(DisplayedTables());
     if (!velda::DoModal(dialog)) return;
     std::vector<int> kinds;
@@ -332,9 +328,10 @@ void CTBPreView::UpdateSelAdd() { UpdateSelection(HintCode::SelectionAdded); }
 void CTBPreView::UpdateSelDel() { UpdateSelection(HintCode::SelectionRemoved); }
 
 void CTBPreView::UpdateSelection(int code) {
-    if (!group_ || group_->selection == GroupSelection::None) return;
+    CDataBase* db = CTBCommonWnd::GetDB();
+    if (!db || !group_ || group_->selection == GroupSelection::None) return;
     CTBCommonWnd::Keys keys;
-    const CViewCtrl& view = *CTBCommonWnd::GetDB()->GetViewCtrl();
+    const CViewCtrl& view = *db->GetViewCtrl();
     if (group_->selection == GroupSelection::Nodes) view.GetCurrentPont(keys);
     if (group_->selection == GroupSelection::Members) view.GetCurrentMemb(keys);
     for (CTBCommonWnd* table : m_arrTables) table->UpdateSelInDetail(code, keys);

@@ -47,8 +47,8 @@ public:
     static std::string GetTableName(int kind);
 
     /// Makes and fills the tables of a kind in the current document, and listens to it from then on. Once in the life
-    /// of a view. The data is for hinge tables, which find it in GetHingeData; other kinds do not get it. A kind
-    /// without a table gives the view its title and nothing else.
+    /// of a view: one that has its tables keeps them. The data is for hinge tables, which find it in GetHingeData;
+    /// other kinds do not get it. A kind without a table gives the view its title and nothing else.
     void SetTable(int kind, void* data);
     /// The kind that OnInitialUpdate shows.
     void StoreTableKind(int kind) { kind_ = kind; }
@@ -80,7 +80,7 @@ public:
     /// Takes tables away by their tab texts, adds those of other kinds, and fills all anew by the selected nodes. A
     /// text without a tab is passed over.
     void DisplayTables(std::span<const std::string> remove, std::span<const int> add);
-    /// Lets the user choose the tables.
+    /// Lets the user choose the tables; nothing while an open row cannot be left.
     void OnTableDisplayDlg();
 
     bool OnCommand(int id) override;
@@ -108,6 +108,7 @@ public:
 private:
     static std::span<const ViewCommand<CTBPreView>> Commands();
     bool HasChoiceOfTables() const { return kind_ == kTableMembDetail; }
+    bool HasTables() const { return single_ || GetTabWnd(); }
     void MakeTables();
     std::unique_ptr<CTBCommonWnd> MakeTable(int kind);
     void MakeSingleTable(const CDBDoc* doc);
@@ -117,7 +118,6 @@ private:
     void FillTables(bool tellSingleTable);
     static void Fill(CTBCommonWnd& table, bool tell);
     void RedrawNow() const;
-    void ShowActiveTable(const CDBDoc& doc);
     void FetchSelectedKeys(GroupSelection selection);
 
     void UpdateSelection(int code);

@@ -82,7 +82,6 @@ void CTBPropView::ShowAndFill(CDBDoc& doc, bool all) {
     if (velda::IFrame* frame = GetParentFrame()) frame->RedrawNow();
     if (velda::CWnd* window = GetWindow()) window->RedrawNow();
     const velda::WaitCursor wait;
-    SetTableReadOnlyMode(doc.IsExcuted());
     for (CTBCommonWnd* table : tables_) {
         const velda::GridUpdateLock lock(*table);
         if (all) {
@@ -93,7 +92,7 @@ void CTBPropView::ShowAndFill(CDBDoc& doc, bool all) {
         table->OnAfterOpen();
     }
     ConnectToDoc(&doc);
-    OnSetFocus();
+    ShowActiveTable(doc);
 }
 
 void CTBPropView::UpdateViewTitle() { SetTitle(GetTableName(kind_)); }
