@@ -1,11 +1,14 @@
 #include "desktop/modelview/model_painter.h"
 
 #include <QPainterPath>
+#include <algorithm>
 
 #include "desktop/grid/qt_text.h"
 
 namespace zt {
 namespace {
+
+constexpr double kLevelMargin = 5.0;  ///< around the name of a level
 
 /// From this many lines on they are drawn thin, and without smooth edges while the model moves.
 constexpr std::size_t kManyLines = 4000;
@@ -168,7 +171,9 @@ void ModelPainter::PaintLevels(const std::vector<LevelMark>& levels) {
         painter_.drawLine(ToQt(level.from), ToQt(level.to));
         painter_.setPen(colors_.faint);
         const double width = metrics.horizontalAdvance(names);
-        painter_.drawText(QPointF(level.from.x - 5.0 - width, level.from.y + 0.5 * metrics.capHeight()), names);
+        // Names that are longer than the margin begin at the edge of the window.
+        const double left = std::max(kLevelMargin, level.from.x - kLevelMargin - width);
+        painter_.drawText(QPointF(left, level.from.y + 0.5 * metrics.capHeight()), names);
     }
 }
 
