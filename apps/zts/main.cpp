@@ -1,4 +1,5 @@
-// zts, the command line of the table module: shows what a model file holds and runs table scripts.
+// zts, the command line of the table module: shows what a model file holds, writes tables, shows the library and runs
+// table scripts.
 
 #include <exception>
 #include <iostream>
@@ -6,6 +7,7 @@
 #include <vector>
 
 #include "export_command.h"
+#include "library_command.h"
 #include "zt_db/doc/doc.h"
 #include "zt_script/script_runner.h"
 
@@ -19,6 +21,9 @@ void PrintUsage(std::ostream& output) {
               "zts export MODEL [--table KIND]... --out FILE\n"
               "                              writes tables to FILE.xlsx or FILE.csv, all without --table, or one\n"
               "                              table to FILE.pdf\n"
+              "zts library [materials|sections|bars|bolts|plates] [SEARCH]\n"
+              "                              rows of the library that hold a text, separated by tabs; the size of its\n"
+              "                              tables without arguments\n"
               "zts script FILE...            runs table scripts\n"
               "zts help                      this text and the commands of scripts\n";
 }
@@ -68,11 +73,19 @@ int ExportTables(const std::vector<std::string>& words) {
     return Export(*request) ? 0 : kFailed;
 }
 
+int ShowLibrary(const std::vector<std::string>& words) {
+    const int status = PrintLibrary(words);
+    if (status >= 0) return status;
+    PrintUsage(std::cerr);
+    return kWrongUse;
+}
+
 int Run(const std::vector<std::string>& arguments) {
     const std::string command = arguments.empty() ? "" : arguments[0];
     const std::vector<std::string> rest(arguments.begin() + (arguments.empty() ? 0 : 1), arguments.end());
     if (command == "info") return Info(rest);
     if (command == "export") return ExportTables(rest);
+    if (command == "library") return ShowLibrary(rest);
     if (command == "script") return RunScripts(rest);
     if (command == "help" || command == "--help") {
         PrintUsage(std::cout);

@@ -4,6 +4,7 @@
 
 #include "velda_lib/msg_dll.h"
 #include "zt_db/file/model_file.h"
+#include "zt_db/library/matl_db.h"
 
 namespace zt {
 
@@ -18,7 +19,7 @@ void CDBUpdateConnector::DisconnectFromDoc() {
     if (doc_) doc_->RemoveView(this);
 }
 
-CDBDoc::CDBDoc(const CInitCtrl& init) : init_(init), databases_(units_) {
+CDBDoc::CDBDoc(const CInitCtrl& init) : init_(init), databases_(units_), matlDb_(&CMatlDB::Shared()) {
     units_.SetUnitIndexCurrent(init.units);
     units_.SetListener([this] { UpdateAllViews(nullptr, HintCode::Unit, nullptr); });
     databases_.GetCurrentDB()->SetListener([this] {

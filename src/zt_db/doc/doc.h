@@ -55,12 +55,11 @@ public:
     CMDBCtrl* GetMDBCtrl() { return &databases_; }
     CUnitCtrl* GetUnitCtrl() { return &units_; }
     CInitCtrl* GetInitCtrl() { return &init_; }
+    CMatlDB* GetMatlDB() { return matlDb_; }
     // Services that other stages bring to a document; null until they do.
     CPostCtrl* GetPostCtrl() { return postCtrl_; }
-    CMatlDB* GetMatlDB() { return matlDb_; }
     CCheckerCtrl* GetChekCtrl() { return checkerCtrl_; }
     void SetPostCtrl(CPostCtrl* control) { postCtrl_ = control; }
-    void SetMatlDB(CMatlDB* library) { matlDb_ = library; }
     void SetChekCtrl(CCheckerCtrl* control) { checkerCtrl_ = control; }
 
     // ---- views
@@ -104,7 +103,7 @@ private:
     bool readOnly_ = false;
 
     CPostCtrl* postCtrl_ = nullptr;
-    CMatlDB* matlDb_ = nullptr;
+    CMatlDB* matlDb_;
     CCheckerCtrl* checkerCtrl_ = nullptr;
 
     std::vector<CDBUpdateConnector*> views_;  // a closed view leaves null while views are being told
