@@ -25,6 +25,9 @@ struct TableDeclaration {
     std::string_view dialog{};
     /// Default texts behind those of the columns.
     std::vector<std::string_view> moreDefaults{};
+    /// What a row that is read again has from its record before its cells are read: what no cell tells, or not wholly.
+    /// Null where the cells tell all.
+    void (*keep)(const R& stored, R& record) = nullptr;
 };
 
 /// The skeleton of all tables whose rows are the records of one class: fills rows from records, reads rows into
@@ -43,7 +46,7 @@ public:
     RecordTable() {
         s_defaultTexts = DefaultTexts();
         for (const Column& column : Declared().columns) {
-            AddColInfo(velda::CMsgDll::pfuncLoadStr(column.title, 0), column.type, column.options.unit);
+            AddColInfo(TitleOf(column), column.type, column.options.unit);
         }
         KeyColumns().push_back(0);
     }
@@ -111,9 +114,12 @@ public:
         const RowTextsView texts{rowTexts, columnMap};
         std::string message;
         for (velda::ColumnId id = 1; id < GetInitialColCount(); ++id) {
+            const Column& column = ColumnAt(id);
+            if (column.options.passedOver && column.options.passedOver(static_cast<const Table&>(*this), texts))
+                continue;
             if (!texts[id].empty()) {
                 if (!ValidateColumn(texts[id], id)) return 0;
-            } else if (CountsAsMissing(ColumnAt(id), texts)) {
+            } else if (CountsAsMissing(column, texts)) {
                 const std::string line = GetTitle(id) + velda::CMsgDll::pfuncLoadStr("IDS_TB_has_not_been_entered", 0);
                 AddFinding({velda::kNoRow, id, velda::EditRule::Missing, {}, line});
                 message += (message.empty() ? "" : "\n") + line;
@@ -148,8 +154,9 @@ public:
     }
     int ModifyRecord(int row) override {
         if (!CanSaveData()) return 0;
-        const Row read = ReadRow(row);
-        return class_ ? TrModify({KeyOfText(GetKeyStringBeforeEdit(row))}, {read.key}, {read.record}) : 0;
+        const std::uint32_t oldKey = KeyOfText(GetKeyStringBeforeEdit(row));
+        const Row read = ReadRow(row, oldKey);
+        return class_ ? TrModify({oldKey}, {read.key}, {read.record}) : 0;
     }
 
     bool NewPasteRecord(const RowTexts& rowTexts, const ColumnMap& columnMap, KeyPointers& keys,
@@ -174,6 +181,7 @@ public:
         if (!ValidateRowComplete(rowTexts, columnMap)) return 0;
         const RowTextsView texts{rowTexts, columnMap};
         Row row{key, record};
+        Keep(KeyOfText(texts[GetKeyColID()]), row.record);
         for (velda::ColumnId id = 0; id < GetInitialColCount(); ++id) ReadCell(id, texts[id], row);
         key = row.key;
         record = std::move(row.record);
@@ -298,10 +306,12 @@ protected:
         return db && db->GetViewCtrl()->IsExistPont(key);
     }
 
-    /// The row as a record, formulas replaced by their values.
-    Row ReadRow(int row) const {
+    /// The row as a record, formulas replaced by their values. The key is that of the record that the row stands for; 0
+    /// for a new one.
+    Row ReadRow(int row, std::uint32_t storedKey = 0) const {
         Row read;
         read.record.Initialize();
+        Keep(storedKey, read.record);
         for (velda::ColumnId id = 0; id < GetInitialColCount(); ++id) {
             std::string text = GetValueRowCol(row, PositionOfColumn(id));
             ConvertFormulaToValue(id, text);
@@ -323,13 +333,15 @@ protected:
         }
     }
 
-    void AdjustGivenTexts(RowTexts& texts, const std::vector<bool>& given) const override {
+    std::size_t AdjustGivenTexts(RowTexts& texts, const RowTexts& /*before*/,
+                                 const std::vector<bool>& given) const override {
         velda::ColumnId id = 0;
         for (const Column& column : Declared().columns) {
             const auto at = static_cast<std::size_t>(PositionOfColumn(id++) - 1);
             if (column.options.clears == velda::kNoColumn || !given[at] || texts[at] != kCleared) continue;
             texts[static_cast<std::size_t>(PositionOfColumn(column.options.clears) - 1)] = kCleared;
         }
+        return 0;
     }
     std::string GetUnitText(velda::ColumnId column) const override {
         const Options& options = ColumnAt(column).options;
@@ -367,6 +379,11 @@ private:
 
     static const Column& ColumnAt(velda::ColumnId id) { return Declared().columns[static_cast<std::size_t>(id)]; }
 
+    static std::string TitleOf(const Column& column) {
+        const std::string title = velda::CMsgDll::pfuncLoadStr(column.title, 0);
+        const std::string& unit = column.options.fixedUnit;
+        return unit.empty() ? title : title + "\n(" + unit + ")";
+    }
     static RowTexts DefaultTexts() {
         RowTexts texts;
         for (const Column& column : Declared().columns) {
@@ -438,6 +455,10 @@ private:
         return !column.options.required || column.options.required(static_cast<const Table&>(*this), texts);
     }
 
+    void Keep(std::uint32_t storedKey, Record& record) const {
+        Record stored;
+        if (Declared().keep && class_ && class_->Get(storedKey, stored)) Declared().keep(stored, record);
+    }
     std::string CellText(velda::ColumnId id, const Row& row) const {
         std::string text;
         CellSink cell(text);

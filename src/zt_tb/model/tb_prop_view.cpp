@@ -4,13 +4,14 @@
 
 #include "velda_base/host/wait_cursor.h"
 #include "velda_lib/msg_dll.h"
+#include "zt_tb/model/tb_matl.h"
 #include "zt_tb/model/tb_thik.h"
 
 namespace zt {
 namespace {
 
 constexpr CTBPropView::TableEntry kTables[] = {
-    {CTBPropView::kMaterial, "MATL", "IDB_TB_PREVIEW_Matl"},
+    {CTBPropView::kMaterial, "MATL", "IDB_TB_PREVIEW_Matl", &MakeTable<CTBMatl>},
     {CTBPropView::kSection, "SECT", "IDB_TB_PREVIEW_Sect"},
     {CTBPropView::kThickness, "THIK", "IDS_TB_PREVIEW_Thik", &MakeTable<CTBThik>},
 };
