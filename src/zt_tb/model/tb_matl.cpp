@@ -156,10 +156,10 @@ bool CTBMatl::OnValidateField(int row, int col) {
 
 // ---- cells that depend on others of their row ----
 
-CTBMatl::RowTexts CTBMatl::LiveTexts(int row) const {
+CTBMatl::RowTexts CTBMatl::TextsDuringEdit(int row, velda::ColumnId edited) const {
     RowTexts texts;
     for (velda::ColumnId id = 0; id < GetInitialColCount(); ++id) {
-        texts.push_back(GetLiveText(row, PositionOfColumn(id)));
+        texts.push_back(id == edited ? Session().EditorText() : GetValueRowCol(row, PositionOfColumn(id)));
     }
     return texts;
 }
@@ -171,8 +171,9 @@ void CTBMatl::SetLiveText(int row, velda::ColumnId column, const std::string& te
 void CTBMatl::OnModifyCell(int row, int col) {
     RecordTable::OnModifyCell(row, col);
     const velda::ColumnId edited = IdOfColumn(col);
-    const RowTexts texts = LiveTexts(row);
-    if (!MatlRow::IsLeading(edited) || MatlRow::ShortType(texts[kType]).empty()) return;
+    if (!MatlRow::IsLeading(edited)) return;
+    const RowTexts texts = TextsDuringEdit(row, edited);
+    if (MatlRow::ShortType(texts[kType]).empty()) return;
     const velda::GridUpdateLock lock(*this);
     if (!before_) before_ = {{}, secondCodeFollowsFirst_};
     RowTexts followed = texts;

@@ -48,7 +48,7 @@ private:
     void StyleCell(velda::ColumnId column, int row, velda::CGXStyle& style) const;
     const velda::CGXStyle& ListStyle(bool grades, const std::string& of) const;
     bool IsClosedAppendRow(int row) const;
-    RowTexts LiveTexts(int row) const;
+    RowTexts TextsDuringEdit(int row, velda::ColumnId edited) const;
     void SetLiveText(int row, velda::ColumnId column, const std::string& text);
 
     /// Set while a leading cell is edited, from its first change on.
