@@ -79,7 +79,7 @@ void CTBSect::ShowValue(const CTBSect& table, const Row& row, CellSink& cell) {
 
 template <auto Member>
 void CTBSect::ShowPerimeter(const CTBSect& table, const Row& row, CellSink& cell) {
-    cell.Number(table.ValuesOf(row.record).*Member);
+    cell.Number(CUnitCtrl::ConvValueCurUnit2ModelLengthUnit(Unit::Length, table.ValuesOf(row.record).*Member));
 }
 
 // ---- pictures ----
@@ -168,8 +168,8 @@ const CTBSect::Declaration& CTBSect::Declared() {
                 value("IDS_TB_SECT_iy", &ShowValue<d, &D::ry>, D::unit[Design::kRy], kLengths),
                 value("IDS_TB_SECT_iz", &ShowValue<d, &D::rz>, D::unit[Design::kRz], kLengths),
                 value("IDS_TB_SECT_ip", &ShowValue<d, &D::rp>, D::unit[Design::kRp], kLengths),
-                value("IDS_TB_SECT_Perimeter_Out", &ShowPerimeter<&Values::perimeterOut>, Unit::Length, kLengths),
-                value("IDS_TB_SECT_Perimeter_In", &ShowPerimeter<&Values::perimeterIn>, Unit::Length, kLengths),
+                value("IDS_TB_SECT_Perimeter_Out", &ShowPerimeter<&Values::perimeterOut>, Unit::ModelLength, kLengths),
+                value("IDS_TB_SECT_Perimeter_In", &ShowPerimeter<&Values::perimeterIn>, Unit::ModelLength, kLengths),
             },
         .dialog = "CCMSectItemDlg",
         .keep = [](const T_SECT_D& stored, T_SECT_D& section) { section = stored; },
