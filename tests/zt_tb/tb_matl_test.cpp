@@ -1,5 +1,7 @@
 #include "zt_tb/model/tb_matl.h"
 
+#include <fstream>
+
 #include "velda_lib/language.h"
 #include "zt_db/library/library.h"
 #include "zt_tb/support/number_tables.h"
@@ -102,20 +104,20 @@ TEST_F(TBMatlTest, BeginsANewRowAsSteelWithoutCodes) {
 }
 
 TEST_F(TBMatlTest, ListsTheGradesOfTheLibraryInUse) {
-    const TempFolder folder;
-    const auto file = folder.File("own.csv");
-    WriteFile(file,
-              "zt-library,materials_steel,1\n"
-              "code,name,product_standard,E_mpa,nu,alpha_1_per_c,density_kg_m3,fy_mpa,fu_mpa\n"
-              "Own,X1,,200000,0.3,1.2e-05,7850,300,400\n");
+    const TemporaryFolder folder;
+    const std::filesystem::path file = folder.File("own.csv");
+    std::ofstream(file) << "zt-library,materials_concrete,1\n"
+                           "code,grade,fck_N_per_mm2,fck_cube_N_per_mm2,E_N_per_mm2,poisson,thermal_per_C,"
+                           "density_kg_per_m3,fcm_N_per_mm2,ft_N_per_mm2,checked\n"
+                           "Own,X1,24,0,25000,0.2,1e-05,2400,0,0,no\n";
     const int col = Table().PositionOfColumn(kCode1);
-    T_MATL_D steel{.name = "S", .type = "S"};
-    ASSERT_TRUE(Records<CClassMatl>().TR_Add(2, steel));
+    ASSERT_TRUE(Records<CClassMatl>().TR_Add(2, T_MATL_D{.name = "C", .type = "C"}));
     EXPECT_EQ(Table().StyleOf(2, col).GetChoiceList().find("Own\n"), std::string::npos);
-    const auto faults = Library::UseFiles({file});
+    const auto faults = Library::UseFiles(std::vector{file});
     EXPECT_THAT(faults, ElementsAre());
     EXPECT_NE(Table().StyleOf(2, col).GetChoiceList().find("Own\n"), std::string::npos);
     Library::UseFiles({});
+    EXPECT_EQ(Table().StyleOf(2, col).GetChoiceList().find("Own\n"), std::string::npos);
 }
 
 }  // namespace

@@ -77,6 +77,7 @@ public:
         window->resize(size);
         window->show();
         window->activateWindow();
+        window->OpenTable({true, CTBPropView::kThickness});
         Album::Settle();
     }
     GridWidget& Grid() const { return *window->ActiveGrid(); }
