@@ -90,7 +90,7 @@ TEST_F(TBMatlTest, NeedsAGradeUnlessTheCodeIsTheLiteralNone) {
     Texts texts = SteelTexts();
     texts[kCode1] = "none";
     EXPECT_FALSE(IsComplete(texts));
-    EXPECT_EQ(Table().GetWarningText(), "Grade has not been entered.\nGrade 2 has not been entered.");
+    EXPECT_EQ(Table().GetWarningText(), "Grade has not been entered.");
     velda::SetCurrentLanguage(velda::Language::Korean);
     EXPECT_TRUE(IsComplete(SteelTexts()));
 }

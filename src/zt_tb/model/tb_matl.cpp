@@ -49,10 +49,10 @@ void ReadValue(const CTBMatl&, std::string_view text, Row& row) {
 }
 
 bool IsNotComposite(const CTBMatl&, const RowTextsView& texts) { return MatlRow::ShortType(texts[kType]) != "SRC"; }
-/// The literal counts, whatever the text for none is in the current language.
+/// Whether a row needs no grade. The literal counts, whatever the text for none is in the current language.
 template <velda::ColumnId Code>
-bool HasNoCode(const CTBMatl&, const RowTextsView& texts) {
-    return texts[Code] == "None";
+bool NeedsNoGrade(const CTBMatl& table, const RowTextsView& texts) {
+    return texts[Code] == "None" || (Code == kCode2 && IsNotComposite(table, texts));
 }
 
 }  // namespace
@@ -87,7 +87,7 @@ void CTBMatl::AddGroup(std::vector<Column>& columns) {
                        velda::ColumnType::String,
                        &ShowGrade<group>,
                        &ReadGrade<group>,
-                       {.passedOver = &HasNoCode<First>, .rowStyle = &StyleCell<First + 1>}});
+                       {.passedOver = &NeedsNoGrade<First>, .rowStyle = &StyleCell<First + 1>}});
     columns.push_back({titles[2], velda::ColumnType::Double, &ShowValue<group, &Analysis::elasticity>,
                        &ReadValue<group, &Analysis::elasticity>,
                        value(0, stress, {2, 2, 1, 110}, &StyleCell<First + 2>)});

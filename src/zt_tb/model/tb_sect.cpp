@@ -148,7 +148,7 @@ const CTBSect::Declaration& CTBSect::Declared() {
                  velda::ColumnType::String,
                  [](const CTBSect&, const Row& row, CellSink& cell) { cell.Text(row.record.shape); },
                  nullptr,
-                 {.state = CellState::ReadOnly, .rowStyle = &PictureOfShape, .preference = {3, 2, 0, 160}}},
+                 {.state = CellState::ReadOnly, .rowStyle = &PictureOfShape, .preference = {3, 2, 0, 200}}},
                 Columns::Text<&T_SECT_D::description>(
                     "IDS_TB_SECT_Description", {.required = [](const CTBSect&, const RowTextsView&) { return false; },
                                                 .preference = {3, 2, 0, 120}}),
