@@ -74,7 +74,7 @@ TEST_F(WindowTablesTest, ShowsTwoTablesSideBySide) {
 
 TEST_F(WindowTablesTest, DisablesTableCommandsWithoutATable) {
     EXPECT_TRUE(window->ActionOf("filter")->isEnabled());
-    window->OpenTable({false, kTablePont});
+    window->OpenTable({false, kTableSkew});
     ASSERT_FALSE(window->HasTable());
     QTRY_VERIFY_WITH_TIMEOUT(!window->ActionOf("filter")->isEnabled(), 5000);
 }

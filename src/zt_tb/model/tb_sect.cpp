@@ -10,8 +10,6 @@ namespace {
 
 using Row = CTBSect::Row;
 
-constexpr velda::ColumnId kShape = 3;
-
 // Places of the units of stiffness and design values.
 namespace Stiffness {
 enum : std::size_t { kArea, kAsy, kAsz, kIx, kIy, kIz };
