@@ -45,12 +45,10 @@ void FillFromLibrary(T_MATL_ANALYSIS& group) {
     if (type == "C" && CMatlDB::GetConcreteData(group.code, group.codeName, concrete)) take(concrete);
 }
 
-/// The codes that a group of a material can have: steel for the first group of a composite, concrete for the second.
-template <std::size_t Group>
+/// The codes of a material's type; for a composite those of steel and of concrete, in either group.
 std::vector<std::string> Codes(const T_MATL_D& material) {
     std::vector<std::string> codes;
-    const std::string type = material.type == kComposite ? (Group == 0 ? "S" : "C") : material.type;
-    CMatlDB::GetMatlCodeList(type, "S", codes);
+    CMatlDB::GetMatlCodeList(material.type, "S", codes);
     codes.insert(codes.begin(), NoCode());
     return codes;
 }
@@ -119,7 +117,7 @@ void AppendGroup(std::vector<MatlField>& fields) {
                     [](const T_MATL_D& material) {
                         return HasCode(material.analysis[Group]) ? material.analysis[Group].code : NoCode();
                     },
-                    &ChooseCode<Group>, &Codes<Group>, &IsUsed<Group>},
+                    &ChooseCode<Group>, &Codes, &IsUsed<Group>},
                    {"IDS_CMD_MATL_GRADE", Kind::Choice, Unit::None,
                     [](const T_MATL_D& material) { return material.analysis[Group].codeName; }, &ChooseGrade<Group>,
                     &Grades<Group>, &IsOfCode<Group>},

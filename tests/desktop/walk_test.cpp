@@ -5,6 +5,7 @@
 #include "velda_util/pref/table_registry.h"
 #include "zt_db/records/thik.h"
 #include "zt_db/sample/sample_building.h"
+#include "zt_tb/model/tb_prop_view.h"
 #include <gtest/gtest.h>
 
 namespace zt {
@@ -21,6 +22,7 @@ protected:
         window->show();
         window->activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+        window->OpenTable({true, CTBPropView::kThickness});
         grid = window->ActiveGrid();
         ASSERT_NE(nullptr, grid);
         grid->setFocus();

@@ -25,6 +25,7 @@ protected:
         window = std::make_unique<MainWindow>(std::move(doc));
         window->show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+        window->OpenTable({true, kThickness});
         grid = window->ActiveGrid();
         ASSERT_NE(nullptr, grid->Grid());
     }

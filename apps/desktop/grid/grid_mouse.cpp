@@ -76,8 +76,8 @@ bool GridMouse::PressControl(velda::GridPosition cell, QPoint point) {
         browser.DoCommand(velda::TableCommand::OpenList);
         return true;
     }
-    const bool isButton =
-        style.GetControl() == velda::ControlKind::PushButton || style.GetControl() == velda::ControlKind::PictureButton;
+    const bool isButton = !style.GetReadOnly() && (style.GetControl() == velda::ControlKind::PushButton ||
+                                                   style.GetControl() == velda::ControlKind::PictureButton);
     if (isButton) browser.OnClickedButtonRowCol(row, col);
     return isButton;
 }

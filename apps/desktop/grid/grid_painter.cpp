@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "desktop/grid/alignment.h"
+#include "desktop/grid/cell_picture.h"
 #include "desktop/grid/qt_text.h"
 #include "velda_util/style/display_text.h"
 
@@ -156,12 +157,24 @@ void GridPainter::PaintContent(const Cell& cell, const velda::CGXStyle& style, c
         PaintText(ToQt(style.GetChoiceList()).section(QLatin1Char('\n'), 0, 0), inner, style);
         return;
     }
+    if (style.GetControl() == ControlKind::PictureButton) inner.setLeft(PaintPicture(inner, style, text));
     if (style.HasList() && current_ == velda::GridPosition{cell.row, cell.col} && !style.GetReadOnly()) {
         const QRect arrow = ArrowRect(cell.rect, zoom_);
         PaintArrow(arrow, text);
         inner.setRight(arrow.left() - 1);
     }
     if (!shown.isEmpty()) PaintText(shown, inner, style);
+}
+
+int GridPainter::PaintPicture(const QRect& rect, const velda::CGXStyle& style, const QColor& ink) {
+    const velda::CGXEditBtn* control = grid_.Controls().FindPicture(style.GetPicture());
+    if (!control) return rect.left();
+    const int side = std::min(rect.height(), rect.width());
+    const QRect square(rect.left(), rect.top() + (rect.height() - side) / 2, side, side);
+    DrawCellPicture(painter_, square, control->PictureSvg(), ink);
+    // What was saved and restored before has its own font.
+    usedFontSize_ = 0.0;
+    return square.right() + 1 + Padding(zoom_);
 }
 
 void GridPainter::ClipTo(const QRect& area) {

@@ -48,6 +48,8 @@ private:
     QColor BackgroundOf(int row, const velda::CGXStyle& style, bool enabled) const;
     QColor TextColorOf(const velda::CGXStyle& style, bool enabled, const QColor& background) const;
     void PaintContent(const Cell& cell, const velda::CGXStyle& style, const QColor& text);
+    /// The picture of a control at the left of a cell. Returns where the text begins.
+    int PaintPicture(const QRect& rect, const velda::CGXStyle& style, const QColor& ink);
     void PaintText(const QString& text, const QRect& rect, const velda::CGXStyle& style);
     int WidthOf(const QString& text) const;
     /// One line of text of a width that was measured.

@@ -21,6 +21,8 @@
 #include "velda_base/host/headless_host.h"
 #include "velda_lib/language.h"
 #include "velda_util/pref/table_registry.h"
+#include "zt_db/records/matl.h"
+#include "zt_db/records/sect.h"
 #include "zt_db/records/thik.h"
 #include "zt_db/sample/sample_building.h"
 #include "zt_tb/core/tb_print_preview.h"
@@ -76,6 +78,7 @@ public:
         window->resize(size);
         window->show();
         window->activateWindow();
+        window->OpenTable({true, CTBPropView::kThickness});
         Album::Settle();
     }
     GridWidget& Grid() const { return *window->ActiveGrid(); }
@@ -154,8 +157,8 @@ void TourEditing(Album& album) {
         velda::DoModal(dialog);
     });
     for (const auto& [name, dialog] :
-         {std::pair("materials", "CModelPropMatlDlg"), std::pair("sections", "CCMSectItemDlg"),
-          std::pair("thicknesses", "CModelPropThikDlg")}) {
+         {std::pair("dialog-materials", "CModelPropMatlDlg"), std::pair("dialog-sections", "CCMSectItemDlg"),
+          std::pair("dialog-thicknesses", "CModelPropThikDlg")}) {
         AddDialog(album, name, [&] { velda::ICmdDialog::Instance()->DoModal3(dialog, 1, nullptr, nullptr); });
     }
     stage.window->ToggleFilter();
@@ -218,6 +221,44 @@ void TourBuilding(Album& album) {
     album.Add("building-elevation", window.Model());
     view.Show(StandardView::Plan);
     album.Add("building-plan", window.Model());
+}
+
+/// Materials of all types, and sections of all kinds of shapes.
+void AddProperties(CDataBase& database) {
+    T_MATL_D composite{.name = "SRC400", .type = "SRC", .dampingRatio = 0.03};
+    composite.analysis[0] = {26702.0, 0.18, 1.0e-5, 2400.0, "KDS 14 20 10", "C27"};
+    composite.analysis[1] = {210000.0, 0.3, 1.2e-5, 7850.0, "KDS 14 31 05", "SM355"};
+    T_MATL_D own{.name = "AL6061", .type = "U", .dampingRatio = 0.02};
+    own.analysis[0] = {68900.0, 0.33, 2.36e-5, 2700.0, {}, {}};
+    database.GetClass<CClassMatl>()->TR_Add(std::vector<std::uint32_t>{11, 12}, {composite, own});
+    std::vector<std::uint32_t> keys;
+    std::vector<T_SECT_D> sections;
+    const auto add = [&](int kind, std::string_view shape, const std::array<double, 9>& size) {
+        keys.push_back(static_cast<std::uint32_t>(11 + keys.size()));
+        sections.push_back({.name = "S" + std::to_string(keys.back()), .kind = kind, .shape = std::string(shape)});
+        sections.back().base.size = size;
+    };
+    for (const char* shape : {"Angle", "Channel", "H Section", "T Section", "Box", "Double Angle", "Double Channel"}) {
+        add(1, shape, {0.4, 0.2, 0.01, 0.014});
+    }
+    add(1, "Pipe", {0.4, 0.012});
+    add(1, "Lipped Channel", {0.2, 0.075, 0.02, 0.0032});
+    add(1, "Cross", {0.4, 0.4, 0.04, 0.04});
+    add(2, "Rect-HBeam", {0.8, 0.8, 0.4, 0.4, 0.013, 0.021});
+    add(2, "Circle-Pipe-Open", {0.8, 0.0, 0.5, 0.0, 0.012});
+    add(4, "4-Angle", {0.5, 0.5, 0.1, 0.1, 0.01});
+    add(4, "I-C Combined Shape", {0.4, 0.2, 0.008, 0.013, 0.3, 0.09, 0.009, 0.013});
+    add(3, {}, {});
+    database.GetClass<CClassSect>()->TR_Add(keys, sections);
+}
+
+void TourProperties(Album& album) {
+    const Stage stage(kUsualRows, {1300, 640});
+    AddProperties(*CDBDoc::m_pDBDoc->GetMDBCtrl()->GetCurrentDB());
+    stage.window->OpenTable({.property = true, .kind = CTBPropView::kMaterial});
+    album.Add("materials", *stage.window);
+    stage.window->OpenTable({.property = true, .kind = CTBPropView::kSection});
+    album.Add("sections", *stage.window);
 }
 
 /// The table of a view of its own, which paper and graphs need.
@@ -300,6 +341,7 @@ bool TakeTour(QApplication& application, const QString& folder) {
             TourSizes(album);
             TourModel(album);
             TourBuilding(album);
+            TourProperties(album);
             TourPaperAndGraphs(album);
             isWhole = isWhole && album.IsWhole();
         }

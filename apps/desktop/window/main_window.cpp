@@ -200,13 +200,7 @@ void MainWindow::FocusMoved(const QWidget* to) {
     FollowLater();
 }
 
-void MainWindow::OpenProperties() {
-    // The tab of the first table that exists comes to the front.
-    const auto tables = CTBPropView::Tables();
-    const auto found = std::find_if(tables.begin(), tables.end(),
-                                    [](const CTBPropView::TableEntry& entry) { return entry.make != nullptr; });
-    OpenTable({true, found == tables.end() ? CTBPropView::kMaterial : found->kind});
-}
+void MainWindow::OpenProperties() { OpenTable({true, CTBPropView::kMaterial}); }
 
 void MainWindow::RunDialog(std::string_view name) {
     velda::ICmdDialog* dialogs = velda::ICmdDialog::Instance();

@@ -111,6 +111,9 @@ struct PlanNote {
     friend bool operator==(const PlanNote&, const PlanNote&) = default;
 };
 
+/// The note on cells that cannot be changed.
+inline constexpr std::string_view kNoteCellsSkipped = "IDS_TB_ENGINE_NOTE_CELLS_SKIPPED";
+
 /// What a paste, a fill or a replacement will write, known before anything is changed.
 struct ChangePlan {
     PlannedRows rows;

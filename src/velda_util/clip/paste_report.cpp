@@ -24,6 +24,17 @@ void PasteReport::Refuse(const PlannedRow& row, int column, std::string_view tex
     entries_.push_back({row.source, row.target, column, std::string(text), std::move(reason)});
 }
 
+void PasteReport::PassOver(std::size_t cells) {
+    if (cells == 0) return;
+    const auto isCount = [](const PlanNote& note) { return note.key == kNoteCellsSkipped; };
+    const auto found = std::find_if(notes_.begin(), notes_.end(), isCount);
+    if (found == notes_.end()) {
+        notes_.push_back({kNoteCellsSkipped, cells});
+    } else {
+        found->count += cells;
+    }
+}
+
 std::vector<const PasteReport::Entry*> PasteReport::InOrder() const {
     std::vector<const Entry*> entries;
     entries.reserve(entries_.size());

@@ -24,6 +24,9 @@ public:
     /// cells.
     void Refuse(const PlannedRow& row, int column, std::string_view text, std::string reason);
 
+    /// Counts cells that cannot be changed, besides those that the plan knew.
+    void PassOver(std::size_t cells);
+
     /// Whether the rows that were not refused may be written.
     bool MayWrite() const { return choice_ == OnRefusal::WriteOthers || entries_.empty(); }
     /// Number of refused rows.

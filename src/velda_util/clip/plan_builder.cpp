@@ -69,7 +69,7 @@ void PlanBuilder::Note(std::string_view key, std::size_t count) {
 }
 
 ChangePlan PlanBuilder::Take() {
-    Note("IDS_TB_ENGINE_NOTE_CELLS_SKIPPED", skipped_);
+    Note(kNoteCellsSkipped, skipped_);
     return std::move(plan_);
 }
 

@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "velda_util/controls/control_registry.h"
 #include "velda_util/grid/grid_host.h"
 #include "velda_util/grid/gx_grid_core.h"
 #include "velda_util/grid/gx_tab_wnd.h"
@@ -14,6 +15,12 @@ class CGXGridWnd : public CGXGridCore, public TabPane {
 public:
     /// The window that shows the grid from now on; null for none.
     void SetHost(GridHost* host) { host_ = host; }
+
+    /// Gives the grid a control of its own under a number; cells get it by its style.
+    void RegisterControl(int number, std::unique_ptr<CGXEditBtn> control) {
+        controls_.Register(number, std::move(control));
+    }
+    const ControlRegistry& Controls() const { return controls_; }
 
     void SetFocus() { Host().OnSetFocus(); }
     /// The cell under a point of the window that shows the grid; row 0 is the header.
@@ -58,6 +65,7 @@ protected:
 private:
     int FittingWidth(int col, int rowCount) const;
 
+    ControlRegistry controls_;
     GridHost* host_ = nullptr;
     mutable GridHost none_;
     PrintMargins margins_;

@@ -106,8 +106,17 @@ protected:
     RowTexts GridTextsOf(int row) const;
     RowTexts NewAppendTexts() override;
     /// Texts of a row, by grid column, that a change of many cells gives: cells that depend on those that were given
-    /// are brought in line.
-    virtual void AdjustGivenTexts(RowTexts& /*texts*/, const std::vector<bool>& /*given*/) const {}
+    /// are brought in line. `before` is the row without the change.
+    /// Returns how many of the given texts the row does not take.
+    virtual std::size_t AdjustGivenTexts(RowTexts& /*texts*/, const RowTexts& /*before*/,
+                                         const std::vector<bool>& /*given*/) const {
+        return 0;
+    }
+    /// Whether other texts of a row decide what may stand in its cell of this column. A change of many cells may give
+    /// the cell any text then; AdjustGivenTexts takes it or leaves it.
+    virtual bool DependsOnRow(ColumnId /*column*/) const { return false; }
+    /// Whether the text in such a column is among the choices that its row has; texts by grid column.
+    virtual bool IsChoiceOfRow(ColumnId /*column*/, const RowTexts& /*texts*/) const { return true; }
     /// Several transactions as one step of the undo history.
     virtual bool BeginStep(const std::string& name) = 0;
     virtual bool EndStep() = 0;
@@ -118,7 +127,10 @@ private:
     PlanTarget PlanTargetNow() const;
     GridSelection SelectionOf(const PositionRange& range) const;
     CellAccess AccessOf(int row, int col) const;
+    /// How a change of many cells finds a cell: as it will be, where that is decided by what the change gives its row.
+    CellAccess PlannedAccessOf(int row, int col) const;
     bool Apply(const ChangePlan& plan, const char* stepKey, OnRefusal choice);
+    RowTexts TextsToChange(int row, bool adds, std::int64_t newKey);
     void CheckRow(const ChangePlan& plan, const PlannedRow& row, Batch& batch);
     std::size_t Write(Batch& batch);
     std::size_t WriteRange(Batch& batch, bool adds, std::size_t first, std::size_t count);

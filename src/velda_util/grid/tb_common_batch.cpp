@@ -44,6 +44,11 @@ CellAccess CTBCommon::AccessOf(int row, int col) const {
     return IsReadOnly(row, col) ? CellAccess::ReadOnly : CellAccess::Editable;
 }
 
+CellAccess CTBCommon::PlannedAccessOf(int row, int col) const {
+    const ColumnId column = IdOfColumn(col);
+    return DependsOnRow(column) && !columns_.IsLocked(column) ? CellAccess::Editable : AccessOf(row, col);
+}
+
 PlanTarget CTBCommon::PlanTargetNow() const {
     PlanTarget target{RecordRowCount(), HasAppendRow(), {}, LockedCells::Skip};
     for (int col = 1; col <= GetColCount(); ++col) target.columns.push_back({IdOfColumn(col), IsColumnHidden(col)});
@@ -56,17 +61,32 @@ GridSelection CTBCommon::SelectionOf(const PositionRange& range) const {
 
 // ---- checking ----
 
+/// The texts of a row by grid column before something is changed; for a new row those that it begins with.
+CTBCommon::RowTexts CTBCommon::TextsToChange(int row, bool adds, std::int64_t newKey) {
+    RowTexts texts;
+    for (int col = 1; col <= GetColCount(); ++col) {
+        const ColumnId id = IdOfColumn(col);
+        if (!adds) {
+            texts.push_back(GetValueRowCol(row, col));
+        } else {
+            texts.push_back(id == GetKeyColID() ? FormatLong(newKey) : GetDefaultCellText(id));
+        }
+    }
+    return texts;
+}
+
 void CTBCommon::CheckRow(const ChangePlan& plan, const PlannedRow& row, Batch& batch) {
     const bool adds = row.target == kNewRow;
     const int place = adds ? GetRowCount() : row.target;
     while (adds && RecordExists(static_cast<std::uint32_t>(batch.nextKey))) ++batch.nextKey;
-    RowTexts texts(ColumnSlots());
+    const RowTexts before = TextsToChange(place, adds, batch.nextKey);
+    RowTexts texts = before;
     std::vector<bool> given(ColumnSlots());
     for (const PlannedCell& cell : plan.rows.Cells(row)) {
         const auto at = static_cast<std::size_t>(PositionOfColumn(cell.column) - 1);
         std::string text(plan.rows.Text(cell));
         const int col = static_cast<int>(at) + 1;
-        if (!ReadChoice(place, col, text)) {
+        if (!DependsOnRow(cell.column) && !ReadChoice(place, col, text)) {
             batch.report.Refuse(row, cell.column, text, ChoiceReason(place, col, text));
             return;
         }
@@ -74,16 +94,14 @@ void CTBCommon::CheckRow(const ChangePlan& plan, const PlannedRow& row, Batch& b
         texts[at] = std::move(text);
         given[at] = true;
     }
-    for (ColumnId id = 0; id < GetColCount(); ++id) {
-        const auto at = static_cast<std::size_t>(PositionOfColumn(id) - 1);
-        if (given[at]) continue;
-        if (!adds) {
-            texts[at] = GetValueRowCol(place, static_cast<int>(at) + 1);
-        } else {
-            texts[at] = id == GetKeyColID() ? FormatLong(batch.nextKey) : GetDefaultCellText(id);
-        }
+    batch.report.PassOver(AdjustGivenTexts(texts, before, given));
+    for (const PlannedCell& cell : plan.rows.Cells(row)) {
+        if (!DependsOnRow(cell.column) || IsChoiceOfRow(cell.column, texts)) continue;
+        const int col = PositionOfColumn(cell.column);
+        const std::string& text = texts[static_cast<std::size_t>(col - 1)];
+        batch.report.Refuse(row, cell.column, text, ChoiceReason(place, col, text));
+        return;
     }
-    AdjustGivenTexts(texts, given);
 
     KeyPointers keys;
     RecordPointers records;
@@ -230,7 +248,7 @@ bool CTBCommon::PasteText(const std::string& text, OnRefusal choice) {
     const PositionRange range = CommandRange();
     if (range.bottom < range.top || !OnPasteFromClipboard(CellsOf(range))) return false;
     if (inOpenRow) return PasteInOpenRow(block, range);
-    const auto access = [this](int row, int col) { return AccessOf(row, col); };
+    const auto access = [this](int row, int col) { return PlannedAccessOf(row, col); };
     return Apply(PlanPaste(block, SelectionOf(range), PlanTargetNow(), access), "IDS_TB_ENGINE_STEP_PASTE", choice);
 }
 
@@ -243,7 +261,7 @@ bool CTBCommon::FillDown() {
     if (!LeaveRow()) return false;
     range = CommandRange();
     if (range.bottom < range.top) return false;
-    const auto access = [this](int row, int col) { return AccessOf(row, col); };
+    const auto access = [this](int row, int col) { return PlannedAccessOf(row, col); };
     std::string buffer;
     const auto text = [&](int row, int col) -> std::string_view { return buffer = GetValueRowCol(row, col); };
     return Apply(PlanFillDown(SelectionOf(range), PlanTargetNow(), access, text), "IDS_TB_ENGINE_STEP_FILL",
@@ -257,7 +275,7 @@ bool CTBCommon::ClearCells() {
     if (!LeaveRow()) return false;
     range = CommandRange();
     if (range.bottom < range.top) return false;
-    const auto access = [this](int row, int col) { return AccessOf(row, col); };
+    const auto access = [this](int row, int col) { return PlannedAccessOf(row, col); };
     return Apply(PlanClear(SelectionOf(range), PlanTargetNow(), access), "IDS_TB_ENGINE_STEP_CLEAR",
                  OnRefusal::WriteOthers);
 }
@@ -266,7 +284,7 @@ bool CTBCommon::Replace(const ReplaceSettings& settings) {
     if (!HasOneRange() || !LeaveRow()) return false;
     std::optional<GridSelection> selection;
     if (!Selected().IsEmpty()) selection = SelectionOf(CommandRange());
-    const auto access = [this](int row, int col) { return AccessOf(row, col); };
+    const auto access = [this](int row, int col) { return PlannedAccessOf(row, col); };
     std::string buffer;
     const auto text = [&](int row, int col) -> std::string_view { return buffer = ClipboardCellText(row, col); };
     const ReplacePlan replace = PlanReplace(settings, selection, PlanTargetNow(), access, text);

@@ -46,7 +46,7 @@ public:
     RecordTable() {
         s_defaultTexts = DefaultTexts();
         for (const Column& column : Declared().columns) {
-            AddColInfo(velda::CMsgDll::pfuncLoadStr(column.title, 0), column.type, column.options.unit);
+            AddColInfo(TitleOf(column), column.type, column.options.unit);
         }
         KeyColumns().push_back(0);
     }
@@ -114,9 +114,12 @@ public:
         const RowTextsView texts{rowTexts, columnMap};
         std::string message;
         for (velda::ColumnId id = 1; id < GetInitialColCount(); ++id) {
+            const Column& column = ColumnAt(id);
+            if (column.options.passedOver && column.options.passedOver(static_cast<const Table&>(*this), texts))
+                continue;
             if (!texts[id].empty()) {
                 if (!ValidateColumn(texts[id], id)) return 0;
-            } else if (CountsAsMissing(ColumnAt(id), texts)) {
+            } else if (CountsAsMissing(column, texts)) {
                 const std::string line = GetTitle(id) + velda::CMsgDll::pfuncLoadStr("IDS_TB_has_not_been_entered", 0);
                 AddFinding({velda::kNoRow, id, velda::EditRule::Missing, {}, line});
                 message += (message.empty() ? "" : "\n") + line;
@@ -330,13 +333,15 @@ protected:
         }
     }
 
-    void AdjustGivenTexts(RowTexts& texts, const std::vector<bool>& given) const override {
+    std::size_t AdjustGivenTexts(RowTexts& texts, const RowTexts& /*before*/,
+                                 const std::vector<bool>& given) const override {
         velda::ColumnId id = 0;
         for (const Column& column : Declared().columns) {
             const auto at = static_cast<std::size_t>(PositionOfColumn(id++) - 1);
             if (column.options.clears == velda::kNoColumn || !given[at] || texts[at] != kCleared) continue;
             texts[static_cast<std::size_t>(PositionOfColumn(column.options.clears) - 1)] = kCleared;
         }
+        return 0;
     }
     std::string GetUnitText(velda::ColumnId column) const override {
         const Options& options = ColumnAt(column).options;
@@ -374,6 +379,11 @@ private:
 
     static const Column& ColumnAt(velda::ColumnId id) { return Declared().columns[static_cast<std::size_t>(id)]; }
 
+    static std::string TitleOf(const Column& column) {
+        const std::string title = velda::CMsgDll::pfuncLoadStr(column.title, 0);
+        const std::string& unit = column.options.fixedUnit;
+        return unit.empty() ? title : title + "\n(" + unit + ")";
+    }
     static RowTexts DefaultTexts() {
         RowTexts texts;
         for (const Column& column : Declared().columns) {

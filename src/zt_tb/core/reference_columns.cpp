@@ -48,14 +48,6 @@ CGXStyle KeyListStyle(std::string_view lines, std::string_view third) {
     return ListStyle(lines, "1", third).SetFourthAttribute("0");
 }
 
-/// A list of names that stand in the cells themselves.
-CGXStyle NameListStyle(std::string_view lines) {
-    return ListStyle(lines, "0", "1")
-        .SetValueType(velda::ValueType::String)
-        .SetHorizontalAlignment(velda::HorizontalAlignment::Left)
-        .SetValue("");
-}
-
 template <class Class>
 std::string KeyLines(const Class& records, const Keys& keys) {
     std::string lines;
@@ -143,6 +135,13 @@ void CTBCommonWnd::SetAllSectColumn(int col) {
 }
 
 CGXStyle CTBCommonWnd::AllThikStyle() { return KeyListStyle(AllKeyLines<CClassThik>(), "0"); }
+
+CGXStyle CTBCommonWnd::NameListStyle(std::string_view lines) {
+    return ListStyle(lines, "0", "1")
+        .SetValueType(velda::ValueType::String)
+        .SetHorizontalAlignment(velda::HorizontalAlignment::Left)
+        .SetValue("");
+}
 
 void CTBCommonWnd::SetPontNameColumn(int col) { SetMembNameColumn(0, col, T_NAME_D::kNodeGroup); }
 

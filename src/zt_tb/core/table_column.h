@@ -98,6 +98,8 @@ struct ColumnOptions {
     int unit = 0;
     /// Lengths are shown in the length unit of the model, whatever the current one is.
     bool modelLength = false;
+    /// The unit of a column whose numbers do not follow the current units; it stands in the title.
+    std::string fixedUnit{};
     CellState state = CellState::Free;
     velda::ControlKind control = velda::ControlKind::Edit;
     bool hidden = false;  ///< by the table; the user does not bring it back
@@ -108,6 +110,8 @@ struct ColumnOptions {
     CellCheck check = CellCheck::ByType;
     /// Whether an empty cell of the row counts as missing; null for every stored column.
     bool (*required)(const Table&, const RowTextsView&) = nullptr;
+    /// Whether the check of a row looks at its cell at all; null for always. What is passed over may hold any text.
+    bool (*passedOver)(const Table&, const RowTextsView&) = nullptr;
     /// Which changes of other records alter the texts of the column; null for none. The rows are written anew then.
     ChangeTest follows = nullptr;
     ColumnChoices<Table> choices{};

@@ -64,6 +64,8 @@ public:
     void SetAllSectColumn(int col);
     /// The style of cells that list the keys of all thicknesses.
     static velda::CGXStyle AllThikStyle();
+    /// The style of cells that list names, which stand in the cells themselves.
+    static velda::CGXStyle NameListStyle(std::string_view lines);
     /// Makes the control of the current cell anew when it stands in a column whose list changed.
     void RebuildControl(int col);
 

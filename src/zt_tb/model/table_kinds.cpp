@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "zt_tb/model/tb_matl.h"
 #include "zt_tb/model/tb_memb.h"
 #include "zt_tb/model/tb_pont.h"
 
@@ -43,7 +44,7 @@ constexpr TableKindEntry kKinds[] = {
     {.kind = kTableAwop, .mnemonic = "AWOP", .titleKey = "IDS_TB_PREVIEW_Awop"},
     {.kind = kTableOffs, .mnemonic = "OFFS", .titleKey = "IDS_TB_PREVIEW_Offs"},
     {.kind = kTableThnl, .titleKey = "IDB_TB_PREVIEW_Thnl"},
-    {.kind = kTableMatl, .mnemonic = "MATL", .titleKey = "IDB_TB_PREVIEW_Matl"},
+    {.kind = kTableMatl, .mnemonic = "MATL", .titleKey = "IDB_TB_PREVIEW_Matl", .make = &MakeTable<CTBMatl>},
     {.kind = kTableSbla, .mnemonic = "SBLA", .titleKey = "IDB_TB_PREVIEW_Sbla"},
     {.kind = kTableBwld, .mnemonic = "BWLD", .titleKey = "IDB_TB_PREVIEW_Bwld"},
     {.kind = kTableSprs, .mnemonic = "SPRS", .titleKey = "IDB_TB_PREVIEW_Sprs"},

@@ -4,14 +4,16 @@
 
 #include "velda_base/host/wait_cursor.h"
 #include "velda_lib/msg_dll.h"
+#include "zt_tb/model/tb_matl.h"
+#include "zt_tb/model/tb_sect.h"
 #include "zt_tb/model/tb_thik.h"
 
 namespace zt {
 namespace {
 
 constexpr CTBPropView::TableEntry kTables[] = {
-    {CTBPropView::kMaterial, "MATL", "IDB_TB_PREVIEW_Matl"},
-    {CTBPropView::kSection, "SECT", "IDB_TB_PREVIEW_Sect"},
+    {CTBPropView::kMaterial, "MATL", "IDB_TB_PREVIEW_Matl", &MakeTable<CTBMatl>},
+    {CTBPropView::kSection, "SECT", "IDB_TB_PREVIEW_Sect", &MakeTable<CTBSect>},
     {CTBPropView::kThickness, "THIK", "IDS_TB_PREVIEW_Thik", &MakeTable<CTBThik>},
 };
 
