@@ -1,4 +1,6 @@
+#include <QSettings>
 #include <QStandardPaths>
+#include <QTemporaryDir>
 
 #include "desktop/safe_application.h"
 #include <gtest/gtest.h>
@@ -11,6 +13,9 @@ int main(int count, char** arguments) {
     QCoreApplication::setOrganizationName(QStringLiteral("velda-tests"));
     QCoreApplication::setApplicationName(QStringLiteral("zt"));
     QStandardPaths::setTestModeEnabled(true);
+    // Several of these programs run side by side.
+    const QTemporaryDir settings;
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
     testing::InitGoogleTest(&count, arguments);
     return RUN_ALL_TESTS();
 }

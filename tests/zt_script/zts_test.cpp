@@ -111,7 +111,7 @@ TEST_F(ZtsTest, ExportTellsWhyItWasRefused) {
         EXPECT_THAT(result.errors, HasSubstr(reason)) << words;
     };
     refused("missing.ztm --out a.csv", "missing.ztm");
-    refused("model.ztm --table NONE --out a.csv", "NONE; there are THIK");
+    refused("model.ztm --table NONE --out a.csv", "NONE; there are MATL SECT THIK");
     refused("model.ztm --out missing/a.csv", "missing/a.csv");
     refused("model.ztm --out a.txt", "a.txt");
     refused("model.ztm --table THIK --out missing/a.pdf", "missing/a.pdf");
