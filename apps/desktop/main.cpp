@@ -111,7 +111,6 @@ int main(int count, char** arguments) {
     host.SetModel(&window.Model().View());
     host.SetMainFrame(&window.Frame());
     host.onHoldIdle = [&window](bool hold) { window.HoldIdle(hold); };
-    QObject::connect(&application, &zt::SafeApplication::HandlerFailed, &window, &zt::MainWindow::ShowMessage);
     const QStringList extent = parser.value(size).split(QLatin1Char('x'));
     if (extent.size() == 2) window.resize(extent[0].toInt(), extent[1].toInt());
     window.show();

@@ -3,6 +3,7 @@
 
 #include "desktop/safe_application.h"
 #include "desktop/window_fixture.h"
+#include "zt_db/records/thik.h"
 
 namespace zt {
 namespace {
@@ -73,6 +74,24 @@ TEST_F(WindowSafetyTest, OpensAModelInPlaceOfTheCurrentOne) {
     EXPECT_TRUE(window->OpenModelFile(QString::fromStdString(path)));
     EXPECT_EQ(path, window->Document().GetPath());
     EXPECT_TRUE(window->windowTitle().contains("model.ztm"));
+}
+
+TEST_F(WindowSafetyTest, TakesBackWhatAFailedHandlerLeftHalfDone) {
+    CDataBase& db = *window->Document().GetMDBCtrl()->GetCurrentDB();
+    const std::size_t steps = db.GetUndoNames().size();
+    const int rows = grid->Grid()->RowCount();
+    QTimer::singleShot(0, window.get(), [&db] {
+        db.BeginGroup("outer");
+        db.BeginGroup("inner");
+        db.GetClass<CClassThik>()->TR_Add(77, T_THIK_D{.name = "half", .thickness = 0.1});
+        throw std::runtime_error("lost its way");
+    });
+    QTRY_VERIFY_WITH_TIMEOUT(!host.messages.shown.empty(), 5000);
+    EXPECT_FALSE(db.InGroup());
+    EXPECT_FALSE(db.GetClass<CClassThik>()->Exist(77));
+    EXPECT_EQ(steps, db.GetUndoNames().size());
+    EXPECT_EQ(rows, grid->Grid()->RowCount());
+    EXPECT_TRUE(db.GetClass<CClassThik>()->TR_Add(78, T_THIK_D{.name = "next", .thickness = 0.1})) << "work goes on";
 }
 
 }  // namespace

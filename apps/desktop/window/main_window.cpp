@@ -4,11 +4,13 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFileInfo>
+#include <QProgressDialog>
 #include <QSettings>
 #include <QStatusBar>
 #include <algorithm>
 
 #include "desktop/grid/qt_text.h"
+#include "desktop/safe_application.h"
 #include "desktop/window/open_rows.h"
 #include "velda_base/host/cmd_dialog.h"
 #include "velda_base/host/wait_cursor.h"
@@ -32,6 +34,9 @@ MainWindow::MainWindow(std::unique_ptr<CDBDoc> doc)
     BuildCommands();
     BuildLists();
     watcher_.ConnectToDoc(doc_.get());
+    if (auto* application = qobject_cast<SafeApplication*>(qApp)) {
+        connect(application, &SafeApplication::HandlerFailed, this, &MainWindow::AfterFailure);
+    }
     ShowTexts();
     ReadGeometry();
     modelPane_->ShowDocument(doc_.get());
@@ -95,6 +100,13 @@ void MainWindow::Follow() {
 void MainWindow::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::PaletteChange && !actions_.empty()) ShowIcons();
+}
+
+void MainWindow::AfterFailure(const QString& reason) {
+    ShowMessage(reason);
+    // Behind a bar of progress the work at hand goes on, and ends its group itself.
+    if (qobject_cast<QProgressDialog*>(QApplication::activeModalWidget())) return;
+    while (Database().InGroup()) Database().CancelGroup();
 }
 
 void MainWindow::ReadGeometry() {

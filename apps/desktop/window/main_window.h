@@ -167,6 +167,8 @@ private:
     /// Keeps the columns of the tables of a view; a failure is told.
     void KeepLayout(CTBView& view);
     void FocusMoved(const QWidget* to);
+    /// A handler has failed: what it left half done in the model is taken back.
+    void AfterFailure(const QString& reason);
     void ReadGeometry();
     void KeepGeometry() const;
     bool CloseDocument(TableDocument* document);
