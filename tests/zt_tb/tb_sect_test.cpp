@@ -2,6 +2,7 @@
 
 #include <set>
 
+#include "velda_lib/language.h"
 #include "zt_db/library/sect_util.h"
 #include "zt_tb/model/section_pictures.h"
 #include "zt_tb/support/number_tables.h"
@@ -130,6 +131,14 @@ TEST_F(TBSectTest, TakesNoNewRows) {
     EXPECT_FALSE(Table().IsAppendRowEnabled());
     EXPECT_FALSE(Table().CanInsertRowByPressingKey());
     EXPECT_THAT(Table().SortInfo(), ElementsAre(velda::STBSortItem{0, 0, 0}));
+}
+
+TEST(TBSectMaterialKind, IsWordedByItsNumber) {
+    velda::SetCurrentLanguage(velda::Language::English);
+    EXPECT_EQ("RC", CTBSect::MaterialKindText(1));
+    EXPECT_EQ("Steel", CTBSect::MaterialKindText(2));
+    EXPECT_EQ("SRC", CTBSect::MaterialKindText(3));
+    for (const int other : {-1, 0, 4, 6, 7}) EXPECT_EQ("", CTBSect::MaterialKindText(other)) << other;
 }
 
 }  // namespace

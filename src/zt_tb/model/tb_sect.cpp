@@ -123,6 +123,15 @@ void CTBSect::PreFilterRecord(const Keys& keys) {
 
 // ---- columns ----
 
+std::string CTBSect::MaterialKindText(int kind) {
+    switch (kind) {
+        case 1: return velda::CMsgDll::pfuncLoadStr("IDS_TB_SECT_RC", 0);
+        case 2: return velda::CMsgDll::pfuncLoadStr("IDS_TB_SECT_Steel", 0);
+        case 3: return velda::CMsgDll::pfuncLoadStr("IDS_TB_SECT_SRC", 0);
+        default: return {};
+    }
+}
+
 const CTBSect::Declaration& CTBSect::Declared() {
     using S = T_SECT_STIFFNESS;
     using D = T_SECT_DESIGN;

@@ -21,6 +21,8 @@ public:
     void PreFilterRecord(const Keys& keys) override;
     /// Number of the control that a section's shape cell has.
     static int ShapeControlOf(const T_SECT_D& section);
+    /// What a section's kind of material is called: 1 concrete, 2 steel, 3 both; empty for other kinds.
+    static std::string MaterialKindText(int kind);
 
 private:
     /// What the columns show of a section besides its fields.
