@@ -1,8 +1,7 @@
 #include "zt_cmd/matl_dialog.h"
 
-#include <algorithm>
-
 #include "zt_db/library/matl_db.h"
+#include "zt_db/library/matl_grades.h"
 
 namespace zt {
 namespace {
@@ -12,38 +11,17 @@ using MatlField = CModelPropMatlDlg::Field;
 
 std::string Word(std::string_view key) { return velda::CMsgDll::pfuncLoadStr(key, 0); }
 
-/// The types of materials, as records keep them and as they are called.
-struct TypeEntry {
-    std::string_view type;
-    std::string_view name;
-};
-constexpr TypeEntry kTypes[] = {{"S", "Steel"}, {"C", "RC"}, {"SRC", "SRC"}, {"U", "User Defined"}};
 constexpr std::string_view kComposite = "SRC";
 
 std::string NameOfType(const std::string& type) {
-    const auto* found =
-        std::find_if(std::begin(kTypes), std::end(kTypes), [&](const auto& e) { return e.type == type; });
-    return found == std::end(kTypes) ? std::string() : std::string(found->name);
+    for (const MaterialType& known : MaterialTypes()) {
+        if (known.shortType == type) return std::string(known.name);
+    }
+    return {};
 }
 
 std::string NoCode() { return Word("IDS_TB_MATL_None"); }
 bool HasCode(const T_MATL_ANALYSIS& group) { return !group.code.empty() && group.code != NoCode(); }
-
-/// Takes the figures of a grade over; an unknown one leaves them.
-void FillFromLibrary(T_MATL_ANALYSIS& group) {
-    const auto take = [&](const auto& grade) {
-        group.elasticity = grade.elasticity;
-        group.poisson = grade.poisson;
-        group.thermal = grade.thermal;
-        group.density = grade.density;
-    };
-    SteelGrade steel;
-    ConcreteGrade concrete;
-    std::string type;
-    CMatlDB::GetMatlType(group.code, type);
-    if (type == "S" && CMatlDB::GetSteelData(group.code, group.codeName, steel)) take(steel);
-    if (type == "C" && CMatlDB::GetConcreteData(group.code, group.codeName, concrete)) take(concrete);
-}
 
 /// The codes of a material's type; for a composite those of steel and of concrete, in either group.
 std::vector<std::string> Codes(const T_MATL_D& material) {
@@ -55,13 +33,7 @@ std::vector<std::string> Codes(const T_MATL_D& material) {
 
 template <std::size_t Group>
 std::vector<std::string> Grades(const T_MATL_D& material) {
-    std::vector<std::string> names;
-    std::string type;
-    const std::string& code = material.analysis[Group].code;
-    CMatlDB::GetMatlType(code, type);
-    if (type == "S") CMatlDB::GetSteelNameList(code, names);
-    if (type == "C") CMatlDB::GetConcreteNameList(code, names);
-    return names;
+    return GradesOfCode(material.analysis[Group].code);
 }
 
 template <std::size_t Group>
@@ -81,7 +53,7 @@ template <std::size_t Group>
 void ChooseGrade(T_MATL_D& material, const std::string& name) {
     T_MATL_ANALYSIS& group = material.analysis[Group];
     group.codeName = name;
-    FillFromLibrary(group);
+    TakeGrade(group.code, name, group);
     if (material.name.empty()) material.name = name;
 }
 
@@ -93,8 +65,8 @@ void ChooseCode(T_MATL_D& material, const std::string& code) {
 }
 
 void ChooseType(T_MATL_D& material, const std::string& name) {
-    for (const TypeEntry& entry : kTypes) {
-        if (entry.name == name) material.type = entry.type;
+    for (const MaterialType& known : MaterialTypes()) {
+        if (known.name == name) material.type = known.shortType;
     }
     material.analysis = {};
 }
@@ -139,7 +111,7 @@ std::vector<MatlField> CModelPropMatlDlg::Declared() const {
          [](const T_MATL_D& material) { return NameOfType(material.type); }, &ChooseType,
          [](const T_MATL_D&) {
              std::vector<std::string> names;
-             for (const TypeEntry& entry : kTypes) names.emplace_back(entry.name);
+             for (const MaterialType& known : MaterialTypes()) names.emplace_back(known.name);
              return names;
          }},
     };

@@ -5,21 +5,15 @@
 #include <charconv>
 
 #include "velda_lib/msg_dll.h"
-#include "zt_db/doc/doc.h"
 #include "zt_db/library/data_tool.h"
 #include "zt_db/library/matl_db.h"
+#include "zt_db/library/matl_grades.h"
 
 namespace zt {
 namespace {
 
 using velda::ColumnId;
 using namespace MatlColumn;
-
-struct TypeName {
-    std::string_view shortType;
-    std::string_view text;
-};
-constexpr TypeName kTypes[] = {{"S", "Steel"}, {"C", "RC"}, {"SRC", "SRC"}, {"U", "User Defined"}};
 
 // Places in a group, counted from its code.
 constexpr ColumnId kGrade = kGrade1 - kCode1;
@@ -49,11 +43,6 @@ std::string LibraryText(double value) {
     return {buffer.data(), end};
 }
 
-double ThermalInCurrentUnits(double perCelsius) {
-    CDBDoc* doc = CDBDoc::m_pDBDoc;
-    return doc ? doc->GetUnitCtrl()->ToCurrent(Unit::ThermalCoefficient, perCelsius) : perCelsius;
-}
-
 }  // namespace
 
 // ---- texts and lists ----
@@ -61,22 +50,22 @@ double ThermalInCurrentUnits(double perCelsius) {
 std::string MatlRow::NoneText() { return velda::CMsgDll::pfuncLoadStr("IDS_TB_MATL_None", 0); }
 
 std::string_view MatlRow::ShortType(std::string_view type) {
-    for (const TypeName& known : kTypes) {
-        if (known.text == type) return known.shortType;
+    for (const MaterialType& known : MaterialTypes()) {
+        if (known.name == type) return known.shortType;
     }
     return {};
 }
 
 std::string_view MatlRow::TypeText(std::string_view shortType) {
-    for (const TypeName& known : kTypes) {
-        if (known.shortType == shortType) return known.text;
+    for (const MaterialType& known : MaterialTypes()) {
+        if (known.shortType == shortType) return known.name;
     }
     return {};
 }
 
 std::string MatlRow::TypeLines() {
     std::string lines;
-    for (const TypeName& type : kTypes) (lines += type.text) += '\n';
+    for (const MaterialType& type : MaterialTypes()) (lines += type.name) += '\n';
     return lines;
 }
 
@@ -87,12 +76,7 @@ std::string MatlRow::CodeLines(std::string_view shortType) {
 }
 
 std::string MatlRow::GradeLines(std::string_view code) {
-    std::string type;
-    std::vector<std::string> grades;
-    if (!IsNone(code)) CMatlDB::GetMatlType(code, type);
-    if (type == "S") CMatlDB::GetSteelNameList(code, grades);
-    if (type == "C") CMatlDB::GetConcreteNameList(code, grades);
-    return CDB_DataTool::ConvertArrayToString(grades);
+    return IsNone(code) ? std::string() : CDB_DataTool::ConvertArrayToString(GradesOfCode(code));
 }
 
 bool MatlRow::HasChoice(ColumnId column) const {
@@ -138,18 +122,12 @@ void MatlRow::FollowCode(ColumnId code) {
 
 void MatlRow::FillFromLibrary(ColumnId code, std::string_view grade) {
     const std::string& name = At(code);
-    std::string type;
-    if (IsNone(name) || !CMatlDB::GetMatlType(name, type)) return;
-    const auto fill = [&](const auto& data) {
-        At(code + kElasticity) = LibraryText(data.elasticity);
-        At(code + kPoisson) = LibraryText(data.poisson);
-        At(code + kThermal) = LibraryText(ThermalInCurrentUnits(data.thermal));
-        At(code + kDensity) = LibraryText(data.density);
-    };
-    SteelGrade steel;
-    if (type == "S" && CMatlDB::GetSteelData(name, grade, steel)) fill(steel);
-    ConcreteGrade concrete;
-    if (type == "C" && CMatlDB::GetConcreteData(name, grade, concrete)) fill(concrete);
+    T_MATL_ANALYSIS values;
+    if (IsNone(name) || !TakeGrade(name, grade, values)) return;
+    At(code + kElasticity) = LibraryText(values.elasticity);
+    At(code + kPoisson) = LibraryText(values.poisson);
+    At(code + kThermal) = LibraryText(values.thermal);
+    At(code + kDensity) = LibraryText(values.density);
 }
 
 void MatlRow::ResetSecondGroup() {
