@@ -1,6 +1,9 @@
 #include "desktop/window/command_table.h"
 
 #include "desktop/window/main_window.h"
+#include "zt_cmd/matl_dialog.h"
+#include "zt_cmd/sect_dialog.h"
+#include "zt_cmd/thik_dialog.h"
 #include "zt_tb/core/tb_command_ids.h"
 
 namespace zt {
@@ -12,11 +15,6 @@ constexpr bool kBar = true;
 constexpr bool kNoBar = false;
 constexpr bool kEnd = true;
 constexpr bool kGoOn = false;
-
-/// Names of the property dialogs.
-constexpr char kMaterials[] = "CModelPropMatlDlg";
-constexpr char kSections[] = "CCMSectItemDlg";
-constexpr char kThicknesses[] = "CModelPropThikDlg";
 
 template <StandardView view>
 constexpr auto kShow = &MainWindow::ShowModelFrom<view>;
@@ -73,9 +71,11 @@ constexpr WindowCommand kCommands[] = {
 
     {"properties", M::Table, "IDS_DESKTOP_PROPERTIES", "Ctrl+Shift+P", "table", kBar, kGoOn, &W::OpenProperties,
      &W::Always},
-    {"materials", M::Table, "IDS_DESKTOP_DIALOG_MATL", "", "", kNoBar, kGoOn, &W::OpenDialog<kMaterials>, &W::Always},
-    {"sections", M::Table, "IDS_DESKTOP_DIALOG_SECT", "", "", kNoBar, kGoOn, &W::OpenDialog<kSections>, &W::Always},
-    {"thicknesses", M::Table, "IDS_DESKTOP_DIALOG_THIK", "", "", kNoBar, kEnd, &W::OpenDialog<kThicknesses>,
+    {"materials", M::Table, "IDS_DESKTOP_DIALOG_MATL", "", "", kNoBar, kGoOn, &W::OpenDialog<CModelPropMatlDlg>,
+     &W::Always},
+    {"sections", M::Table, "IDS_DESKTOP_DIALOG_SECT", "", "", kNoBar, kGoOn, &W::OpenDialog<CCMSectItemDlg>,
+     &W::Always},
+    {"thicknesses", M::Table, "IDS_DESKTOP_DIALOG_THIK", "", "", kNoBar, kEnd, &W::OpenDialog<CModelPropThikDlg>,
      &W::Always},
     {"filter", M::Table, "IDS_DESKTOP_FILTER_ROW", "Ctrl+Shift+L", "filter", kBar, kGoOn, &W::ToggleFilter,
      &W::HasTable},

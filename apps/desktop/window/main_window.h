@@ -101,10 +101,10 @@ public:
     void ShowModelFrom() {
         ShowModel(view);
     }
-    /// Opens a property dialog by its name.
-    template <const auto& name>
+    /// Opens a property dialog of a class, by its name.
+    template <class Dialog>
     void OpenDialog() {
-        RunDialog(name);
+        RunDialog(Dialog::kName);
     }
     template <int id>
     void RunViewCommand() {
