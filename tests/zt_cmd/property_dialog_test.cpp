@@ -131,6 +131,17 @@ TEST_F(PropertyDialogTest, TakesTheFiguresOfAGradeFromTheLibrary) {
     EXPECT_EQ(record.analysis[0].codeName, "SS275");
 }
 
+TEST_F(PropertyDialogTest, ShowsTheThermalCoefficientOfAGradeInCurrentUnits) {
+    T_UNIT_INDEX units;
+    doc->GetUnitCtrl()->GetUnitIndexCurrent(units);
+    units.temperature = CUnitCtrl::FindChoice(UnitQuantity::Temperature, "F");
+    ASSERT_TRUE(doc->GetUnitCtrl()->SetUnitIndexCurrent(units, 1));
+    CModelPropMatlDlg dialog(Db());
+    Set(dialog, "Type", "Steel");
+    Set(dialog, "Design code", "KDS 14 31 05");
+    EXPECT_NEAR(std::stod(Get(dialog, "Thermal").text), 1.2e-5 / 1.8, 1e-12);
+}
+
 TEST_F(PropertyDialogTest, HasTwoGroupsOfFiguresForAComposite) {
     CModelPropMatlDlg dialog(Db());
     Set(dialog, "Type", "RC");
