@@ -46,7 +46,8 @@ MainWindow::MainWindow(std::unique_ptr<CDBDoc> doc)
 }
 
 MainWindow::~MainWindow() {
-    // The tables go before the model that they show.
+    // The tables go before the model that they show, and nothing of what they tell while they go is heard.
+    qApp->disconnect(this);
     area_->disconnect(this);
     following_.stop();
     findBar_->SetTable(nullptr);
