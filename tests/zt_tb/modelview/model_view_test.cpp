@@ -27,7 +27,10 @@ protected:
         view.onChanged = [this] { ++pictures; };
         hints.ConnectToDoc(doc.get());
     }
-    ~ModelViewTest() override { hints.DisconnectFromDoc(); }
+    ~ModelViewTest() override {
+        view.onChanged = nullptr;
+        hints.DisconnectFromDoc();
+    }
     void Click(const Vec3& place, MouseKeys keys = {}) {
         mouse.Press(MouseButton::Left, keys, PlaceOf(place));
         mouse.Release(MouseButton::Left, PlaceOf(place));
