@@ -66,6 +66,10 @@ public:
     /// Brings the records to SI units; refuses a value that is no finite number.
     Outcome Convert(ImageList& records, const Keys& keys) {
         for (std::uint32_t i = 0; i < keys.size(); ++i) {
+            if (const RecordIdentity* missing = records.FirstMissing(i)) {
+                return Outcome::Refused(FormatText(
+                    "IDS_DB_REASON_NEEDS", {store_.DisplayName(), database_.StoreAt(IndexOf(*missing)).DisplayName()}));
+            }
             records.ToBase(i, database_.Units());
             const int column = records.FirstNotFinite(i);
             if (column < 0) continue;
@@ -78,7 +82,9 @@ public:
 
 private:
     Outcome Refuse(std::string_view textKey, std::uint32_t key) const {
-        return Outcome::Refused(FormatText(textKey, {store_.DisplayName(), velda::FormatLong(key)}));
+        const auto ownClass = IndexOf(store_.Identity());
+        const std::uint32_t number = store_.ForeignKeyClass() ? database_.NumberInLabel(ownClass, key) : key;
+        return Outcome::Refused(FormatText(textKey, {store_.DisplayName(), velda::FormatLong(number)}));
     }
     Outcome RefuseNumber(std::uint32_t number) const { return Refuse("IDS_DB_REASON_NUMBER_TAKEN", number); }
 
