@@ -143,6 +143,7 @@ TEST_F(PropertyWindowTest, EditsTheRowsOfACombination) {
         << "the cases are those of the kind";
     ChooseIn(rows.EditorOf(2, 1), QStringLiteral("D+L"));
     auto* factor = qobject_cast<QLineEdit*>(rows.EditorOf(2, 2));
+    factor->setFocus();
     factor->selectAll();
     QTest::keyClicks(factor, "0.5");
     EXPECT_EQ(factor->text(), QStringLiteral("0.5"));
@@ -193,6 +194,7 @@ TEST_F(PropertyWindowTest, KeepsTheFocusInAFieldWhoseChoiceBringsOtherFields) {
     dialog.EditorOf(1)->setFocus();
     ChooseIn(dialog.EditorOf(1), QStringLiteral("Values"));
     EXPECT_EQ(QApplication::focusWidget(), dialog.EditorOf(1));
+    QApplication::processEvents();
     EXPECT_EQ(FocusAfterTab(dialog.EditorOf(1)), dialog.EditorOf(2));
 }
 

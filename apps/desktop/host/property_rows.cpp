@@ -116,7 +116,9 @@ void PropertyRows::AddRow() {
     if (!editor) return;
     editor->setFocus();
     // The page has its new height when the layout is done.
-    QTimer::singleShot(0, editor, [this, editor] { area_->ensureWidgetVisible(editor); });
+    QTimer::singleShot(0, this, [this] {
+        if (!lines_.empty()) area_->ensureWidgetVisible(lines_.back().remove);
+    });
 }
 
 void PropertyRows::RemoveRow(int row) {

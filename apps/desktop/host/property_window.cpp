@@ -209,7 +209,11 @@ void PropertyWindow::MakeEditors(const std::vector<PropertyField>& fields) {
         QWidget* editor = MakePropertyEditor(fields[at], [this, at](const QString& text) { Type(at, text); });
         form_->addRow(ToQt(fields[at].label), editor);
     }
-    if (QWidget* editor = EditorOf(focused)) editor->setFocus();
+    QWidget* editor = EditorOf(focused);
+    if (!editor) return;
+    // A layout shows its widgets later, and what is not shown takes no focus.
+    editor->show();
+    editor->setFocus();
 }
 
 void PropertyWindow::ShowResults() {
