@@ -14,18 +14,6 @@ using Kind = PropertyField::Kind;
 
 constexpr int kVisibleChoices = 20;
 
-QComboBox* MakeBox(bool isEditable) {
-    auto* box = new QComboBox;
-    box->setMaxVisibleItems(kVisibleChoices);
-    box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    box->setEditable(isEditable);
-    if (!isEditable) return box;
-    box->setInsertPolicy(QComboBox::NoInsert);
-    // What is typed is the text itself and not the beginning of a choice.
-    box->setCompleter(nullptr);
-    return box;
-}
-
 void ShowChoices(QComboBox& box, const std::vector<std::string>& choices) {
     QStringList texts;
     for (const std::string& choice : choices) texts << ToQt(choice);
@@ -38,11 +26,25 @@ void ShowChoices(QComboBox& box, const std::vector<std::string>& choices) {
     if (box.isEditable()) box.setEditText(typed);
 }
 
+/// A box has its width from the choices that it begins with.
+QComboBox* MakeBox(const PropertyField& field) {
+    auto* box = new QComboBox;
+    box->setMaxVisibleItems(kVisibleChoices);
+    box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    ShowChoices(*box, field.choices);
+    if (field.kind != Kind::Suggestion) return box;
+    box->setEditable(true);
+    box->setInsertPolicy(QComboBox::NoInsert);
+    // What is typed is the text itself and not the beginning of a choice.
+    box->setCompleter(nullptr);
+    return box;
+}
+
 }  // namespace
 
 QWidget* MakePropertyEditor(const PropertyField& field, const std::function<void(const QString&)>& typed) {
     if (field.kind == Kind::Choice || field.kind == Kind::Suggestion) {
-        QComboBox* box = MakeBox(field.kind == Kind::Suggestion);
+        QComboBox* box = MakeBox(field);
         QObject::connect(box, &QComboBox::textActivated, box, typed);
         if (box->lineEdit()) QObject::connect(box->lineEdit(), &QLineEdit::textEdited, box, typed);
         return box;

@@ -15,6 +15,8 @@ namespace {
 
 /// Rows that are in sight without scrolling.
 constexpr int kVisibleRows = 6;
+/// Long names of load cases do not make the window wider than this.
+constexpr int kWidest = 640;
 
 }  // namespace
 
@@ -24,7 +26,6 @@ PropertyRows::PropertyRows(PropertyDialog& block, std::function<void()> changed)
       area_(new QScrollArea),
       add_(new QPushButton(Word("IDS_DESKTOP_ADD_ROW"))) {
     area_->setWidgetResizable(true);
-    area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area_->setFocusPolicy(Qt::NoFocus);
     add_->setAutoDefault(false);
     connect(add_, &QPushButton::clicked, this, &PropertyRows::AddRow);
@@ -45,8 +46,8 @@ bool PropertyRows::ShowRows(TypedText typedText) {
             ShowInEditor(*lines_[row].editors[column], rows[row][column], typedText);
         }
     }
-    area_->setMinimumWidth(area_->widget()->minimumSizeHint().width() + 2 * area_->frameWidth() +
-                           area_->verticalScrollBar()->sizeHint().width());
+    const int frame = 2 * area_->frameWidth() + area_->verticalScrollBar()->sizeHint().width();
+    area_->setMinimumWidth(std::min(area_->widget()->minimumSizeHint().width() + frame, kWidest));
     return areOthers;
 }
 

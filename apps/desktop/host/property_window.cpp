@@ -1,6 +1,5 @@
 #include "desktop/host/property_window.h"
 
-#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QPainter>
 #include <QPainterPath>
@@ -12,6 +11,8 @@
 namespace zt {
 namespace {
 
+constexpr int kListWidth = 210;
+constexpr int kPictureStretch = 3;
 constexpr int kPictureSide = 220;
 constexpr double kPictureMargin = 18.0;
 
@@ -75,6 +76,7 @@ void SectionPicture::paintEvent(QPaintEvent* /*event*/) {
 PropertyWindow::PropertyWindow(PropertyDialog& block, QWidget* parent)
     : QDialog(parent),
       block_(block),
+      upper_(new QHBoxLayout),
       list_(new QListWidget),
       form_(new QFormLayout),
       rows_(block.RowTitles().empty() ? nullptr : new PropertyRows(block, [this] { AfterTyping(); })),
@@ -83,7 +85,7 @@ PropertyWindow::PropertyWindow(PropertyDialog& block, QWidget* parent)
       uses_(new QLabel),
       message_(new QLabel) {
     setWindowTitle(ToQt(block.GetTitle()));
-    list_->setMinimumWidth(150);
+    list_->setMinimumWidth(kListWidth);
     results_->horizontalHeader()->hide();
     results_->verticalHeader()->hide();
     results_->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
@@ -98,10 +100,9 @@ PropertyWindow::PropertyWindow(PropertyDialog& block, QWidget* parent)
     fields->addLayout(form_);
     if (rows_) fields->addWidget(rows_, 1);
     fields->addStretch(0);
-    auto* upper = new QHBoxLayout;
-    upper->addWidget(list_, 1);
-    upper->addLayout(fields, 2);
-    upper->addLayout(beside, 2);
+    upper_->addWidget(list_, 2);
+    upper_->addLayout(fields, 3);
+    upper_->addLayout(beside);
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(add_ = MakeButton("IDS_DESKTOP_ADD", &PropertyDialog::Add));
     buttons->addWidget(copy_ = MakeButton("IDS_DESKTOP_COPY_RECORD", &PropertyDialog::Copy));
@@ -110,7 +111,7 @@ PropertyWindow::PropertyWindow(PropertyDialog& block, QWidget* parent)
     buttons->addStretch(1);
     buttons->addWidget(close_ = MakeButton("IDS_DESKTOP_CLOSE"));
     auto* layout = new QVBoxLayout(this);
-    layout->addLayout(upper, 1);
+    layout->addLayout(upper_, 1);
     layout->addWidget(uses_);
     layout->addWidget(message_);
     layout->addLayout(buttons);
@@ -174,8 +175,9 @@ void PropertyWindow::ShowFields(TypedText typedText) {
     showing_ = true;
     bool areOthers = NeedOtherEditors(shown_, fields);
     if (areOthers) MakeEditors(fields);
+    const TypedText inFields = areOthers ? TypedText::Replace : typedText;
     for (std::size_t at = 0; at < fields.size(); ++at) {
-        ShowInEditor(*EditorOf(static_cast<int>(at)), fields[at], typedText);
+        ShowInEditor(*EditorOf(static_cast<int>(at)), fields[at], inFields);
     }
     if (rows_) areOthers = rows_->ShowRows(typedText) || areOthers;
     if (areOthers) OrderTabs();
@@ -230,6 +232,7 @@ void PropertyWindow::ShowResults() {
     const bool hasPicture = !values.empty() || !parts.empty();
     results_->setVisible(hasPicture);
     picture_->setVisible(hasPicture);
+    upper_->setStretch(upper_->count() - 1, hasPicture ? kPictureStretch : 0);
     picture_->Show(std::move(parts));
 }
 

@@ -2,6 +2,7 @@
 
 #include <QDialog>
 #include <QFormLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
@@ -63,6 +64,7 @@ private:
     void AfterTyping();
 
     PropertyDialog& block_;
+    QHBoxLayout* upper_;  ///< the list, the fields, and what follows from them
     QListWidget* list_;
     QFormLayout* form_;
     PropertyRows* rows_;
