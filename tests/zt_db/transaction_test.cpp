@@ -126,6 +126,9 @@ TEST_F(Transaction, ACombinationMayNotContainItself) {
     ASSERT_TRUE(combinations.TR_Add(3, T_LCOM_D{.name = "C", .items = {{10, 2, 1.0}, {10, 1, 1.0}}}));
     EXPECT_REFUSED(combinations.TR_Modify(1, 1, T_LCOM_D{.name = "A", .items = {{10, 3, 1.0}}}),
                    "Load Combination 1 would contain itself: A > C > A.");
+    ASSERT_TRUE(combinations.TR_Add(4, T_LCOM_D{.name = "E", .items = {{10, 2, 1.0}}}));
+    EXPECT_REFUSED(combinations.TR_Modify(1, 1, T_LCOM_D{.name = "A", .items = {{10, 4, 1.0}}}),
+                   "Load Combination 1 would contain itself: A > E > 2 > A.");
 }
 
 TEST_F(Transaction, ValuesAreFinite) {
