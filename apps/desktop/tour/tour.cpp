@@ -158,7 +158,8 @@ void TourEditing(Album& album) {
     });
     for (const auto& [name, dialog] :
          {std::pair("dialog-materials", "CModelPropMatlDlg"), std::pair("dialog-sections", "CCMSectItemDlg"),
-          std::pair("dialog-thicknesses", "CModelPropThikDlg")}) {
+          std::pair("dialog-thicknesses", "CModelPropThikDlg"), std::pair("dialog-load-cases", "LoadCaseDialog"),
+          std::pair("dialog-load-combinations", "LoadCombinationDialog")}) {
         AddDialog(album, name, [&] { velda::ICmdDialog::Instance()->DoModal3(dialog, 1, nullptr, nullptr); });
     }
     stage.window->ToggleFilter();

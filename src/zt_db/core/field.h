@@ -306,6 +306,12 @@ constexpr bool HasNumber() {
     return AnyField<R>([](const auto& field) { return field.isNumber; });
 }
 
+/// Whether the records of a type have names.
+template <class R>
+concept HasName = requires(const R& record) {
+    { record.name } -> std::convertible_to<const std::string&>;
+};
+
 /// Whether the records of a type stand under the keys of records of another class.
 template <class R>
 inline constexpr bool kHasForeignKey = requires {
