@@ -1,0 +1,310 @@
+#include "zt_tb/modelview/load_picture.h"
+
+#include <cmath>
+
+#include "zt_db/records/lnld.h"
+#include "zt_tb/modelview/load_legend.h"
+
+namespace zt {
+namespace {
+
+/// The longest arrow, as a share of a member's usual length and in pixels.
+constexpr double kArrowShare = 0.34;
+constexpr double kLeastArrow = 6.0;
+constexpr double kMostArrow = 46.0;
+/// Single loads are seen however small they are beside the greatest one.
+constexpr double kLeastShare = 0.3;
+constexpr double kHeadLength = 7.0;
+constexpr double kHeadWidth = 2.6;  ///< half of it
+/// Part of a stem that its head may take.
+constexpr double kMostHead = 0.6;
+constexpr double kArrowGap = 14.0;
+constexpr int kMostArrows = 40;
+/// A direction whose unit looks shorter than this is looked along; a load whose way differs less from its member's in
+/// the picture runs along it.
+constexpr double kLookedAlong = 0.12;
+constexpr double kAlong = 0.17;
+/// From this many loads on, or with arrows shorter than this, heads and areas are left out.
+constexpr std::size_t kManyLoads = 4000;
+constexpr double kLeastDetail = 8.0;
+/// Slabs that look smaller have no load or only one arrow.
+constexpr double kLeastSlab = 12.0;
+constexpr double kLeastWideSlab = 60.0;
+constexpr std::size_t kMostValues = 160;
+constexpr double kLabelGap = 3.0;
+
+Point2 Times(Point2 a, double factor) { return {a.x * factor, a.y * factor}; }
+double LengthOf(Point2 a) { return std::hypot(a.x, a.y); }
+Point2 Between(Point2 a, Point2 b, double share) { return a + Times(b - a, share); }
+
+bool AreApart(const Rect2& a, const Rect2& b) {
+    return a.right < b.left || a.left > b.right || a.bottom < b.top || a.top > b.bottom;
+}
+
+Vec3 GlobalAxis(int direction) {
+    return {direction == LoadDirection::GlobalX ? 1.0 : 0.0, direction == LoadDirection::GlobalY ? 1.0 : 0.0,
+            direction == LoadDirection::GlobalZ ? 1.0 : 0.0};
+}
+
+Vec3 LocalAxis(int direction, const MemberAxes& axes) {
+    if (direction == LoadDirection::LocalX) return FromVector(axes.x);
+    return FromVector(direction == LoadDirection::LocalY ? axes.y : axes.z);
+}
+
+}  // namespace
+
+LoadPicture::LoadPicture(const SceneProjection& projection, const SceneLoads& loads)
+    : projection_(projection), loads_(loads) {
+    longest_ = projection.SymbolSize(kArrowShare, kLeastArrow, kMostArrow);
+    isCoarse_ = loads.Count() > kManyLoads || longest_ < kLeastDetail;
+    for (const SceneSlabLoad& load : loads.SlabLoads()) AddSlabLoad(load);
+    for (const SceneMemberLoad& load : loads.MemberLoads()) AddMemberLoad(load);
+    for (const SceneNodeLoad& load : loads.NodeLoads()) AddNodeLoad(load);
+}
+
+// ---- where loads act ----
+
+std::vector<Vector3> LoadPicture::CornersOf(const SceneFace& face) const {
+    std::vector<Vector3> corners;
+    for (const std::uint32_t corner : face.corners) {
+        corners.push_back(ToVector(projection_.Scene().Nodes()[corner].place));
+    }
+    return corners;
+}
+
+/// Loads on walls stand on their top: on the first edge or the one across, whichever is higher.
+LoadPicture::Bearer LoadPicture::BearerOf(const SceneFace& face) const {
+    const std::vector<Vector3> corners = CornersOf(face);
+    Bearer bearer{FromVector(corners[0]), FromVector(corners[1]), AxesOfFace(corners)};
+    const Vec3 start = FromVector(corners.back());
+    const Vec3 end = FromVector(corners[corners.size() - 2]);
+    if (start.z + end.z > bearer.start.z + bearer.end.z) {
+        bearer.start = start;
+        bearer.end = end;
+    }
+    return bearer;
+}
+
+bool LoadPicture::FindBearer(std::uint32_t member, Bearer& bearer) const {
+    const ModelScene& scene = projection_.Scene();
+    if (const SceneLine* line = scene.FindLine(member)) {
+        bearer.start = scene.Nodes()[line->start].place;
+        bearer.end = scene.Nodes()[line->end].place;
+        bearer.axes = TurnedAbout(AxesOfLine(ToVector(bearer.start), ToVector(bearer.end)), line->beta);
+        return true;
+    }
+    const SceneFace* face = scene.FindFace(member);
+    if (face) bearer = BearerOf(*face);
+    return face != nullptr;
+}
+
+LoadPicture::Way LoadPicture::WayOf(const Vec3& direction) const {
+    const Point2 flat = projection_.View().Direction(direction);
+    return {flat, zt::LengthOf(flat) < kLookedAlong};
+}
+
+LoadPicture::Way LoadPicture::WayOf(int direction, const MemberAxes& axes) const {
+    return WayOf(direction >= LoadDirection::GlobalX ? GlobalAxis(direction) : LocalAxis(direction, axes));
+}
+
+double LoadPicture::LengthOf(LoadKind kind, double value) const {
+    const double greatest = loads_.Greatest(kind);
+    return greatest > 0.0 ? longest_ * value / greatest : 0.0;
+}
+
+bool LoadPicture::IsSeen(Point2 a, Point2 b) const {
+    Rect2 box = Rect2::Between(a, b);
+    box = {box.left - longest_, box.top - longest_, box.right + longest_, box.bottom + longest_};
+    return !AreApart(box, projection_.Frame());
+}
+
+// ---- loads ----
+
+void LoadPicture::AddNodeLoad(const SceneNodeLoad& load) {
+    const SceneNode* node = projection_.Scene().FindNode(load.node);
+    if (!node) return;
+    const Point2 place = projection_.At(static_cast<std::uint32_t>(node - projection_.Scene().Nodes().data())).Flat();
+    if (!IsSeen(place, place)) return;
+    AddVector(LoadKind::Force, load.force, place);
+    AddVector(LoadKind::Moment, load.moment, place);
+}
+
+void LoadPicture::AddVector(LoadKind kind, const Vec3& vector, Point2 place) {
+    const std::array<double, 3> values{vector.x, vector.y, vector.z};
+    for (std::size_t axis = 0; axis < values.size(); ++axis) {
+        if (values[axis] == 0.0) continue;
+        const Way way = WayOf(GlobalAxis(LoadDirection::GlobalX + static_cast<int>(axis)));
+        AddArrow(kind, way, place, LengthOf(kind, values[axis]));
+        const double side = (values[axis] > 0.0) == IsMoment(kind) ? 1.0 : -1.0;
+        const double length = std::max(std::abs(LengthOf(kind, values[axis])), kLeastShare * longest_);
+        const Point2 end = way.isLookedAlong ? place : place + Times(way.flat, side * length);
+        AddValue(kind, end, Times(way.flat, side), values[axis]);
+    }
+}
+
+void LoadPicture::AddMemberLoad(const SceneMemberLoad& load) {
+    Bearer bearer;
+    if (!FindBearer(load.member, bearer)) return;
+    const Point2 start = projection_.View().Project(bearer.start).Flat();
+    const Point2 end = projection_.View().Project(bearer.end).Flat();
+    if (!IsSeen(start, end)) return;
+    const Way way = WayOf(load.direction, bearer.axes);
+    for (std::size_t at = 0; at < load.places.size(); ++at) {
+        const Point2 place = Between(start, end, load.places[at]);
+        if (!load.isDistributed && load.values[at] != 0.0) {
+            AddArrow(load.kind, way, place, LengthOf(load.kind, load.values[at]));
+            const double length = LengthOf(load.kind, load.values[at]) * (IsMoment(load.kind) ? 1.0 : -1.0);
+            const Point2 tail = way.isLookedAlong ? place : place + Times(way.flat, length);
+            AddValue(load.kind, tail, tail - place, load.values[at]);
+        }
+        if (load.isDistributed && at > 0) AddStretch(load, way, at, Between(start, end, load.places[at - 1]), place);
+    }
+}
+
+void LoadPicture::AddStretch(const SceneMemberLoad& load, const Way& way, std::size_t at, Point2 from, Point2 to) {
+    const double first = load.values[at - 1];
+    const double second = load.values[at];
+    if (load.places[at] <= load.places[at - 1] || (first == 0.0 && second == 0.0)) return;
+    const Point2 member = to - from;
+    const double turned = std::abs(way.flat.x * member.y - way.flat.y * member.x);
+    const double lengths = zt::LengthOf(way.flat) * zt::LengthOf(member);
+    if (way.isLookedAlong || turned < kAlong * lengths) {
+        AddAlong(load.kind, way, from, to, first, second);
+    } else {
+        AddOver(load.kind, way, from, to, first, second);
+    }
+}
+
+/// Arrows one behind the other on the member, or dots where the load is looked along.
+void LoadPicture::AddAlong(LoadKind kind, const Way& way, Point2 from, Point2 to, double first, double second) {
+    const double length = zt::LengthOf(to - from);
+    const double gap = std::max(kArrowGap, longest_);
+    const int arrows = std::clamp(static_cast<int>(length / gap), 1, kMostArrows);
+    for (int arrow = 0; arrow < arrows && !isCoarse_; ++arrow) {
+        const double share = (arrow + 0.5) / arrows;
+        const double value = std::lerp(first, second, share);
+        AddArrow(kind, way, Between(from, to, share), std::copysign(std::min(longest_, 0.7 * length / arrows), value));
+    }
+    const Point2 along = to - from;
+    AddValue(kind, Between(from, to, 0.5), {along.y, -along.x}, std::abs(first) > std::abs(second) ? first : second);
+}
+
+/// Arrows side by side under an outline.
+void LoadPicture::AddOver(LoadKind kind, const Way& way, Point2 from, Point2 to, double first, double second) {
+    // Forces push what they stand on, moments point away from it.
+    const double sign = IsMoment(kind) ? 1.0 : -1.0;
+    const Point2 firstTop = from + Times(way.flat, sign * LengthOf(kind, first));
+    const Point2 secondTop = to + Times(way.flat, sign * LengthOf(kind, second));
+    LoadShapes& shapes = ShapesOf(kind);
+    shapes.lines.push_back({firstTop, secondTop});
+    if (!isCoarse_) {
+        shapes.areas.push_back({from, to, secondTop, firstTop});
+        const int gaps = std::clamp(static_cast<int>(zt::LengthOf(to - from) / kArrowGap), 1, kMostArrows);
+        for (int arrow = 0; arrow <= gaps; ++arrow) {
+            const double share = static_cast<double>(arrow) / gaps;
+            AddArrow(kind, way, Between(from, to, share), LengthOf(kind, std::lerp(first, second, share)));
+        }
+    }
+    if (first == second) {
+        const Point2 top = Between(firstTop, secondTop, 0.5);
+        AddValue(kind, top, top - Between(from, to, 0.5), first);
+    } else {
+        AddValue(kind, Between(firstTop, secondTop, 0.08), firstTop - from, first);
+        AddValue(kind, Between(firstTop, secondTop, 0.92), secondTop - to, second);
+    }
+}
+
+void LoadPicture::AddSlabLoad(const SceneSlabLoad& load) {
+    const SceneFace* face = projection_.Scene().FindFace(load.member);
+    if (!face) return;
+    std::vector<Point2> outline;
+    projection_.OutlineOf(*face, outline);
+    Rect2 box = Rect2::Between(outline.front(), outline.front());
+    Point2 middle{};
+    for (const Point2 corner : outline) {
+        box = {std::min(box.left, corner.x), std::min(box.top, corner.y), std::max(box.right, corner.x),
+               std::max(box.bottom, corner.y)};
+        middle = middle + Times(corner, 1.0 / static_cast<double>(outline.size()));
+    }
+    const double extent = std::max(box.right - box.left, box.bottom - box.top);
+    if (extent < kLeastSlab || !IsSeen({box.left, box.top}, {box.right, box.bottom})) return;
+    const bool isLocal = load.direction < LoadDirection::GlobalX;
+    const Way way = WayOf(load.direction, isLocal ? AxesOfFace(CornersOf(*face)) : MemberAxes{});
+    const double length = -LengthOf(LoadKind::AreaLoad, load.value);
+    AddArrow(LoadKind::AreaLoad, way, middle, length);
+    for (const Point2 corner : outline) {
+        if (extent < kLeastWideSlab || isCoarse_) break;
+        AddArrow(LoadKind::AreaLoad, way, Between(middle, corner, 0.55), length);
+    }
+    const Point2 tail = way.isLookedAlong ? middle : middle - Times(way.flat, length);
+    AddValue(LoadKind::AreaLoad, tail, tail - middle, load.value);
+}
+
+// ---- shapes ----
+
+void LoadPicture::AddArrow(LoadKind kind, const Way& way, Point2 place, double length) {
+    LoadShapes& shapes = ShapesOf(kind);
+    if (length == 0.0) return;
+    if (way.isLookedAlong) {
+        shapes.dots.push_back(place);
+        return;
+    }
+    if (kind == LoadKind::Force || kind == LoadKind::Moment) {
+        length = std::copysign(std::max(std::abs(length), kLeastShare * longest_), length);
+    }
+    const Point2 run = Times(way.flat, length);
+    const Point2 tail = IsMoment(kind) ? place : place - run;
+    const Point2 tip = tail + run;
+    shapes.lines.push_back({tail, tip});
+    const double stem = zt::LengthOf(run);
+    if (isCoarse_ || stem < 2.0) return;
+    const Point2 unit = Times(run, 1.0 / stem);
+    AddHead(shapes, tip, unit, stem);
+    if (IsMoment(kind)) AddHead(shapes, tip - Times(unit, 0.5 * std::min(kHeadLength, kMostHead * stem)), unit, stem);
+}
+
+void LoadPicture::AddHead(LoadShapes& shapes, Point2 tip, Point2 unit, double stem) const {
+    const double length = std::min({kHeadLength, kMostHead * stem, 0.4 * longest_});
+    const double half = length * kHeadWidth / kHeadLength;
+    const Point2 foot = tip - Times(unit, length);
+    const Point2 aside{-unit.y * half, unit.x * half};
+    shapes.heads.push_back({tip, foot + aside, foot - aside});
+}
+
+// ---- values ----
+
+void LoadPicture::AddValue(LoadKind kind, Point2 place, Point2 away, double value) {
+    if (value == 0.0 || !projection_.Frame().Holds(place)) return;
+    const double length = zt::LengthOf(away);
+    values_.push_back({place, length > 0.0 ? Times(away, 1.0 / length) : Point2{0.0, -1.0}, kind, std::abs(value)});
+}
+
+std::vector<LoadLabel> LoadPicture::Labels(const LoadTexts& texts) const {
+    std::vector<LoadLabel> labels;
+    if (longest_ < kLeastDetail) return labels;
+    // Compared within their kind: the greatest of one kind is no smaller than that of another.
+    const auto share = [&](const Value& value) { return value.amount / loads_.Greatest(value.kind); };
+    std::vector<Value> values = values_;
+    std::stable_sort(values.begin(), values.end(), [&](const Value& a, const Value& b) { return share(a) > share(b); });
+    std::array<bool, kLoadKinds> isTold{};
+    std::vector<Rect2> taken;
+    for (const Value& value : values) {
+        const auto kind = static_cast<std::size_t>(value.kind);
+        if (values.size() > kMostValues && isTold[kind]) continue;
+        LoadLabel label{{}, LoadText(texts.units.ToCurrent(kLoadUnits[kind], value.amount))};
+        const double halfWidth = 0.5 * texts.width(label.text);
+        const double halfHeight = 0.5 * texts.height;
+        label.place =
+            value.place + Point2{value.away.x * (halfWidth + kLabelGap), value.away.y * (halfHeight + kLabelGap)};
+        const Rect2 box{label.place.x - halfWidth, label.place.y - halfHeight, label.place.x + halfWidth,
+                        label.place.y + halfHeight};
+        if (std::any_of(taken.begin(), taken.end(), [&](const Rect2& other) { return !AreApart(box, other); }))
+            continue;
+        isTold[kind] = true;
+        taken.push_back(box);
+        labels.push_back(std::move(label));
+    }
+    return labels;
+}
+
+}  // namespace zt
