@@ -6,11 +6,13 @@
 namespace zt {
 namespace {
 
-constexpr double kLoadWidth = 1.3;
-constexpr float kAreaCover = 0.10F;
+constexpr double kLoadWidth = 1.1;
+constexpr double kSingleWidth = 1.8;
+constexpr float kAreaCover = 0.07F;
 constexpr double kDotRadius = 2.5;
 /// How much of what is behind a text its own background hides.
 constexpr float kTextCover = 0.78F;
+constexpr float kLegendCover = 0.92F;
 /// The arrow of the self-weight in its line of the legend.
 constexpr double kWeightLength = 13.0;
 constexpr double kWeightHead = 4.5;
@@ -21,8 +23,10 @@ constexpr double kLineGap = 3.0;
 
 void ModelPainter::PaintLoads(const SceneProjection& projection, const ModelView& view) {
     const LoadPicture picture(projection, view.Loads());
-    PaintShapes(picture.Forces(), colors_.force);
-    PaintShapes(picture.Moments(), colors_.moment);
+    for (const LoadSlice& slice : picture.Slices()) {
+        PaintShapes(slice.forces, colors_.AtDepth(colors_.force, slice.nearness));
+        PaintShapes(slice.moments, colors_.AtDepth(colors_.moment, slice.nearness));
+    }
     if (isDense_ && isMoving_) return;
     const QFontMetricsF metrics(painter_.font());
     const auto width = [&metrics](const std::string& text) { return metrics.horizontalAdvance(zt::ToQt(text)); };
@@ -34,6 +38,7 @@ void ModelPainter::PaintShapes(const LoadShapes& shapes, const QColor& color) {
     painter_.setBrush(WithCover(color, kAreaCover));
     for (const auto& [a, b, c, d] : shapes.areas) painter_.drawPolygon(QPolygonF({ToQt(a), ToQt(b), ToQt(c), ToQt(d)}));
     PaintLines(shapes.lines, color, isDense_ ? 0.0 : kLoadWidth);
+    PaintLines(shapes.stems, color, isDense_ ? 0.0 : kSingleWidth);
     painter_.setPen(Qt::NoPen);
     painter_.setBrush(color);
     for (const auto& [tip, left, right] : shapes.heads) {
@@ -67,7 +72,7 @@ void ModelPainter::PaintLoadLegend(const ModelView& view) {
         const QString shown = zt::ToQt(text);
         painter_.fillRect(QRectF(place.x() - 2.0, place.y() - metrics.ascent(),
                                  room + metrics.horizontalAdvance(shown) + 4.0, lineHeight),
-                          WithCover(colors_.background, kTextCover));
+                          WithCover(colors_.background, kLegendCover));
         painter_.setPen(color);
         painter_.drawText(place + QPointF(room, 0.0), shown);
     };

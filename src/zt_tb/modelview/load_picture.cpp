@@ -12,13 +12,21 @@ namespace {
 constexpr double kArrowShare = 0.34;
 constexpr double kLeastArrow = 6.0;
 constexpr double kMostArrow = 46.0;
+/// The arrows of a few loads are this long at least: among many members they would be lost.
+constexpr std::size_t kFewLoads = 100;
+constexpr double kLeastOfFew = 22.0;
 /// Single loads are seen however small they are beside the greatest one.
 constexpr double kLeastShare = 0.3;
 constexpr double kHeadLength = 7.0;
 constexpr double kHeadWidth = 2.6;  ///< half of it
 /// Part of a stem that its head may take.
 constexpr double kMostHead = 0.6;
+/// Arrows of distributed loads stand as far apart, farther where they are short.
 constexpr double kArrowGap = 14.0;
+constexpr double kShortArrow = 20.0;
+constexpr double kShortArrowGap = 22.0;
+/// Single loads rise over the outlines of distributed ones.
+constexpr double kSingle = 1.35;
 constexpr int kMostArrows = 40;
 /// A direction whose unit looks shorter than this is looked along; a load whose way differs less from its member's in
 /// the picture runs along it.
@@ -30,12 +38,17 @@ constexpr double kLeastDetail = 8.0;
 /// Slabs that look smaller have no load or only one arrow.
 constexpr double kLeastSlab = 12.0;
 constexpr double kLeastWideSlab = 60.0;
-constexpr std::size_t kMostValues = 160;
-constexpr double kLabelGap = 3.0;
+constexpr std::size_t kSlices = 6;
+/// Area of the picture that a value needs, in square pixels, and the room around the outermost values.
+constexpr double kValueArea = 1500.0;
+constexpr double kValueRoom = 60.0;
+constexpr double kLabelGap = 4.0;
 
 Point2 Times(Point2 a, double factor) { return {a.x * factor, a.y * factor}; }
 double LengthOf(Point2 a) { return std::hypot(a.x, a.y); }
 Point2 Between(Point2 a, Point2 b, double share) { return a + Times(b - a, share); }
+
+bool IsSingle(LoadKind kind) { return kind == LoadKind::Force || kind == LoadKind::Moment; }
 
 bool AreApart(const Rect2& a, const Rect2& b) {
     return a.right < b.left || a.left > b.right || a.bottom < b.top || a.top > b.bottom;
@@ -55,11 +68,21 @@ Vec3 LocalAxis(int direction, const MemberAxes& axes) {
 
 LoadPicture::LoadPicture(const SceneProjection& projection, const SceneLoads& loads)
     : projection_(projection), loads_(loads) {
-    longest_ = projection.SymbolSize(kArrowShare, kLeastArrow, kMostArrow);
+    longest_ = projection.SymbolSize(kArrowShare, loads.Count() <= kFewLoads ? kLeastOfFew : kLeastArrow, kMostArrow);
+    slices_.resize(kSlices);
+    for (std::size_t at = 0; at < kSlices; ++at) {
+        slices_[at].nearness = static_cast<double>(at) / static_cast<double>(kSlices - 1);
+    }
     isCoarse_ = loads.Count() > kManyLoads || longest_ < kLeastDetail;
     for (const SceneSlabLoad& load : loads.SlabLoads()) AddSlabLoad(load);
     for (const SceneMemberLoad& load : loads.MemberLoads()) AddMemberLoad(load);
     for (const SceneNodeLoad& load : loads.NodeLoads()) AddNodeLoad(load);
+}
+
+void LoadPicture::GoTo(double depth) {
+    const double range = projection_.Far() - projection_.Near();
+    const double nearness = range > 0.0 ? (projection_.Far() - depth) / range : 1.0;
+    slice_ = static_cast<std::size_t>(std::clamp(nearness * kSlices, 0.0, kSlices - 1.0));
 }
 
 // ---- where loads act ----
@@ -109,7 +132,9 @@ LoadPicture::Way LoadPicture::WayOf(int direction, const MemberAxes& axes) const
 
 double LoadPicture::LengthOf(LoadKind kind, double value) const {
     const double greatest = loads_.Greatest(kind);
-    return greatest > 0.0 ? longest_ * value / greatest : 0.0;
+    const double length = greatest > 0.0 ? longest_ * value / greatest : 0.0;
+    if (!IsSingle(kind) || length == 0.0) return length;
+    return std::copysign(kSingle * std::max(std::abs(length), kLeastShare * longest_), length);
 }
 
 bool LoadPicture::IsSeen(Point2 a, Point2 b) const {
@@ -123,8 +148,10 @@ bool LoadPicture::IsSeen(Point2 a, Point2 b) const {
 void LoadPicture::AddNodeLoad(const SceneNodeLoad& load) {
     const SceneNode* node = projection_.Scene().FindNode(load.node);
     if (!node) return;
-    const Point2 place = projection_.At(static_cast<std::uint32_t>(node - projection_.Scene().Nodes().data())).Flat();
+    const ScreenPoint& point = projection_.At(static_cast<std::uint32_t>(node - projection_.Scene().Nodes().data()));
+    const Point2 place = point.Flat();
     if (!IsSeen(place, place)) return;
+    GoTo(point.depth);
     AddVector(LoadKind::Force, load.force, place);
     AddVector(LoadKind::Moment, load.moment, place);
 }
@@ -136,7 +163,7 @@ void LoadPicture::AddVector(LoadKind kind, const Vec3& vector, Point2 place) {
         const Way way = WayOf(GlobalAxis(LoadDirection::GlobalX + static_cast<int>(axis)));
         AddArrow(kind, way, place, LengthOf(kind, values[axis]));
         const double side = (values[axis] > 0.0) == IsMoment(kind) ? 1.0 : -1.0;
-        const double length = std::max(std::abs(LengthOf(kind, values[axis])), kLeastShare * longest_);
+        const double length = std::abs(LengthOf(kind, values[axis]));
         const Point2 end = way.isLookedAlong ? place : place + Times(way.flat, side * length);
         AddValue(kind, end, Times(way.flat, side), values[axis]);
     }
@@ -145,9 +172,12 @@ void LoadPicture::AddVector(LoadKind kind, const Vec3& vector, Point2 place) {
 void LoadPicture::AddMemberLoad(const SceneMemberLoad& load) {
     Bearer bearer;
     if (!FindBearer(load.member, bearer)) return;
-    const Point2 start = projection_.View().Project(bearer.start).Flat();
-    const Point2 end = projection_.View().Project(bearer.end).Flat();
+    const ScreenPoint first = projection_.View().Project(bearer.start);
+    const ScreenPoint last = projection_.View().Project(bearer.end);
+    const Point2 start = first.Flat();
+    const Point2 end = last.Flat();
     if (!IsSeen(start, end)) return;
+    GoTo(0.5 * (first.depth + last.depth));
     const Way way = WayOf(load.direction, bearer.axes);
     for (std::size_t at = 0; at < load.places.size(); ++at) {
         const Point2 place = Between(start, end, load.places[at]);
@@ -199,7 +229,8 @@ void LoadPicture::AddOver(LoadKind kind, const Way& way, Point2 from, Point2 to,
     shapes.lines.push_back({firstTop, secondTop});
     if (!isCoarse_) {
         shapes.areas.push_back({from, to, secondTop, firstTop});
-        const int gaps = std::clamp(static_cast<int>(zt::LengthOf(to - from) / kArrowGap), 1, kMostArrows);
+        const double gap = longest_ < kShortArrow ? kShortArrowGap : kArrowGap;
+        const int gaps = std::clamp(static_cast<int>(zt::LengthOf(to - from) / gap), 1, kMostArrows);
         for (int arrow = 0; arrow <= gaps; ++arrow) {
             const double share = static_cast<double>(arrow) / gaps;
             AddArrow(kind, way, Between(from, to, share), LengthOf(kind, std::lerp(first, second, share)));
@@ -228,6 +259,7 @@ void LoadPicture::AddSlabLoad(const SceneSlabLoad& load) {
     }
     const double extent = std::max(box.right - box.left, box.bottom - box.top);
     if (extent < kLeastSlab || !IsSeen({box.left, box.top}, {box.right, box.bottom})) return;
+    GoTo(projection_.At(face->corners.front()).depth);
     const bool isLocal = load.direction < LoadDirection::GlobalX;
     const Way way = WayOf(load.direction, isLocal ? AxesOfFace(CornersOf(*face)) : MemberAxes{});
     const double length = -LengthOf(LoadKind::AreaLoad, load.value);
@@ -249,13 +281,10 @@ void LoadPicture::AddArrow(LoadKind kind, const Way& way, Point2 place, double l
         shapes.dots.push_back(place);
         return;
     }
-    if (kind == LoadKind::Force || kind == LoadKind::Moment) {
-        length = std::copysign(std::max(std::abs(length), kLeastShare * longest_), length);
-    }
     const Point2 run = Times(way.flat, length);
     const Point2 tail = IsMoment(kind) ? place : place - run;
     const Point2 tip = tail + run;
-    shapes.lines.push_back({tail, tip});
+    (IsSingle(kind) ? shapes.stems : shapes.lines).push_back({tail, tip});
     const double stem = zt::LengthOf(run);
     if (isCoarse_ || stem < 2.0) return;
     const Point2 unit = Times(run, 1.0 / stem);
@@ -279,6 +308,15 @@ void LoadPicture::AddValue(LoadKind kind, Point2 place, Point2 away, double valu
     values_.push_back({place, length > 0.0 ? Times(away, 1.0 / length) : Point2{0.0, -1.0}, kind, std::abs(value)});
 }
 
+bool LoadPicture::AreValuesMany() const {
+    Box3 extent;
+    for (const Value& value : values_) extent.Add({value.place.x, value.place.y, 0.0});
+    if (extent.IsEmpty()) return false;
+    const Vec3 size = extent.high - extent.low;
+    const double area = (size.x + kValueRoom) * (size.y + kValueRoom);
+    return static_cast<double>(values_.size()) * kValueArea > area;
+}
+
 std::vector<LoadLabel> LoadPicture::Labels(const LoadTexts& texts) const {
     std::vector<LoadLabel> labels;
     if (longest_ < kLeastDetail) return labels;
@@ -286,18 +324,19 @@ std::vector<LoadLabel> LoadPicture::Labels(const LoadTexts& texts) const {
     const auto share = [&](const Value& value) { return value.amount / loads_.Greatest(value.kind); };
     std::vector<Value> values = values_;
     std::stable_sort(values.begin(), values.end(), [&](const Value& a, const Value& b) { return share(a) > share(b); });
+    const bool areMany = AreValuesMany();
     std::array<bool, kLoadKinds> isTold{};
     std::vector<Rect2> taken;
     for (const Value& value : values) {
         const auto kind = static_cast<std::size_t>(value.kind);
-        if (values.size() > kMostValues && isTold[kind]) continue;
+        if (areMany && isTold[kind]) continue;
         LoadLabel label{{}, LoadText(texts.units.ToCurrent(kLoadUnits[kind], value.amount))};
         const double halfWidth = 0.5 * texts.width(label.text);
         const double halfHeight = 0.5 * texts.height;
         label.place =
             value.place + Point2{value.away.x * (halfWidth + kLabelGap), value.away.y * (halfHeight + kLabelGap)};
-        const Rect2 box{label.place.x - halfWidth, label.place.y - halfHeight, label.place.x + halfWidth,
-                        label.place.y + halfHeight};
+        const Rect2 box{label.place.x - halfWidth - kLabelGap, label.place.y - halfHeight,
+                        label.place.x + halfWidth + kLabelGap, label.place.y + halfHeight};
         if (std::any_of(taken.begin(), taken.end(), [&](const Rect2& other) { return !AreApart(box, other); }))
             continue;
         isTold[kind] = true;

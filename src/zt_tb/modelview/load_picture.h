@@ -27,10 +27,18 @@ struct LoadLabel {
 
 /// Shapes of forces or of moments.
 struct LoadShapes {
-    std::vector<LineStroke> lines;             ///< stems of arrows, outlines of distributed loads
+    std::vector<LineStroke> lines;             ///< outlines and stems of distributed loads
+    std::vector<LineStroke> stems;             ///< of single loads
     std::vector<std::array<Point2, 3>> heads;  ///< of arrows, the tip first
     std::vector<std::array<Point2, 4>> areas;  ///< between a member and the outline of its load
     std::vector<Point2> dots;                  ///< loads that are looked along
+};
+
+/// The loads at one depth.
+struct LoadSlice {
+    double nearness = 0.0;  ///< 0 for the farthest slice, 1 for the nearest
+    LoadShapes forces;
+    LoadShapes moments;
 };
 
 /// The loads of a scene as lists of shapes in pixels. An arrow of a force ends where the force acts; that of a moment
@@ -40,8 +48,8 @@ class LoadPicture {
 public:
     LoadPicture(const SceneProjection& projection, const SceneLoads& loads);
 
-    const LoadShapes& Forces() const { return forces_; }
-    const LoadShapes& Moments() const { return moments_; }
+    /// From the farthest to the nearest.
+    const std::vector<LoadSlice>& Slices() const { return slices_; }
     /// The values that have room: the greatest ones first, and only one of each kind where there are too many to be
     /// read.
     std::vector<LoadLabel> Labels(const LoadTexts& texts) const;
@@ -65,13 +73,18 @@ private:
         double amount = 0.0;
     };
 
-    LoadShapes& ShapesOf(LoadKind kind) { return IsMoment(kind) ? moments_ : forces_; }
+    /// Chooses the slice that is filled, by a depth.
+    void GoTo(double depth);
+    LoadShapes& ShapesOf(LoadKind kind) {
+        LoadSlice& slice = slices_[slice_];
+        return IsMoment(kind) ? slice.moments : slice.forces;
+    }
     bool FindBearer(std::uint32_t member, Bearer& bearer) const;
     Bearer BearerOf(const SceneFace& face) const;
     std::vector<Vector3> CornersOf(const SceneFace& face) const;
     Way WayOf(int direction, const MemberAxes& axes) const;
     Way WayOf(const Vec3& direction) const;
-    /// Length of the arrow of a value before it is turned into the picture, with its sign.
+    /// Length of the arrow of a value before it is turned into the picture, with its sign. Single loads stand out.
     double LengthOf(LoadKind kind, double value) const;
     bool IsSeen(Point2 a, Point2 b) const;
 
@@ -85,12 +98,14 @@ private:
     /// An arrow for a value at a place where it acts.
     void AddArrow(LoadKind kind, const Way& way, Point2 place, double length);
     void AddHead(LoadShapes& shapes, Point2 tip, Point2 unit, double stem) const;
+    /// Whether there are more values than have room.
+    bool AreValuesMany() const;
     void AddValue(LoadKind kind, Point2 place, Point2 away, double value);
 
     const SceneProjection& projection_;
     const SceneLoads& loads_;
-    LoadShapes forces_;
-    LoadShapes moments_;
+    std::vector<LoadSlice> slices_;
+    std::size_t slice_ = 0;
     std::vector<Value> values_;
     double longest_ = 0.0;   ///< arrow, in pixels
     bool isCoarse_ = false;  ///< nothing but outlines and stems
