@@ -61,27 +61,31 @@ void ModelPainter::PaintLabels(const std::vector<LoadLabel>& labels) {
     }
 }
 
+/// In the upper right corner, since the names of levels stand at the left.
 void ModelPainter::PaintLoadLegend(const ModelView& view) {
     const LoadLegend legend = LegendOf(view.Loads(), *view.Units());
     const Vec3& weight = view.Loads().SelfWeight();
     const bool hasWeight = weight != Vec3{};
     const QFontMetricsF metrics(painter_.font());
     const double lineHeight = metrics.height() + kLineGap;
-    QPointF place(kCornerRoom, kCornerRoom + metrics.ascent());
+    double y = kCornerRoom + metrics.ascent();
+    // Returns where the line begins.
     const auto write = [&](const std::string& text, const QColor& color, double room) {
         const QString shown = zt::ToQt(text);
-        painter_.fillRect(QRectF(place.x() - 2.0, place.y() - metrics.ascent(),
-                                 room + metrics.horizontalAdvance(shown) + 4.0, lineHeight),
+        const double width = room + metrics.horizontalAdvance(shown);
+        const QPointF place(view.View().Width() - kCornerRoom - width, y);
+        painter_.fillRect(QRectF(place.x() - 2.0, y - metrics.ascent(), width + 4.0, lineHeight),
                           WithCover(colors_.background, kLegendCover));
         painter_.setPen(color);
         painter_.drawText(place + QPointF(room, 0.0), shown);
+        return place;
     };
     write(legend.title, colors_.text, 0.0);
     for (std::size_t line = 0; line < legend.lines.size(); ++line) {
-        place.ry() += lineHeight;
+        y += lineHeight;
         // The self-weight stands in the first line.
         const bool isWeight = hasWeight && line == 0;
-        write(legend.lines[line], colors_.faint, isWeight ? kWeightRoom : 0.0);
+        const QPointF place = write(legend.lines[line], colors_.faint, isWeight ? kWeightRoom : 0.0);
         const QPointF middle = place + QPointF(0.5 * kWeightLength, -0.5 * metrics.capHeight());
         if (isWeight) PaintSelfWeight(view.View(), weight, middle);
     }

@@ -40,7 +40,7 @@ constexpr double kLeastSlab = 12.0;
 constexpr double kLeastWideSlab = 60.0;
 constexpr std::size_t kSlices = 6;
 /// Area of the picture that a value needs, in square pixels, and the room around the outermost values.
-constexpr double kValueArea = 1500.0;
+constexpr double kValueArea = 2200.0;
 constexpr double kValueRoom = 60.0;
 constexpr double kLabelGap = 4.0;
 
@@ -97,23 +97,20 @@ std::vector<Vector3> LoadPicture::CornersOf(const SceneFace& face) const {
 
 /// Loads on walls stand on their top: on the first edge or the one across, whichever is higher.
 LoadPicture::Bearer LoadPicture::BearerOf(const SceneFace& face) const {
-    const std::vector<Vector3> corners = CornersOf(face);
-    Bearer bearer{FromVector(corners[0]), FromVector(corners[1]), AxesOfFace(corners)};
-    const Vec3 start = FromVector(corners.back());
-    const Vec3 end = FromVector(corners[corners.size() - 2]);
-    if (start.z + end.z > bearer.start.z + bearer.end.z) {
-        bearer.start = start;
-        bearer.end = end;
-    }
-    return bearer;
+    const std::vector<SceneNode>& nodes = projection_.Scene().Nodes();
+    const std::size_t last = face.corners.size() - 1;
+    const auto edge = [&](std::size_t from, std::size_t to) {
+        return Bearer{nodes[face.corners[from]].place, nodes[face.corners[to]].place, nullptr, &face};
+    };
+    const Bearer first = edge(0, 1);
+    const Bearer across = edge(last, last - 1);
+    return across.start.z + across.end.z > first.start.z + first.end.z ? across : first;
 }
 
 bool LoadPicture::FindBearer(std::uint32_t member, Bearer& bearer) const {
     const ModelScene& scene = projection_.Scene();
     if (const SceneLine* line = scene.FindLine(member)) {
-        bearer.start = scene.Nodes()[line->start].place;
-        bearer.end = scene.Nodes()[line->end].place;
-        bearer.axes = TurnedAbout(AxesOfLine(ToVector(bearer.start), ToVector(bearer.end)), line->beta);
+        bearer = {scene.Nodes()[line->start].place, scene.Nodes()[line->end].place, line, nullptr};
         return true;
     }
     const SceneFace* face = scene.FindFace(member);
@@ -121,13 +118,18 @@ bool LoadPicture::FindBearer(std::uint32_t member, Bearer& bearer) const {
     return face != nullptr;
 }
 
+MemberAxes LoadPicture::AxesOf(const Bearer& bearer) const {
+    if (bearer.face) return AxesOfFace(CornersOf(*bearer.face));
+    return TurnedAbout(AxesOfLine(ToVector(bearer.start), ToVector(bearer.end)), bearer.line->beta);
+}
+
 LoadPicture::Way LoadPicture::WayOf(const Vec3& direction) const {
     const Point2 flat = projection_.View().Direction(direction);
     return {flat, zt::LengthOf(flat) < kLookedAlong};
 }
 
-LoadPicture::Way LoadPicture::WayOf(int direction, const MemberAxes& axes) const {
-    return WayOf(direction >= LoadDirection::GlobalX ? GlobalAxis(direction) : LocalAxis(direction, axes));
+LoadPicture::Way LoadPicture::WayOf(int direction, const Bearer& bearer) const {
+    return WayOf(direction >= LoadDirection::GlobalX ? GlobalAxis(direction) : LocalAxis(direction, AxesOf(bearer)));
 }
 
 double LoadPicture::LengthOf(LoadKind kind, double value) const {
@@ -178,7 +180,7 @@ void LoadPicture::AddMemberLoad(const SceneMemberLoad& load) {
     const Point2 end = last.Flat();
     if (!IsSeen(start, end)) return;
     GoTo(0.5 * (first.depth + last.depth));
-    const Way way = WayOf(load.direction, bearer.axes);
+    const Way way = WayOf(load.direction, bearer);
     for (std::size_t at = 0; at < load.places.size(); ++at) {
         const Point2 place = Between(start, end, load.places[at]);
         if (!load.isDistributed && load.values[at] != 0.0) {
@@ -260,8 +262,7 @@ void LoadPicture::AddSlabLoad(const SceneSlabLoad& load) {
     const double extent = std::max(box.right - box.left, box.bottom - box.top);
     if (extent < kLeastSlab || !IsSeen({box.left, box.top}, {box.right, box.bottom})) return;
     GoTo(projection_.At(face->corners.front()).depth);
-    const bool isLocal = load.direction < LoadDirection::GlobalX;
-    const Way way = WayOf(load.direction, isLocal ? AxesOfFace(CornersOf(*face)) : MemberAxes{});
+    const Way way = WayOf(load.direction, {.face = face});
     const double length = -LengthOf(LoadKind::AreaLoad, load.value);
     AddArrow(LoadKind::AreaLoad, way, middle, length);
     for (const Point2 corner : outline) {

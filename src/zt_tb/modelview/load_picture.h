@@ -60,11 +60,12 @@ private:
         Point2 flat;
         bool isLookedAlong = false;
     };
-    /// A member that carries a load: its ends and the directions of its local axes.
+    /// A member that carries a load: where the load begins and ends, and what has the axes.
     struct Bearer {
-        Vec3 start;
-        Vec3 end;
-        MemberAxes axes;
+        Vec3 start{};
+        Vec3 end{};
+        const SceneLine* line = nullptr;
+        const SceneFace* face = nullptr;
     };
     struct Value {
         Point2 place;
@@ -82,7 +83,8 @@ private:
     bool FindBearer(std::uint32_t member, Bearer& bearer) const;
     Bearer BearerOf(const SceneFace& face) const;
     std::vector<Vector3> CornersOf(const SceneFace& face) const;
-    Way WayOf(int direction, const MemberAxes& axes) const;
+    MemberAxes AxesOf(const Bearer& bearer) const;
+    Way WayOf(int direction, const Bearer& bearer) const;
     Way WayOf(const Vec3& direction) const;
     /// Length of the arrow of a value before it is turned into the picture, with its sign. Single loads stand out.
     double LengthOf(LoadKind kind, double value) const;

@@ -229,14 +229,20 @@ void ModelScene::Measure() {
     for (const SceneNode& node : nodes_) {
         if (node.key != 0) bounds_.Add(node.place);
     }
+    usualLength_.reset();
+}
+
+// Asked for when a picture is drawn: a change of one node need not look at every member.
+double ModelScene::UsualLength() const {
+    if (usualLength_) return *usualLength_;
     double length = 0.0;
     for (const SceneLine& line : lines_) {
         if (line.key == 0) continue;
         const Vec3 way = nodes_[line.end].place - nodes_[line.start].place;
         length += std::sqrt(Dot(way, way));
     }
-    const std::size_t lines = linePlaces_.Count();
-    usualLength_ = length > 0.0 ? length / static_cast<double>(lines) : kUsualLength;
+    usualLength_ = length > 0.0 ? length / static_cast<double>(linePlaces_.Count()) : kUsualLength;
+    return *usualLength_;
 }
 
 }  // namespace zt

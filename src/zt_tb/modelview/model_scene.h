@@ -69,7 +69,7 @@ public:
     /// The box around all nodes.
     const Box3& Bounds() const { return bounds_; }
     /// The mean length of members between two nodes: what symbols are measured by.
-    double UsualLength() const { return usualLength_; }
+    double UsualLength() const;
     bool IsEmpty() const { return nodePlaces_.Count() == 0; }
     std::size_t MemberCount() const { return linePlaces_.Count() + facePlaces_.Count(); }
 
@@ -108,7 +108,7 @@ private:
     std::vector<std::uint32_t> freeLines_;
     std::vector<std::uint32_t> freeFaces_;
     Box3 bounds_;
-    double usualLength_ = 0.0;
+    mutable std::optional<double> usualLength_;  ///< none until it is asked for after a change
 };
 
 }  // namespace zt
