@@ -318,6 +318,17 @@ bool LoadPicture::AreValuesMany() const {
     return static_cast<double>(values_.size()) * kValueArea > area;
 }
 
+/// The middle of a value beside its arrow, moved into the picture where it would be cut off.
+Point2 LoadPicture::PlaceOf(const Value& value, double halfWidth, double halfHeight) const {
+    const Point2 place =
+        value.place + Point2{value.away.x * (halfWidth + kLabelGap), value.away.y * (halfHeight + kLabelGap)};
+    const Rect2 frame = projection_.Frame();
+    const auto inside = [](double at, double half, double end) {
+        return std::clamp(at, half + kLabelGap, std::max(half + kLabelGap, end - half - kLabelGap));
+    };
+    return {inside(place.x, halfWidth, frame.right), inside(place.y, halfHeight, frame.bottom)};
+}
+
 std::vector<LoadLabel> LoadPicture::Labels(const LoadTexts& texts) const {
     std::vector<LoadLabel> labels;
     if (longest_ < kLeastDetail) return labels;
@@ -334,8 +345,7 @@ std::vector<LoadLabel> LoadPicture::Labels(const LoadTexts& texts) const {
         LoadLabel label{{}, LoadText(texts.units.ToCurrent(kLoadUnits[kind], value.amount))};
         const double halfWidth = 0.5 * texts.width(label.text);
         const double halfHeight = 0.5 * texts.height;
-        label.place =
-            value.place + Point2{value.away.x * (halfWidth + kLabelGap), value.away.y * (halfHeight + kLabelGap)};
+        label.place = PlaceOf(value, halfWidth, halfHeight);
         const Rect2 box{label.place.x - halfWidth - kLabelGap, label.place.y - halfHeight,
                         label.place.x + halfWidth + kLabelGap, label.place.y + halfHeight};
         if (std::any_of(taken.begin(), taken.end(), [&](const Rect2& other) { return !AreApart(box, other); }))

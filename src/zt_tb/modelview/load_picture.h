@@ -102,6 +102,7 @@ private:
     void AddHead(LoadShapes& shapes, Point2 tip, Point2 unit, double stem) const;
     /// Whether there are more values than have room.
     bool AreValuesMany() const;
+    Point2 PlaceOf(const Value& value, double halfWidth, double halfHeight) const;
     void AddValue(LoadKind kind, Point2 place, Point2 away, double value);
 
     const SceneProjection& projection_;

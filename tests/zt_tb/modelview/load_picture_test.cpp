@@ -238,6 +238,15 @@ TEST_F(LoadPictureTest, LeavesOutValuesThatWouldCoverOthers) {
     EXPECT_THAT(Texts(kDead), ElementsAre("8"));
 }
 
+TEST_F(LoadPictureTest, MovesValuesIntoThePicture) {
+    Add<CClassPtld>(1, {.node = 5, .stld = kWind, .fx = 123456.0});
+    Picture(kWind);
+    view.Pan({70.0 - PlaceOf({0.0, 0.0, 4.0}).x, 0.0});
+    const std::vector<LoadLabel> labels = Labels(Picture(kWind));
+    ASSERT_EQ(1u, labels.size());
+    EXPECT_NEAR(6.0 * 6.0 / 2.0 + 4.0, labels[0].place.x, 1e-9) << "six digits, at the left edge";
+}
+
 TEST_F(LoadPictureTest, WritesOnlyTheGreatestOfAKindWhereThereAreMany) {
     for (std::uint32_t at = 0; at < 200; ++at) {
         const double place = at / 200.0;
