@@ -7,7 +7,7 @@
 #include <unordered_set>
 
 #include "velda_lib/number_text.h"
-#include "zt_db/exchange/member_geometry.h"
+#include "zt_db/geometry/member_geometry.h"
 #include "zt_db/exchange/member_kinds.h"
 #include "zt_db/exchange/section_shapes.h"
 #include "zt_db/records/record_list.h"
