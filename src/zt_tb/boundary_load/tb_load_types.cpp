@@ -1,6 +1,7 @@
 #include "zt_tb/boundary_load/tb_load_types.h"
 
 #include "velda_lib/comp_func.h"
+#include "velda_util/formula/formula.h"
 #include "zt_tb/boundary_load/load_type_names.h"
 #include "zt_tb/boundary_load/member_load_table.h"
 
