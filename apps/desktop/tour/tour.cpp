@@ -270,6 +270,11 @@ void TourLoads(Album& album) {
         window.Model().View().ShowLoads(loadCase);
         album.Add(name, window.Model());
     }
+    for (const auto& [name, kind] : {std::pair("supports", kTableSpts), std::pair("nodal-loads", kTablePtld),
+                                     std::pair("beam-loads", kTableBeamld), std::pair("slab-loads", kTableSbla)}) {
+        window.OpenTable({.kind = kind});
+        album.Add(name, window);
+    }
 }
 
 /// Materials of all types, and sections of all kinds of shapes.
