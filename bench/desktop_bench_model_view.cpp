@@ -7,6 +7,7 @@
 
 #include "desktop/modelview/model_painter.h"
 #include "ratio_reporter.h"
+#include "zt_db/records/lnld.h"
 #include "zt_db/records/memb.h"
 
 namespace {
@@ -37,12 +38,14 @@ public:
         database.GetClass<CClassPont>()->TR_Add(nodeKeys, nodes);
         AddMembers(members, static_cast<std::uint32_t>(kSide * Depth(members)));
         database.GetClass<CClassMemb>()->TR_Add(keys_, members_);
+        AddLoads(database);
         view.SetSize(kPane.width(), kPane.height());
         view.SetDocument(doc.get());
     }
 
     std::unique_ptr<CDBDoc> doc;
     ModelView view;
+    static constexpr std::uint32_t kLoadCase = 1;
 
 private:
     static constexpr std::uint32_t kFloors = 30;
@@ -71,6 +74,19 @@ private:
         }
     }
 
+    /// A line load on every beam.
+    void AddLoads(CDataBase& database) const {
+        database.GetClass<CClassStld>()->TR_Add(kLoadCase, {.name = "DL", .type = "D"});
+        std::vector<std::uint32_t> keys;
+        std::vector<T_LNLD_D> loads;
+        for (std::size_t at = 0; at < members_.size(); ++at) {
+            if (members_[at].type != 201) continue;
+            keys.push_back(static_cast<std::uint32_t>(keys.size() + 1));
+            loads.push_back({.memb = keys_[at], .stld = kLoadCase, .x = {0.0, 1.0}, .p = {-7.5, -7.5}});
+        }
+        database.GetClass<CClassLnld>()->TR_Add(keys, loads);
+    }
+
     std::vector<std::uint32_t> keys_;
     std::vector<T_MEMB_D> members_;
 };
@@ -82,8 +98,9 @@ Building& BuildingOf(long members) {
     return *building;
 }
 
-void Picture(benchmark::State& state, bool isMoving) {
+void Picture(benchmark::State& state, bool isMoving, std::uint32_t loadCase) {
     ModelView& view = BuildingOf(state.range(0)).view;
+    view.ShowLoads(loadCase);
     const ModelColors colors = ModelColors::Of(QPalette());
     QImage canvas(kPane, QImage::Format_ARGB32_Premultiplied);
     for (auto _ : state) {
@@ -93,6 +110,7 @@ void Picture(benchmark::State& state, bool isMoving) {
         ModelPainter(canvas, QFont(), colors).PaintMarks(view);
     }
     state.counters["members"] = static_cast<double>(view.Scene().MemberCount());
+    view.ShowLoads(0);
     view.Show(StandardView::Isometric);
 }
 
@@ -121,8 +139,10 @@ void RegisterAll() {
         for (const long size : {kMembers, 2 * kMembers, 4 * kMembers}) registered->Arg(size);
         registered->Unit(benchmark::kMillisecond)->Repetitions(5)->Iterations(iterations)->UseRealTime();
     };
-    scaled(RegisterBenchmark("turned picture/scale", &Picture, true), 5);
-    scaled(RegisterBenchmark("whole picture/scale", &Picture, false), 2);
+    scaled(RegisterBenchmark("turned picture/scale", &Picture, true, 0), 5);
+    scaled(RegisterBenchmark("whole picture/scale", &Picture, false, 0), 2);
+    scaled(RegisterBenchmark("turned picture with loads/scale", &Picture, true, Building::kLoadCase), 5);
+    scaled(RegisterBenchmark("whole picture with loads/scale", &Picture, false, Building::kLoadCase), 2);
     scaled(RegisterBenchmark("click/scale", &Click), 5);
     scaled(RegisterBenchmark("changed node/scale", &ChangedNode), 20);
 }
@@ -134,5 +154,10 @@ int main(int count, char** arguments) {
     const QApplication application(count, arguments);
     benchmark::Initialize(&count, arguments);
     RegisterAll();
-    return bench::RunAndReport({}, {"turned picture", "whole picture", "click", "changed node"}, kMembers) ? 0 : 1;
+    return bench::RunAndReport({},
+                               {"turned picture", "whole picture", "turned picture with loads",
+                                "whole picture with loads", "click", "changed node"},
+                               kMembers)
+               ? 0
+               : 1;
 }

@@ -2,6 +2,9 @@
 
 #include <memory>
 
+#include "zt_cmd/load_case_dialog.h"
+#include "zt_cmd/load_combination_dialog.h"
+#include "zt_cmd/load_type_dialogs.h"
 #include "zt_cmd/matl_dialog.h"
 #include "zt_cmd/sect_dialog.h"
 #include "zt_cmd/thik_dialog.h"
@@ -21,10 +24,11 @@ struct Entry {
     std::string_view name;
     Maker make;
 };
+template <class Dialog>
+constexpr Entry kEntry{Dialog::kName, &Make<Dialog>};
 constexpr Entry kDialogs[] = {
-    {CModelPropThikDlg::kName, &Make<CModelPropThikDlg>},
-    {CModelPropMatlDlg::kName, &Make<CModelPropMatlDlg>},
-    {CCMSectItemDlg::kName, &Make<CCMSectItemDlg>},
+    kEntry<CModelPropThikDlg>,     kEntry<CModelPropMatlDlg>,  kEntry<CCMSectItemDlg>,     kEntry<LoadCaseDialog>,
+    kEntry<LoadCombinationDialog>, kEntry<BeamLoadTypeDialog>, kEntry<WallLoadTypeDialog>, kEntry<SlabLoadTypeDialog>,
 };
 
 }  // namespace

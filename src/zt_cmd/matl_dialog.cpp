@@ -105,8 +105,7 @@ std::string CModelPropMatlDlg::GetTitle() const { return Word("IDS_CMD_MATL_TITL
 
 std::vector<MatlField> CModelPropMatlDlg::Declared() const {
     std::vector<MatlField> fields{
-        {"IDS_CMD_NAME", Kind::Text, Unit::None, [](const T_MATL_D& material) { return material.name; },
-         [](T_MATL_D& material, const std::string& text) { material.name = text; }},
+        TextField<T_MATL_D, &T_MATL_D::name>("IDS_CMD_NAME"),
         {"IDS_CMD_MATL_TYPE", Kind::Choice, Unit::None,
          [](const T_MATL_D& material) { return NameOfType(material.type); }, &ChooseType,
          [](const T_MATL_D&) {
@@ -117,9 +116,7 @@ std::vector<MatlField> CModelPropMatlDlg::Declared() const {
     };
     AppendGroup<0>(fields);
     AppendGroup<1>(fields);
-    fields.push_back({"IDS_CMD_MATL_DAMPING", Kind::Number, Unit::None,
-                      [](const T_MATL_D& material) { return velda::FormatDouble(material.dampingRatio); },
-                      [](T_MATL_D& material, const std::string& text) { material.dampingRatio = velda::wtof(text); }});
+    fields.push_back(NumberField<T_MATL_D, &T_MATL_D::dampingRatio>("IDS_CMD_MATL_DAMPING", Unit::None));
     return fields;
 }
 

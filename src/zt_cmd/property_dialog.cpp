@@ -1,5 +1,6 @@
 #include "zt_cmd/property_dialog.h"
 
+#include <regex>
 #include <set>
 
 #include "velda_lib/msg_dll.h"
@@ -44,6 +45,14 @@ std::string UsesText(const DB_CDataBase& database, const RecordIdentity& identit
         if (!users.empty()) text += (text.empty() ? "" : "\n") + UsersText(store, users);
     }
     return text;
+}
+
+std::string FreeName(const std::string& name, velda::FunctionRef<bool(const std::string&)> isTaken) {
+    std::string free = name;
+    // A copy of a copy counts on.
+    const std::string root = std::regex_replace(name, std::regex(" \\([0-9]+\\)$"), "");
+    for (int number = 2; isTaken(free); ++number) free = root + " (" + std::to_string(number) + ")";
+    return free;
 }
 
 std::string NotANumber(const std::string& label, const std::string& text) {

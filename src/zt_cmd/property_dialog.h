@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "velda_base/host/modal_dialog.h"
+#include "velda_lib/function_ref.h"
 #include "velda_lib/outcome.h"
 #include "zt_db/core/database.h"
 #include "zt_db/library/outline.h"
@@ -14,7 +15,8 @@ namespace zt {
 
 /// A field of a property dialog as a window shows it.
 struct PropertyField {
-    enum class Kind { Text, Number, Choice };
+    /// A suggestion is a text that can be taken from the choices.
+    enum class Kind { Text, Number, Choice, Suggestion };
 
     std::string label{};  ///< with the unit
     Kind kind = Kind::Text;
@@ -24,8 +26,8 @@ struct PropertyField {
     bool operator==(const PropertyField&) const = default;
 };
 
-/// A dialog on the records of one class: a list of them, one of them in fields, and buttons that add, change and delete
-/// it. Each button is one step that can be undone; closing changes nothing. The window shows what is here.
+/// A dialog on the records of one class: a list of them, one of them in fields, and buttons that add, copy, change and
+/// delete it. Each button is one step that can be undone; closing changes nothing. The window shows what is here.
 class PropertyDialog : public velda::ModalDialog {
 public:
     struct Item {
@@ -41,6 +43,8 @@ public:
 
     /// All records, by key.
     virtual std::vector<Item> Items() const = 0;
+    /// Whether users know the records by their keys, so that the list shows them.
+    virtual bool ListsKeys() const { return true; }
     /// The record in the fields; 0 for a new one.
     std::uint32_t Current() const { return current_; }
     /// Brings a record into the fields; what was typed and not written is dropped. A key without a record is a new one.
@@ -51,8 +55,19 @@ public:
     /// there until it is mended, and keeps the record from being written.
     virtual void SetField(std::size_t field, const std::string& text) = 0;
 
-    /// Writes the fields as a new record, into the record that they show, and deletes that record.
+    /// The columns of a record that holds a list; empty for records without one.
+    virtual std::vector<std::string> RowTitles() const { return {}; }
+    /// The rows of that list, a field for each cell.
+    virtual std::vector<std::vector<PropertyField>> Rows() const { return {}; }
+    /// Types a text into a cell, as SetField does.
+    virtual void SetCell(std::size_t /*row*/, std::size_t /*column*/, const std::string& /*text*/) {}
+    virtual void AddRow() {}
+    virtual void RemoveRow(std::size_t /*row*/) {}
+
+    /// Writes the fields as a new record, as a new one with a free name, into the record that they show, and deletes
+    /// that record.
     virtual velda::Outcome Add() = 0;
+    virtual velda::Outcome Copy() = 0;
     virtual velda::Outcome Change() = 0;
     virtual velda::Outcome Delete() = 0;
 
@@ -69,6 +84,8 @@ protected:
 
 /// The records that use a record, worded as PropertyDialog::Uses tells.
 std::string UsesText(const DB_CDataBase& database, const RecordIdentity& identity, std::uint32_t key);
+/// A name that is not taken: the name itself, or one with a number behind it, "Name (2)".
+std::string FreeName(const std::string& name, velda::FunctionRef<bool(const std::string&)> isTaken);
 /// The reason for a text that is no number.
 std::string NotANumber(const std::string& label, const std::string& text);
 /// The label of a field: the text of a key, with the current unit of a code behind it.

@@ -200,8 +200,7 @@ std::string CCMSectItemDlg::GetTitle() const { return Word("IDS_CMD_SECT_TITLE")
 
 std::vector<SectField> CCMSectItemDlg::Declared() const {
     std::vector<SectField> fields{
-        {"IDS_CMD_NAME", Kind::Text, Unit::None, [](const T_SECT_D& section) { return section.name; },
-         [](T_SECT_D& section, const std::string& text) { section.name = text; }},
+        TextField<T_SECT_D, &T_SECT_D::name>("IDS_CMD_NAME"),
         {"IDS_CMD_SECT_KIND", Kind::Choice, Unit::None,
          [](const T_SECT_D& section) { return Word(SourceOf(section).nameKey); }, &ChooseSource, &SourceNames},
     };

@@ -18,11 +18,8 @@ std::string CModelPropThikDlg::GetTitle() const { return Word("IDS_CMD_THIK_TITL
 
 std::vector<CModelPropThikDlg::Field> CModelPropThikDlg::Declared() const {
     return {
-        {"IDS_CMD_NAME", Kind::Text, Unit::None, [](const T_THIK_D& plate) { return plate.name; },
-         [](T_THIK_D& plate, const std::string& text) { plate.name = text; }},
-        {"IDS_CMD_THIK_IN_PLANE", Kind::Number, T_THIK_D::unit[0],
-         [](const T_THIK_D& plate) { return velda::FormatDouble(plate.thickness); },
-         [](T_THIK_D& plate, const std::string& text) { plate.thickness = velda::wtof(text); }},
+        TextField<T_THIK_D, &T_THIK_D::name>("IDS_CMD_NAME"),
+        NumberField<T_THIK_D, &T_THIK_D::thickness>("IDS_CMD_THIK_IN_PLANE", T_THIK_D::unit[0]),
         {"IDS_CMD_THIK_SIDES", Kind::Choice, Unit::None,
          [](const T_THIK_D& plate) { return SameOrNot(plate)[Differs(plate) ? 1 : 0]; },
          [](T_THIK_D& plate, const std::string& text) {

@@ -3,10 +3,13 @@
 #include <QSettings>
 #include <QWheelEvent>
 
+#include "desktop/grid/qt_text.h"
 #include "desktop/host/qt_host.h"
 #include "desktop/modelview/model_painter.h"
 #include "desktop/window_fixture.h"
 #include "zt_db/records/memb.h"
+#include "zt_db/records/ptld.h"
+#include "zt_db/records/spts.h"
 #include "zt_tb/model/table_kinds.h"
 #include "zt_tb/model/tb_pre_view.h"
 #include <gmock/gmock.h>
@@ -53,6 +56,16 @@ protected:
             for (int x = 0; x < picture.width(); ++x) count += picture.pixelColor(x, y) == color ? 1 : 0;
         }
         return count;
+    }
+    /// Chooses an entry of the list of load cases as the user does.
+    void Choose(int entry) {
+        Pane().Loads().setCurrentIndex(entry);
+        Q_EMIT Pane().Loads().activated(entry);
+    }
+    QStringList Choices() {
+        QStringList names;
+        for (int at = 0; at < Pane().Loads().count(); ++at) names += Pane().Loads().itemText(at);
+        return names;
     }
     ModelColors Colors() { return ModelColors::Of(Widget().palette()); }
 };
@@ -131,6 +144,7 @@ TEST_F(ModelPaneTest, FollowsTheModelThatIsOpen) {
     window->NewModel();
     EXPECT_TRUE(View().Scene().IsEmpty());
     EXPECT_FALSE(window->HasModel());
+    EXPECT_EQ(QStringList{"No Loads"}, Choices());
     QTest::mouseClick(&Widget(), Qt::LeftButton, {}, {100, 100});
     ASSERT_TRUE(BuildSample(Db(), "small"));
     EXPECT_EQ(12u, View().Scene().Nodes().size());
@@ -191,6 +205,76 @@ TEST_F(ModelPaneTest, LeavesAxesAndLegendOutOfASmallPane) {
     EXPECT_GT(Count(Colors().axes[0]), 5);
     Widget().resize(200, 400);
     EXPECT_EQ(0, Count(Colors().axes[0]));
+}
+
+TEST_F(ModelPaneTest, ShowsSupportsUnlessTheyAreSwitchedOff) {
+    window->ActionOf("model-front")->trigger();
+    EXPECT_TRUE(Pane().Supports().isChecked());
+    EXPECT_GT(Count(Colors().support), 10);
+    Pane().Supports().click();
+    EXPECT_EQ(0, Count(Colors().support));
+    Pane().Supports().click();
+    std::vector<std::uint32_t> keys;
+    Db().GetClass<CClassSpts>()->GetKeyList(keys);
+    ASSERT_TRUE(Db().GetClass<CClassSpts>()->TR_Del(keys));
+    EXPECT_EQ(0, Count(Colors().support)) << "deleted";
+    window->Undo();
+    EXPECT_GT(Count(Colors().support), 10);
+}
+
+TEST_F(ModelPaneTest, DrawsTheLoadsOfTheChosenLoadCase) {
+    window->ActionOf("model-front")->trigger();
+    EXPECT_EQ((QStringList{"No Loads", "DL", "LL", "WX", "EX"}), Choices());
+    EXPECT_EQ(0, Pane().Loads().currentIndex());
+    EXPECT_EQ(0, Count(Colors().force));
+    const Camera before = View().View();
+    Choose(1);
+    EXPECT_EQ(1u, View().Loads().LoadCase());
+    EXPECT_GT(Count(Colors().force), 100);
+    ASSERT_TRUE(Db().GetClass<CClassPtld>()->TR_Add(1, {.node = 22, .stld = 1, .mz = 10.0}));
+    ASSERT_TRUE(Db().GetClass<CClassPtld>()->TR_Add(2, {.node = 23, .stld = 1, .mx = 10.0}));
+    EXPECT_GT(Count(Colors().moment), 5);
+    EXPECT_EQ(before, View().View());
+    Choose(0);
+    EXPECT_EQ(0, Count(Colors().force));
+    EXPECT_EQ(0, Count(Colors().moment));
+}
+
+TEST_F(ModelPaneTest, FollowsTheLoadCasesAndKeepsTheChoice) {
+    auto& cases = *Db().GetClass<CClassStld>();
+    Choose(3);
+    ASSERT_TRUE(cases.TR_Modify(3, 3, {.name = "Wind", .type = "W"}));
+    EXPECT_EQ("Wind", Pane().Loads().currentText().toStdString());
+    ASSERT_TRUE(cases.TR_Add(2000, {.name = "Snow", .type = "S"}));
+    EXPECT_EQ("Snow", Choices().last().toStdString());
+    EXPECT_EQ(3u, View().Loads().LoadCase());
+    window->Undo();
+    EXPECT_EQ("EX", Choices().last().toStdString());
+    Choose(4);
+    ASSERT_TRUE(cases.TR_Del(4));
+    EXPECT_EQ(0, Pane().Loads().currentIndex());
+    EXPECT_EQ(0u, View().Loads().LoadCase());
+    window->Undo();
+    EXPECT_EQ("EX", Choices().last().toStdString());
+}
+
+TEST_F(ModelPaneTest, WritesValuesOfLoadsInCurrentUnits) {
+    Choose(1);
+    const QImage before = Widget().grab().toImage();
+    T_UNIT_INDEX units;
+    CUnitCtrl& control = *window->Document().GetUnitCtrl();
+    control.GetUnitIndexCurrent(units);
+    units.force = CUnitCtrl::FindChoice(UnitQuantity::Force, "N");
+    ASSERT_TRUE(control.SetUnitIndexCurrent(units, 1));
+    EXPECT_NE(before, Widget().grab().toImage());
+}
+
+TEST_F(ModelPaneTest, WordsItsChoicesInTheCurrentLanguage) {
+    velda::SetCurrentLanguage(velda::Language::Korean);
+    Pane().ShowTexts();
+    EXPECT_EQ(Word("IDS_DESKTOP_MODEL_NO_LOADS"), Choices().first());
+    EXPECT_NE("No Loads", Choices().first().toStdString());
+    EXPECT_EQ(Word("IDS_DESKTOP_MODEL_SUPPORTS"), Pane().Supports().text());
 }
 
 TEST_F(ModelPaneTest, ShowsTheSelectionInDetailTables) {

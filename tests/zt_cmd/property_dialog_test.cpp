@@ -1,16 +1,12 @@
 #include "zt_cmd/property_dialog.h"
 
-#include <algorithm>
-
 #include "velda_base/host/headless_host.h"
-#include "velda_lib/language.h"
 #include "zt_cmd/cmd_dialogs.h"
 #include "zt_cmd/matl_dialog.h"
+#include "zt_cmd/property_dialog_fixture.h"
 #include "zt_cmd/sect_dialog.h"
 #include "zt_cmd/thik_dialog.h"
-#include "zt_db/doc/doc.h"
 #include "zt_db/library/matl_db.h"
-#include "zt_db/sample/sample_building.h"
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -23,34 +19,7 @@ using testing::IsEmpty;
 using testing::Not;
 using testing::StartsWith;
 
-class PropertyDialogTest : public ::testing::Test {
-protected:
-    void SetUp() override {
-        velda::SetCurrentLanguage(velda::Language::English);
-        ASSERT_TRUE(BuildSample(Db(), "small"));
-        doc->MakeCurrent();
-    }
-    void TearDown() override { CDBDoc::m_pDBDoc = nullptr; }
-
-    CDataBase& Db() { return *doc->GetMDBCtrl()->GetCurrentDB(); }
-    std::size_t Steps() { return Db().GetUndoNames().size(); }
-    /// The field whose label begins with a text.
-    static std::size_t FieldOf(const PropertyDialog& dialog, const std::string& label) {
-        const auto fields = dialog.Fields();
-        const auto found = std::find_if(fields.begin(), fields.end(),
-                                        [&](const PropertyField& field) { return field.label.starts_with(label); });
-        EXPECT_NE(found, fields.end()) << label;
-        return static_cast<std::size_t>(found - fields.begin());
-    }
-    static void Set(PropertyDialog& dialog, const std::string& label, const std::string& text) {
-        dialog.SetField(FieldOf(dialog, label), text);
-    }
-    static PropertyField Get(const PropertyDialog& dialog, const std::string& label) {
-        return dialog.Fields()[FieldOf(dialog, label)];
-    }
-
-    std::unique_ptr<CDBDoc> doc = CDBDoc::New();
-};
+class PropertyDialogTest : public PropertyDialogFixture {};
 
 TEST_F(PropertyDialogTest, AddsChangesAndDeletesInOneStepEach) {
     CModelPropThikDlg dialog(Db());
@@ -73,6 +42,36 @@ TEST_F(PropertyDialogTest, AddsChangesAndDeletesInOneStepEach) {
     EXPECT_EQ(Steps(), steps + 3);
     EXPECT_EQ(Db().Undo(3), 3);
     EXPECT_EQ(dialog.Items().size(), count);
+}
+
+TEST_F(PropertyDialogTest, CopiesARecordUnderAFreeName) {
+    CModelPropThikDlg dialog(Db());
+    EXPECT_THAT(dialog.Copy().Reason(), HasSubstr("Choose a record"));
+    const auto first = dialog.Items().front();
+    const std::size_t steps = Steps();
+    dialog.Select(first.key);
+    for (const char* number : {" (2)", " (3)"}) {
+        ASSERT_TRUE(dialog.Copy());
+        EXPECT_EQ(Get(dialog, "Name").text, first.text + number);
+        EXPECT_EQ(dialog.Current(), dialog.Items().back().key);
+    }
+    EXPECT_EQ(Steps(), steps + 2);
+    Set(dialog, "Name", "W350");
+    ASSERT_TRUE(dialog.Copy());
+    EXPECT_EQ(dialog.Items().back().text, "W350") << "a free name stays";
+    Set(dialog, "In-plane", "thick");
+    EXPECT_FALSE(dialog.Copy());
+    EXPECT_EQ(Get(dialog, "Name").text, "W350");
+    EXPECT_EQ(Steps(), steps + 3);
+}
+
+TEST_F(PropertyDialogTest, HasNoRowsWhereItsRecordsHoldNoList) {
+    CModelPropThikDlg dialog(Db());
+    dialog.AddRow();
+    dialog.SetCell(0, 0, "x");
+    dialog.RemoveRow(0);
+    EXPECT_THAT(dialog.RowTitles(), IsEmpty());
+    EXPECT_THAT(dialog.Rows(), IsEmpty());
 }
 
 TEST_F(PropertyDialogTest, RefusesWhatDoesNotFitAndKeepsTheTypedText) {
@@ -228,6 +227,11 @@ TEST_F(PropertyDialogTest, OpensByNameWithTheRecordInItsFields) {
     EXPECT_EQ(dialogs.DoModal("CCMSectItemDlg"), 0);
     EXPECT_EQ(dialogs.DoModal("Unknown"), 0);
     EXPECT_THAT(host.dialogs.shown, ElementsAre("CModelPropThikDlg", "CModelPropMatlDlg", "CCMSectItemDlg"));
+    for (const char* name : {"LoadCaseDialog", "LoadCombinationDialog", "BeamLoadTypeDialog", "WallLoadTypeDialog",
+                             "SlabLoadTypeDialog"}) {
+        dialogs.DoModal(name);
+        EXPECT_EQ(host.dialogs.shown.back(), name);
+    }
     CDBDoc::m_pDBDoc = nullptr;
     EXPECT_EQ(dialogs.DoModal("CModelPropThikDlg"), 0);
 }

@@ -119,10 +119,16 @@ TEST_F(Transaction, RecordsOfOneBatchMayReferToEachOther) {
 TEST_F(Transaction, ACombinationMayNotContainItself) {
     auto& combinations = Records<CClassLcom>();
     ASSERT_TRUE(combinations.TR_Add(Keys{1, 2}, {T_LCOM_D{.name = "A"}, T_LCOM_D{.items = {{10, 1, 1.0}}}}));
-    EXPECT_REFUSED(combinations.TR_Modify(1, 1, T_LCOM_D{.items = {{10, 1, 1.0}}}),
-                   "Load Combination 1 would contain itself.");
-    EXPECT_REFUSED(combinations.TR_Modify(1, 1, T_LCOM_D{.items = {{10, 2, 1.0}}}),
-                   "Load Combination 1 would contain itself.");
+    EXPECT_REFUSED(combinations.TR_Modify(1, 1, T_LCOM_D{.name = "A", .items = {{10, 1, 1.0}}}),
+                   "Load Combination 1 would contain itself: A > A.");
+    EXPECT_REFUSED(combinations.TR_Modify(1, 1, T_LCOM_D{.name = "A", .items = {{10, 2, 1.0}}}),
+                   "Load Combination 1 would contain itself: A > 2 > A.");
+    ASSERT_TRUE(combinations.TR_Add(3, T_LCOM_D{.name = "C", .items = {{10, 2, 1.0}, {10, 1, 1.0}}}));
+    EXPECT_REFUSED(combinations.TR_Modify(1, 1, T_LCOM_D{.name = "A", .items = {{10, 3, 1.0}}}),
+                   "Load Combination 1 would contain itself: A > C > A.");
+    ASSERT_TRUE(combinations.TR_Add(4, T_LCOM_D{.name = "E", .items = {{10, 2, 1.0}}}));
+    EXPECT_REFUSED(combinations.TR_Modify(1, 1, T_LCOM_D{.name = "A", .items = {{10, 4, 1.0}}}),
+                   "Load Combination 1 would contain itself: A > E > 2 > A.");
 }
 
 TEST_F(Transaction, ValuesAreFinite) {

@@ -45,6 +45,14 @@ TEST_F(SamplesTest, AreMadeAnewFromTheirTables) {
     EXPECT_EQ(Count(*braced, "MEMB"), 116);
 }
 
+TEST_F(SamplesTest, StandOnSupportsAndCarryLoads) {
+    for (const char* name : {"office_20_storeys.ztm", "steel_frame_3_storeys.ztm", "braced_frame_4_storeys.ztm"}) {
+        const auto doc = Open(name);
+        for (const char* loads : {"SPTS", "PTLD", "LNLD", "SWGT"})
+            EXPECT_GT(Count(*doc, loads), 0) << name << ' ' << loads;
+    }
+}
+
 TEST_F(SamplesTest, HaveSectionsWithAreas) {
     for (const char* name : {"office_20_storeys.ztm", "steel_frame_3_storeys.ztm", "braced_frame_4_storeys.ztm"}) {
         const auto doc = Open(name);

@@ -68,6 +68,8 @@ void ChoicePopup::ShowFor(const QRect& cell, const velda::ChoiceList& choices, c
     checked_.clear();
     if (severalChosen && !choices.ReadJoinedText(value, checked_)) checked_.clear();
     model_.Check(severalChosen, checked_);
+    // The empty line before flags is no choice.
+    setRowHidden(0, severalChosen && choices.HoldsFlags());
     setGeometry(PlaceFor(cell));
     show();
     raise();

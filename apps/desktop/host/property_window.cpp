@@ -1,9 +1,6 @@
 #include "desktop/host/property_window.h"
 
-#include <QComboBox>
-#include <QHBoxLayout>
 #include <QHeaderView>
-#include <QLineEdit>
 #include <QPainter>
 #include <QPainterPath>
 #include <QVBoxLayout>
@@ -14,6 +11,8 @@
 namespace zt {
 namespace {
 
+constexpr int kListWidth = 210;
+constexpr int kPictureStretch = 3;
 constexpr int kPictureSide = 220;
 constexpr double kPictureMargin = 18.0;
 
@@ -26,13 +25,6 @@ SectionBounds BoundsOfParts(const std::vector<Outline>& parts) {
         bounds.top = std::max(bounds.top, part.bounds.top);
     }
     return bounds;
-}
-
-/// Whether two lists of fields differ in more than texts and states, so that they need other editors.
-bool NeedOtherEditors(const std::vector<PropertyField>& before, const std::vector<PropertyField>& now) {
-    return !std::equal(before.begin(), before.end(), now.begin(), now.end(), [](const auto& a, const auto& b) {
-        return a.label == b.label && a.kind == b.kind && a.choices == b.choices;
-    });
 }
 
 }  // namespace
@@ -84,14 +76,16 @@ void SectionPicture::paintEvent(QPaintEvent* /*event*/) {
 PropertyWindow::PropertyWindow(PropertyDialog& block, QWidget* parent)
     : QDialog(parent),
       block_(block),
+      upper_(new QHBoxLayout),
       list_(new QListWidget),
       form_(new QFormLayout),
+      rows_(block.RowTitles().empty() ? nullptr : new PropertyRows(block, [this] { AfterTyping(); })),
       picture_(new SectionPicture),
       results_(new QTableWidget(0, 2)),
       uses_(new QLabel),
       message_(new QLabel) {
     setWindowTitle(ToQt(block.GetTitle()));
-    list_->setMinimumWidth(150);
+    list_->setMinimumWidth(kListWidth);
     results_->horizontalHeader()->hide();
     results_->verticalHeader()->hide();
     results_->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
@@ -102,38 +96,47 @@ PropertyWindow::PropertyWindow(PropertyDialog& block, QWidget* parent)
     auto* beside = new QVBoxLayout;
     beside->addWidget(picture_);
     beside->addWidget(results_, 1);
-    auto* upper = new QHBoxLayout;
-    upper->addWidget(list_, 1);
-    upper->addLayout(form_, 2);
-    upper->addLayout(beside, 2);
+    auto* fields = new QVBoxLayout;
+    fields->addLayout(form_);
+    if (rows_) fields->addWidget(rows_, 1);
+    fields->addStretch(0);
+    upper_->addWidget(list_, 2);
+    upper_->addLayout(fields, 3);
+    upper_->addLayout(beside);
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(add_ = MakeButton("IDS_DESKTOP_ADD", &PropertyDialog::Add));
+    buttons->addWidget(copy_ = MakeButton("IDS_DESKTOP_COPY_RECORD", &PropertyDialog::Copy));
     buttons->addWidget(change_ = MakeButton("IDS_DESKTOP_CHANGE", &PropertyDialog::Change));
     buttons->addWidget(delete_ = MakeButton("IDS_DESKTOP_DELETE", &PropertyDialog::Delete));
     buttons->addStretch(1);
-    auto* close = new QPushButton(Word("IDS_DESKTOP_CLOSE"));
-    buttons->addWidget(close);
+    buttons->addWidget(close_ = MakeButton("IDS_DESKTOP_CLOSE"));
     auto* layout = new QVBoxLayout(this);
-    layout->addLayout(upper, 1);
+    layout->addLayout(upper_, 1);
     layout->addWidget(uses_);
     layout->addWidget(message_);
     layout->addLayout(buttons);
-    connect(close, &QPushButton::clicked, this, &QDialog::accept);
+    connect(close_, &QPushButton::clicked, this, &QDialog::accept);
     connect(list_, &QListWidget::currentRowChanged, this, &PropertyWindow::Choose);
     ShowList();
-    ShowFields();
+    ShowFields(TypedText::Replace);
 }
 
-QPushButton* PropertyWindow::MakeButton(std::string_view textKey, Action action) {
+QPushButton* PropertyWindow::MakeButton(std::string_view textKey) {
     auto* button = new QPushButton(Word(textKey));
     // Return ends the editing of a field and presses no button.
     button->setAutoDefault(false);
+    return button;
+}
+
+QPushButton* PropertyWindow::MakeButton(std::string_view textKey, Action action) {
+    QPushButton* button = MakeButton(textKey);
     connect(button, &QPushButton::clicked, this, [this, action] { Run(action); });
     return button;
 }
 
 QWidget* PropertyWindow::EditorOf(int field) const {
-    QLayoutItem* item = field < form_->rowCount() ? form_->itemAt(field, QFormLayout::FieldRole) : nullptr;
+    QLayoutItem* item =
+        field >= 0 && field < form_->rowCount() ? form_->itemAt(field, QFormLayout::FieldRole) : nullptr;
     return item ? item->widget() : nullptr;
 }
 
@@ -141,14 +144,15 @@ void PropertyWindow::Run(Action action) {
     const velda::Outcome outcome = (block_.*action)();
     message_->setText(ToQt(outcome.Reason()));
     ShowList();
-    ShowFields();
+    // A refusal leaves what was typed.
+    ShowFields(outcome ? TypedText::Replace : TypedText::Keep);
 }
 
 void PropertyWindow::Choose(int row) {
     if (showing_ || row < 0) return;
     block_.Select(list_->item(row)->data(Qt::UserRole).toUInt());
     message_->clear();
-    ShowFields();
+    ShowFields(TypedText::Replace);
 }
 
 void PropertyWindow::ShowList() {
@@ -158,21 +162,29 @@ void PropertyWindow::ShowList() {
     fresh->setData(Qt::UserRole, 0u);
     list_->setCurrentItem(fresh);
     for (const PropertyDialog::Item& item : block_.Items()) {
-        auto* line = new QListWidgetItem(QString::number(item.key) + QStringLiteral("  ") + ToQt(item.text), list_);
+        const QString key = block_.ListsKeys() ? QString::number(item.key) + QStringLiteral("  ") : QString();
+        auto* line = new QListWidgetItem(key + ToQt(item.text), list_);
         line->setData(Qt::UserRole, item.key);
         if (item.key == block_.Current()) list_->setCurrentItem(line);
     }
     showing_ = false;
 }
 
-void PropertyWindow::ShowFields() {
+void PropertyWindow::ShowFields(TypedText typedText) {
     const std::vector<PropertyField> fields = block_.Fields();
     showing_ = true;
-    if (NeedOtherEditors(shown_, fields)) MakeEditors(fields);
-    ShowTexts(fields);
+    bool areOthers = NeedOtherEditors(shown_, fields);
+    if (areOthers) MakeEditors(fields);
+    const TypedText inFields = areOthers ? TypedText::Replace : typedText;
+    for (std::size_t at = 0; at < fields.size(); ++at) {
+        ShowInEditor(*EditorOf(static_cast<int>(at)), fields[at], inFields);
+    }
+    if (rows_) areOthers = rows_->ShowRows(typedText) || areOthers;
+    if (areOthers) OrderTabs();
     showing_ = false;
     shown_ = fields;
     const bool exists = block_.Current() != 0;
+    copy_->setEnabled(exists);
     change_->setEnabled(exists);
     delete_->setEnabled(exists);
     const QString uses = ToQt(block_.Uses());
@@ -183,9 +195,12 @@ void PropertyWindow::ShowFields() {
 }
 
 void PropertyWindow::MakeEditors(const std::vector<PropertyField>& fields) {
+    int focused = -1;
     // The editor that reports may be one of those that go.
     while (form_->rowCount() > 0) {
-        const QFormLayout::TakeRowResult row = form_->takeRow(0);
+        const int last = form_->rowCount() - 1;
+        if (EditorOf(last)->hasFocus()) focused = last;
+        const QFormLayout::TakeRowResult row = form_->takeRow(last);
         row.labelItem->widget()->deleteLater();
         row.fieldItem->widget()->hide();
         row.fieldItem->widget()->deleteLater();
@@ -193,31 +208,14 @@ void PropertyWindow::MakeEditors(const std::vector<PropertyField>& fields) {
         delete row.fieldItem;
     }
     for (std::size_t at = 0; at < fields.size(); ++at) {
-        if (fields[at].kind == PropertyField::Kind::Choice) {
-            auto* box = new QComboBox;
-            box->setMaxVisibleItems(20);
-            for (const std::string& choice : fields[at].choices) box->addItem(ToQt(choice));
-            connect(box, &QComboBox::textActivated, this, [this, at](const QString& text) { Type(at, text); });
-            form_->addRow(ToQt(fields[at].label), box);
-        } else {
-            auto* edit = new QLineEdit;
-            if (fields[at].kind == PropertyField::Kind::Number) edit->setAlignment(Qt::AlignRight);
-            connect(edit, &QLineEdit::textEdited, this, [this, at](const QString& text) { Type(at, text); });
-            form_->addRow(ToQt(fields[at].label), edit);
-        }
+        QWidget* editor = MakePropertyEditor(fields[at], [this, at](const QString& text) { Type(at, text); });
+        form_->addRow(ToQt(fields[at].label), editor);
     }
-}
-
-void PropertyWindow::ShowTexts(const std::vector<PropertyField>& fields) {
-    for (std::size_t at = 0; at < fields.size(); ++at) {
-        QWidget* editor = EditorOf(static_cast<int>(at));
-        const QString text = ToQt(fields[at].text);
-        editor->setEnabled(fields[at].enabled);
-        if (auto* box = qobject_cast<QComboBox*>(editor)) box->setCurrentIndex(box->findText(text));
-        auto* edit = qobject_cast<QLineEdit*>(editor);
-        // What the user types stays as he types it.
-        if (edit && !edit->hasFocus() && edit->text() != text) edit->setText(text);
-    }
+    QWidget* editor = EditorOf(focused);
+    if (!editor) return;
+    // A layout shows its widgets later, and what is not shown takes no focus.
+    editor->show();
+    editor->setFocus();
 }
 
 void PropertyWindow::ShowResults() {
@@ -234,14 +232,28 @@ void PropertyWindow::ShowResults() {
     const bool hasPicture = !values.empty() || !parts.empty();
     results_->setVisible(hasPicture);
     picture_->setVisible(hasPicture);
+    upper_->setStretch(upper_->count() - 1, hasPicture ? kPictureStretch : 0);
     picture_->Show(std::move(parts));
+}
+
+void PropertyWindow::OrderTabs() {
+    std::vector<QWidget*> order{list_};
+    for (int at = 0; at < form_->rowCount(); ++at) order.push_back(EditorOf(at));
+    const std::vector<QWidget*> ofRows = rows_ ? rows_->TabOrder() : std::vector<QWidget*>();
+    order.insert(order.end(), ofRows.begin(), ofRows.end());
+    order.insert(order.end(), {results_, add_, copy_, change_, delete_, close_});
+    for (std::size_t at = 1; at < order.size(); ++at) setTabOrder(order[at - 1], order[at]);
 }
 
 void PropertyWindow::Type(std::size_t field, const QString& text) {
     if (showing_) return;
     block_.SetField(field, FromQt(text));
+    AfterTyping();
+}
+
+void PropertyWindow::AfterTyping() {
     message_->clear();
-    ShowFields();
+    ShowFields(TypedText::Keep);
 }
 
 }  // namespace zt

@@ -2,12 +2,13 @@
 
 #include <QDialog>
 #include <QFormLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
 #include <QTableWidget>
 
-#include "zt_cmd/property_dialog.h"
+#include "desktop/host/property_rows.h"
 
 namespace zt {
 
@@ -36,7 +37,10 @@ public:
     QListWidget& List() { return *list_; }
     /// The editor of a field: a line edit or a combo box.
     QWidget* EditorOf(int field) const;
+    /// The rows of the record; null where records hold no list.
+    PropertyRows* Rows() { return rows_; }
     QPushButton& AddButton() { return *add_; }
+    QPushButton& CopyButton() { return *copy_; }
     QPushButton& ChangeButton() { return *change_; }
     QPushButton& DeleteButton() { return *delete_; }
     /// What was refused last; empty after success.
@@ -45,27 +49,34 @@ public:
 private:
     using Action = velda::Outcome (PropertyDialog::*)();
 
+    static QPushButton* MakeButton(std::string_view textKey);
     QPushButton* MakeButton(std::string_view textKey, Action action);
     void Run(Action action);
     void Choose(int row);
     void ShowList();
-    /// Shows the fields: new editors where they are other fields than before, otherwise the texts.
-    void ShowFields();
+    /// Shows fields and rows: new editors where they are others than before, otherwise the texts.
+    void ShowFields(TypedText typedText);
     void MakeEditors(const std::vector<PropertyField>& fields);
-    void ShowTexts(const std::vector<PropertyField>& fields);
     void ShowResults();
+    /// The tab key goes from the list to the fields and the rows, and then to the buttons.
+    void OrderTabs();
     void Type(std::size_t field, const QString& text);
+    void AfterTyping();
 
     PropertyDialog& block_;
+    QHBoxLayout* upper_;  ///< the list, the fields, and what follows from them
     QListWidget* list_;
     QFormLayout* form_;
+    PropertyRows* rows_;
     SectionPicture* picture_;
     QTableWidget* results_;
     QLabel* uses_;
     QLabel* message_;
     QPushButton* add_ = nullptr;
+    QPushButton* copy_ = nullptr;
     QPushButton* change_ = nullptr;
     QPushButton* delete_ = nullptr;
+    QPushButton* close_ = nullptr;
     std::vector<PropertyField> shown_;
     bool showing_ = false;  ///< editors take texts over and report nothing
 };

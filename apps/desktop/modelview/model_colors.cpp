@@ -25,12 +25,16 @@ ModelColors ModelColors::Of(const QPalette& palette) {
     if (grid.dark) {
         colors.node = "#aab1bb";
         colors.support = "#8fbf9f";
+        colors.force = "#ff8f86";
+        colors.moment = "#d59bf0";
         colors.highlighted = "#ff9f43";
         colors.axes = {"#e06c6c", "#6fbf73", "#6ea8e8"};
         colors.kinds = {"#8fa8c8", "#6fb7a8", "#c79bd1", "#b0957a", "#8c98a8", "#8c98a8", "#9a9a9a"};
     } else {
         colors.node = "#5a6470";
         colors.support = "#3f7d55";
+        colors.force = "#c62828";
+        colors.moment = "#8e24aa";
         colors.highlighted = "#e8710a";
         colors.axes = {"#c93c3c", "#3a8f40", "#2f6fc0"};
         colors.kinds = {"#3d5a80", "#2a8276", "#8e5a9e", "#a07a52", "#7d8a9c", "#7d8a9c", "#767676"};

@@ -15,6 +15,8 @@ struct ModelColors {
     QColor faint;  ///< levels, frames
     QColor node;
     QColor support;
+    QColor force;
+    QColor moment;
     QColor selected;
     QColor highlighted;
     std::array<QColor, 3> axes;

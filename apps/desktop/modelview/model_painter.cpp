@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "desktop/grid/qt_text.h"
+#include "desktop/modelview/drawing.h"
 
 namespace zt {
 namespace {
@@ -21,18 +22,9 @@ constexpr float kMarkedCover = 0.4F;
 constexpr float kFrameCover = 0.55F;
 constexpr double kNodeSize = 4.0;
 constexpr double kMarkedNodeSize = 8.0;
-constexpr double kSupportSize = 9.0;
 constexpr double kAxisLength = 26.0;
-constexpr double kCornerRoom = 14.0;
 /// The least width and height of a pane with axes and legend.
 constexpr double kLeastPane = 220.0;
-
-QPointF ToQt(Point2 point) { return {point.x, point.y}; }
-
-QColor WithCover(QColor color, float cover) {
-    color.setAlphaF(cover);
-    return color;
-}
 
 std::size_t LinesOf(const ScenePicture& picture) {
     std::size_t count = 0;
@@ -68,13 +60,16 @@ ModelPainter::ModelPainter(QImage& image, const QFont& font, const ModelColors& 
 
 void ModelPainter::PaintBuilding(const ModelView& view, bool isMoving) {
     const SceneProjection projection(view.Scene(), view.View());
-    const ScenePicture picture(projection, PictureDetail::Of(view.Scene(), isMoving));
+    PictureDetail detail = PictureDetail::Of(view.Scene(), isMoving);
+    detail.supports = view.ShowsSupports();
+    const ScenePicture picture(projection, detail);
     isDense_ = LinesOf(picture) > kManyLines;
     isMoving_ = isMoving;
     PaintLevels(picture.Levels());
     for (const PictureSlice& slice : picture.Slices()) PaintSlice(picture, slice);
     PaintSupports(picture.Supports());
     PaintNodes(picture.Nodes(), colors_.node, kNodeSize);
+    if (view.Loads().LoadCase() != 0) PaintLoads(projection, view);
 }
 
 void ModelPainter::PaintMarks(const ModelView& view) {
@@ -86,6 +81,7 @@ void ModelPainter::PaintMarks(const ModelView& view) {
     if (view.View().Width() < kLeastPane || view.View().Height() < kLeastPane) return;
     PaintAxes(view.View());
     PaintLegend(view.Scene(), view.View());
+    if (view.Loads().LoadCase() != 0) PaintLoadLegend(view);
 }
 
 void ModelPainter::PaintSlice(const ScenePicture& picture, const PictureSlice& slice) {
@@ -146,20 +142,15 @@ void ModelPainter::PaintNodes(const std::vector<Point2>& nodes, const QColor& co
     painter_.drawPoints(points);
 }
 
-// A node that is held against turning too stands on a block, one that may turn on a triangle, one on springs on a ring.
-void ModelPainter::PaintSupports(const std::vector<SupportMark>& supports) {
-    constexpr double half = 0.5 * kSupportSize;
+void ModelPainter::PaintSupports(const SupportSymbols& supports) {
     painter_.setPen(QPen(colors_.support, 1.2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter_.setBrush(WithCover(colors_.support, 0.25F));
-    for (const SupportMark& mark : supports) {
-        const QPointF at = ToQt(mark.place);
-        if (mark.support.isSpring) {
-            painter_.drawEllipse(at + QPointF(0.0, half), half, half);
-        } else if (mark.support.holdsTurn) {
-            painter_.drawRect(QRectF(at.x() - half, at.y(), kSupportSize, 0.7 * kSupportSize));
-        } else if (mark.support.holdsMovement) {
-            painter_.drawPolygon(QPolygonF({at, at + QPointF(-half, kSupportSize), at + QPointF(half, kSupportSize)}));
-        }
+    for (const LineStroke& line : supports.lines) painter_.drawLine(ToQt(line.from), ToQt(line.to));
+    painter_.setBrush(WithCover(colors_.support, 0.45F));
+    for (const Rect2& plate : supports.plates) {
+        painter_.drawRect(QRectF(QPointF(plate.left, plate.top), QPointF(plate.right, plate.bottom)));
+    }
+    for (const auto& [top, left, right] : supports.triangles) {
+        painter_.drawPolygon(QPolygonF({ToQt(top), ToQt(left), ToQt(right)}));
     }
 }
 

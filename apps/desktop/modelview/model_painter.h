@@ -4,6 +4,7 @@
 #include <QPainter>
 
 #include "desktop/modelview/model_colors.h"
+#include "zt_tb/modelview/load_picture.h"
 #include "zt_tb/modelview/model_mouse.h"
 #include "zt_tb/modelview/scene_picture.h"
 
@@ -14,9 +15,9 @@ class ModelPainter {
 public:
     ModelPainter(QImage& image, const QFont& font, const ModelColors& colors);
 
-    /// Draws the building with its levels.
+    /// Draws the building with its levels, supports and loads.
     void PaintBuilding(const ModelView& view, bool isMoving);
-    /// Draws over it what is highlighted and selected, axes and legend.
+    /// Draws over it what is highlighted and selected, axes and legends.
     void PaintMarks(const ModelView& view);
     /// Draws a band over the picture.
     static void PaintBand(QPainter& painter, const SelectionBand& band, const ModelColors& colors);
@@ -26,7 +27,12 @@ private:
     void PaintFace(const ScenePicture& picture, const FaceShape& face, const QBrush& brush);
     void PaintLines(const std::vector<LineStroke>& lines, const QColor& color, double width);
     void PaintNodes(const std::vector<Point2>& nodes, const QColor& color, double size);
-    void PaintSupports(const std::vector<SupportMark>& supports);
+    void PaintSupports(const SupportSymbols& supports);
+    void PaintLoads(const SceneProjection& projection, const ModelView& view);
+    void PaintShapes(const LoadShapes& shapes, const QColor& color);
+    void PaintLabels(const std::vector<LoadLabel>& labels);
+    void PaintLoadLegend(const ModelView& view);
+    void PaintSelfWeight(const Camera& camera, const Vec3& factors, const QPointF& place);
     void PaintLevels(const std::vector<LevelMark>& levels);
     void PaintMarked(ScenePicture& picture, const PickedKeys& keys, const QColor& color);
     void PaintAxes(const Camera& camera);

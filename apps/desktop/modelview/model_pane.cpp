@@ -1,5 +1,6 @@
 #include "desktop/modelview/model_pane.h"
 
+#include <QHBoxLayout>
 #include <QSettings>
 #include <QVBoxLayout>
 
@@ -9,6 +10,8 @@
 namespace zt {
 namespace {
 
+constexpr int kRowMargin = 4;
+constexpr int kNameLength = 12;  ///< characters of a load case that are seen in any case
 const QString kShown = QStringLiteral("window/model");
 
 }  // namespace
@@ -32,6 +35,7 @@ ModelPane::ModelPane(QMainWindow& window) : QDockWidget(&window), widget_(new Mo
         if (shown) Open();
     });
     layout->addWidget(tools_);
+    layout->addWidget(MakeChoices());
     layout->addWidget(widget_, 1);
     setWidget(content);
     window.addDockWidget(Qt::RightDockWidgetArea, this);
@@ -40,7 +44,34 @@ ModelPane::ModelPane(QMainWindow& window) : QDockWidget(&window), widget_(new Mo
 }
 
 // The window of the view goes before the view.
-ModelPane::~ModelPane() { delete widget_; }
+ModelPane::~ModelPane() {
+    view_.onLoadCases = nullptr;
+    delete widget_;
+}
+
+QWidget* ModelPane::MakeChoices() {
+    auto* row = new QWidget;
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(kRowMargin, 0, kRowMargin, kRowMargin);
+    loads_ = new QComboBox;
+    loads_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    loads_->setMinimumContentsLength(kNameLength);
+    supports_ = new QCheckBox;
+    supports_->setChecked(view_.ShowsSupports());
+    layout->addWidget(loads_, 1);
+    layout->addWidget(supports_);
+    connect(loads_, &QComboBox::activated, this, [this] { view_.ShowLoads(loads_->currentData().toUInt()); });
+    connect(supports_, &QCheckBox::toggled, this, [this](bool on) { view_.ShowSupports(on); });
+    view_.onLoadCases = [this] { ShowLoadCases(); };
+    return row;
+}
+
+void ModelPane::ShowLoadCases() {
+    loads_->clear();
+    loads_->addItem(Word("IDS_DESKTOP_MODEL_NO_LOADS"), 0U);
+    for (const LoadCaseName& loadCase : view_.LoadCases()) loads_->addItem(ToQt(loadCase.name), loadCase.key);
+    loads_->setCurrentIndex(std::max(loads_->findData(view_.Loads().LoadCase()), 0));
+}
 
 void ModelPane::ShowDocument(CDBDoc* doc) {
     view_.SetDocument(doc);
@@ -62,6 +93,10 @@ void ModelPane::ShowTexts() {
     setWindowTitle(Word("IDS_DESKTOP_MODEL"));
     bands_->setText(Word("IDS_DESKTOP_MODEL_BANDS"));
     bands_->setToolTip(Word("IDS_DESKTOP_MODEL_BANDS"));
+    loads_->setToolTip(Word("IDS_DESKTOP_MODEL_LOADS"));
+    loads_->setAccessibleName(loads_->toolTip());
+    supports_->setText(Word("IDS_DESKTOP_MODEL_SUPPORTS"));
+    ShowLoadCases();
     view_.Refresh();
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QCheckBox>
+#include <QComboBox>
 #include <QDockWidget>
 #include <QMainWindow>
 #include <QToolBar>
@@ -8,7 +10,7 @@
 
 namespace zt {
 
-/// The pane of the main window that draws the model, with its commands at the top.
+/// The pane of the main window that draws the model, with its commands and the choice of what is drawn at the top.
 class ModelPane : public QDockWidget {
     Q_OBJECT
 
@@ -21,6 +23,9 @@ public:
     ModelWidget& Widget() { return *widget_; }
     /// The tool bar of the pane, which takes the commands of the model view.
     QToolBar& Tools() { return *tools_; }
+    /// Chooses the load case whose loads are drawn; its item data are keys, 0 for none.
+    QComboBox& Loads() { return *loads_; }
+    QCheckBox& Supports() { return *supports_; }
     /// Shows a document; null for none. The pane comes up with a model that has nodes, unless the user has closed it.
     void ShowDocument(CDBDoc* doc);
     /// Shows the pane as the user wants it.
@@ -33,10 +38,15 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    QWidget* MakeChoices();
+    void ShowLoadCases();
+
     ModelView view_;
     ModelWidget* widget_ = nullptr;
     QToolBar* tools_ = nullptr;
     QAction* bands_ = nullptr;
+    QComboBox* loads_ = nullptr;
+    QCheckBox* supports_ = nullptr;
 };
 
 }  // namespace zt

@@ -21,8 +21,12 @@
 #include "velda_base/host/headless_host.h"
 #include "velda_lib/language.h"
 #include "velda_util/pref/table_registry.h"
+#include "zt_db/records/lnld.h"
 #include "zt_db/records/matl.h"
+#include "zt_db/records/ptld.h"
+#include "zt_db/records/sbla.h"
 #include "zt_db/records/sect.h"
+#include "zt_db/records/swgt.h"
 #include "zt_db/records/thik.h"
 #include "zt_db/sample/sample_building.h"
 #include "zt_tb/core/tb_print_preview.h"
@@ -158,7 +162,8 @@ void TourEditing(Album& album) {
     });
     for (const auto& [name, dialog] :
          {std::pair("dialog-materials", "CModelPropMatlDlg"), std::pair("dialog-sections", "CCMSectItemDlg"),
-          std::pair("dialog-thicknesses", "CModelPropThikDlg")}) {
+          std::pair("dialog-thicknesses", "CModelPropThikDlg"), std::pair("dialog-load-cases", "LoadCaseDialog"),
+          std::pair("dialog-load-combinations", "LoadCombinationDialog")}) {
         AddDialog(album, name, [&] { velda::ICmdDialog::Instance()->DoModal3(dialog, 1, nullptr, nullptr); });
     }
     stage.window->ToggleFilter();
@@ -221,6 +226,55 @@ void TourBuilding(Album& album) {
     album.Add("building-elevation", window.Model());
     view.Show(StandardView::Plan);
     album.Add("building-plan", window.Model());
+}
+
+/// Loads of all kinds on the small sample: dead loads on a beam and a slab, wind on nodes and a column.
+void AddFrameLoads(CDataBase& database) {
+    constexpr std::uint32_t dead = 1;
+    constexpr std::uint32_t wind = 3;
+    constexpr std::uint32_t column = 1;
+    constexpr std::uint32_t beam = 2;
+    constexpr std::uint32_t slab = 4;
+    T_LNLD_D single{.memb = beam, .stld = dead, .type = LoadType::ConcentratedForces, .x = {0.33, 0.67}};
+    single.p = {-30.0, -20.0};
+    database.GetClass<CClassLnld>()->TR_Add(100, single);
+    database.GetClass<CClassSwgt>()->TR_Add(1, {.stld = dead, .z = -1.0});
+    database.GetClass<CClassSltp>()->TR_Add(1, {.dl = 1.5, .ll = 2.5});
+    database.GetClass<CClassSbla>()->TR_Add(slab, {.type = 1, .dl = 1.5, .ll = 2.5});
+    for (const std::uint32_t node : {5U, 7U}) {
+        database.GetClass<CClassPtld>()->TR_Add(node, {.node = node, .stld = wind, .fx = 25.0});
+        database.GetClass<CClassPtld>()->TR_Add(node + 4, {.node = node + 4, .stld = wind, .fx = 40.0});
+    }
+    database.GetClass<CClassPtld>()->TR_Add(1, {.node = 6, .stld = wind, .my = 15.0});
+    T_CMLD_D pressure{.memb = column, .stld = wind, .direction = LoadDirection::GlobalX, .x = {0.0, 1.0}};
+    pressure.p = {12.0, 4.0};
+    database.GetClass<CClassCmld>()->TR_Add(1, pressure);
+}
+
+/// Supports and loads: those of a small frame by cases, and the beam loads of the building.
+void TourLoads(Album& album) {
+    const Stage stage(kUsualRows, {1300, 720});
+    {
+        MainWindow& window = *stage.window;
+        window.Model().View().ShowLoads(1);
+        album.Add("building-loads", window);
+    }
+    auto doc = CDBDoc::New();
+    CDataBase& database = *doc->GetMDBCtrl()->GetCurrentDB();
+    if (BuildSample(database, "small")) AddFrameLoads(database);
+    MainWindow window(std::move(doc));
+    window.resize({1300, 720});
+    window.show();
+    for (const auto& [name, loadCase] :
+         {std::pair("frame-dead-loads", 1U), std::pair("frame-live-loads", 2U), std::pair("frame-wind-loads", 3U)}) {
+        window.Model().View().ShowLoads(loadCase);
+        album.Add(name, window.Model());
+    }
+    for (const auto& [name, kind] : {std::pair("supports", kTableSpts), std::pair("nodal-loads", kTablePtld),
+                                     std::pair("beam-loads", kTableBeamld), std::pair("slab-loads", kTableSbla)}) {
+        window.OpenTable({.kind = kind});
+        album.Add(name, window);
+    }
 }
 
 /// Materials of all types, and sections of all kinds of shapes.
@@ -341,6 +395,7 @@ bool TakeTour(QApplication& application, const QString& folder) {
             TourSizes(album);
             TourModel(album);
             TourBuilding(album);
+            TourLoads(album);
             TourProperties(album);
             TourPaperAndGraphs(album);
             isWhole = isWhole && album.IsWhole();

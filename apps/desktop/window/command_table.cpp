@@ -1,6 +1,9 @@
 #include "desktop/window/command_table.h"
 
 #include "desktop/window/main_window.h"
+#include "zt_cmd/load_case_dialog.h"
+#include "zt_cmd/load_combination_dialog.h"
+#include "zt_cmd/load_type_dialogs.h"
 #include "zt_cmd/matl_dialog.h"
 #include "zt_cmd/sect_dialog.h"
 #include "zt_cmd/thik_dialog.h"
@@ -88,6 +91,17 @@ constexpr WindowCommand kCommands[] = {
     {"unlock", M::Table, "IDS_DESKTOP_UNLOCK", "", "", kNoBar, kEnd, kRun<CommandId::UnlockColumns>,
      kCan<CommandId::UnlockColumns>},
     {"graph", M::Table, "IDS_DESKTOP_GRAPH", "", "graph", kBar, kGoOn, kRun<CommandId::Graph>, kCan<CommandId::Graph>},
+
+    {"load-cases", M::Load, "IDS_DESKTOP_DIALOG_STLD", "", "", kNoBar, kGoOn, &W::OpenDialog<LoadCaseDialog>,
+     &W::Always},
+    {"load-combinations", M::Load, "IDS_DESKTOP_DIALOG_LCOM", "", "", kNoBar, kEnd,
+     &W::OpenDialog<LoadCombinationDialog>, &W::Always},
+    {"beam-load-types", M::Load, "IDS_DESKTOP_DIALOG_BLTP", "", "", kNoBar, kGoOn, &W::OpenDialog<BeamLoadTypeDialog>,
+     &W::Always},
+    {"wall-load-types", M::Load, "IDS_DESKTOP_DIALOG_BWTP", "", "", kNoBar, kGoOn, &W::OpenDialog<WallLoadTypeDialog>,
+     &W::Always},
+    {"slab-load-types", M::Load, "IDS_DESKTOP_DIALOG_SLTP", "", "", kNoBar, kGoOn, &W::OpenDialog<SlabLoadTypeDialog>,
+     &W::Always},
 };
 
 }  // namespace
@@ -96,7 +110,7 @@ std::span<const WindowCommand> WindowCommands() { return kCommands; }
 
 std::string_view MenuTextKey(CommandMenu menu) {
     constexpr std::string_view kKeys[] = {"IDS_DESKTOP_MENU_FILE", "IDS_DESKTOP_MENU_EDIT", "IDS_DESKTOP_MENU_VIEW",
-                                          "IDS_DESKTOP_MENU_TABLE"};
+                                          "IDS_DESKTOP_MENU_TABLE", "IDS_DESKTOP_MENU_LOAD"};
     return kKeys[static_cast<int>(menu)];
 }
 

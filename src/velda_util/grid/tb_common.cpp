@@ -82,12 +82,16 @@ CTBCommon::RowTexts CTBCommon::GridTextsOf(int row) const {
 }
 
 bool CTBCommon::OnValidateField(int row, int col) {
+    checkedRow_ = row;
     std::string text = GetLiveText(row, col);
     ReadChoice(row, col, text);
     return text.empty() || ValidateColumn(text, IdOfColumn(col)) != 0;
 }
 
-bool CTBCommon::OnValidateRecord(int row) { return ValidateRowComplete(GridTextsOf(row), CurrentColumnMap()) != 0; }
+bool CTBCommon::OnValidateRecord(int row) {
+    checkedRow_ = row;
+    return ValidateRowComplete(GridTextsOf(row), CurrentColumnMap()) != 0;
+}
 
 bool CTBCommon::OnDeleteRecords(const std::vector<int>& rows) {
     return rows.size() == 1 ? OnDeleteRecord(rows.front()) : DeleteRecords(rows) != 0;

@@ -115,6 +115,13 @@ protected:
     /// Whether other texts of a row decide what may stand in its cell of this column. A change of many cells may give
     /// the cell any text then; AdjustGivenTexts takes it or leaves it.
     virtual bool DependsOnRow(ColumnId /*column*/) const { return false; }
+    /// Whether other texts of a row decide if its cell of this column can be entered. A change of many cells gives it
+    /// any text of its list then; AdjustGivenTexts takes it or leaves it.
+    virtual bool MayBeEnabledByRow(ColumnId /*column*/) const { return false; }
+    /// Whether the table was filled with all its records, not with those of a key list.
+    bool ShowsAll() const { return showsAll_; }
+    /// The row that is being checked; 0 for one that will be added by a change of many cells.
+    int CheckedRow() const { return checkedRow_; }
     /// Whether the text in such a column is among the choices that its row has; texts by grid column.
     virtual bool IsChoiceOfRow(ColumnId /*column*/, const RowTexts& /*texts*/) const { return true; }
     /// Several transactions as one step of the undo history.
@@ -143,6 +150,7 @@ private:
     bool HasOneRange();
 
     bool showsAll_ = true;
+    int checkedRow_ = 0;
     std::optional<Keys> waitingFilter_;  ///< of FilterRecord, until the open row is closed
 };
 

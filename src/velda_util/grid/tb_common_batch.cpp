@@ -46,7 +46,8 @@ CellAccess CTBCommon::AccessOf(int row, int col) const {
 
 CellAccess CTBCommon::PlannedAccessOf(int row, int col) const {
     const ColumnId column = IdOfColumn(col);
-    return DependsOnRow(column) && !columns_.IsLocked(column) ? CellAccess::Editable : AccessOf(row, col);
+    const bool byRow = DependsOnRow(column) || MayBeEnabledByRow(column);
+    return byRow && !columns_.IsLocked(column) ? CellAccess::Editable : AccessOf(row, col);
 }
 
 PlanTarget CTBCommon::PlanTargetNow() const {
@@ -69,7 +70,8 @@ CTBCommon::RowTexts CTBCommon::TextsToChange(int row, bool adds, std::int64_t ne
         if (!adds) {
             texts.push_back(GetValueRowCol(row, col));
         } else {
-            texts.push_back(id == GetKeyColID() ? FormatLong(newKey) : GetDefaultCellText(id));
+            const bool isKey = id == GetKeyColID() && newKey != 0;
+            texts.push_back(isKey ? FormatLong(newKey) : GetDefaultCellText(id));
         }
     }
     return texts;
@@ -78,6 +80,7 @@ CTBCommon::RowTexts CTBCommon::TextsToChange(int row, bool adds, std::int64_t ne
 void CTBCommon::CheckRow(const ChangePlan& plan, const PlannedRow& row, Batch& batch) {
     const bool adds = row.target == kNewRow;
     const int place = adds ? GetRowCount() : row.target;
+    checkedRow_ = adds ? 0 : row.target;
     while (adds && RecordExists(static_cast<std::uint32_t>(batch.nextKey))) ++batch.nextKey;
     const RowTexts before = TextsToChange(place, adds, batch.nextKey);
     RowTexts texts = before;

@@ -164,7 +164,16 @@ std::optional<std::size_t> ChoiceList::IndexOfTyped(std::string_view typed, std:
     return FirstWithPrefix(std::string_view(folded).substr(0, first), behind);
 }
 
+bool ChoiceList::HoldsFlags() const { return !IsEmpty() && Line(0).empty(); }
+
 std::string ChoiceList::JoinedText(std::span<const std::size_t> lines) const {
+    if (HoldsFlags()) {
+        std::string flags(Count() - 1, '0');
+        for (const std::size_t line : lines) {
+            if (line > 0) flags.at(line - 1) = '1';
+        }
+        return flags;
+    }
     std::vector<std::size_t> chosen(lines.begin(), lines.end());
     std::sort(chosen.begin(), chosen.end());
     chosen.erase(std::unique(chosen.begin(), chosen.end()), chosen.end());
@@ -194,7 +203,20 @@ ChoiceList::Chosen ChoiceList::FirstChosen(std::string_view joined, std::size_t 
     return chosen;
 }
 
+Outcome ChoiceList::ReadFlags(std::string_view flags, std::vector<std::size_t>& lines) const {
+    const std::size_t count = Count() - 1;
+    if (flags.size() > count) return Outcome::Refused(FormatText("IDS_TB_ENGINE_NOT_IN_LIST", {flags}));
+    lines.clear();
+    for (std::size_t i = 0; i < flags.size(); ++i) {
+        if (flags[i] != '0') lines.push_back(count - flags.size() + i + 1);
+    }
+    return Outcome::Done();
+}
+
 Outcome ChoiceList::ReadJoinedText(std::string_view joined, std::vector<std::size_t>& lines) const {
+    if (HoldsFlags() && joined.find_first_not_of("0123456789") == std::string_view::npos) {
+        return ReadFlags(joined, lines);
+    }
     const std::size_t longest = LongestText();
     std::vector<std::size_t> read;
     while (!joined.empty()) {

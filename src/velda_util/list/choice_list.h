@@ -51,11 +51,16 @@ public:
     /// begins anew.
     std::optional<std::size_t> IndexOfTyped(std::string_view typed, std::optional<std::size_t> current) const;
 
-    /// The value of a check list: the texts of the chosen lines, in the order of the list, each once, joined by ",".
+    /// Whether the list begins with an empty line: a check list then holds flags, one character for each line behind
+    /// the empty one, '1' chosen and '0' not.
+    bool HoldsFlags() const;
+    /// The value of a check list: its flags, or the texts of the chosen lines, in the order of the list, each once,
+    /// joined by ",".
     std::string JoinedText(std::span<const std::size_t> lines) const;
     /// The lines of such a value, ascending; blanks around a text and empty texts do not count. Where a text of the
-    /// list holds a comma, the longest text that fits counts. Refused, with `lines` left alone, for a text that is not
-    /// in the list.
+    /// list holds a comma, the longest text that fits counts. Flags can be read from digits too; digits that are
+    /// missing in front are 0. Refused, with `lines` left alone, for a text that is not in the list, and for too many
+    /// flags.
     Outcome ReadJoinedText(std::string_view joined, std::vector<std::size_t>& lines) const;
 
     /// Whether both are copies of one list.
@@ -75,6 +80,7 @@ private:
     };
     Chosen FirstChosen(std::string_view joined, std::size_t longest) const;
     std::size_t LongestText() const;
+    Outcome ReadFlags(std::string_view flags, std::vector<std::size_t>& lines) const;
 
     std::shared_ptr<const Data> data_;
 };

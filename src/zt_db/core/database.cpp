@@ -49,11 +49,14 @@ int DB_CDataBase::FindClass(std::string_view mnemonic) const {
 }
 
 std::string DB_CDataBase::RecordLabel(std::uint16_t classIndex, std::uint32_t key) const {
+    return StoreAt(classIndex).DisplayName() + " " + velda::FormatLong(NumberInLabel(classIndex, key));
+}
+
+std::uint32_t DB_CDataBase::NumberInLabel(std::uint16_t classIndex, std::uint32_t key) const {
     const RecordStoreBase& store = StoreAt(classIndex);
     const RecordIdentity* keyClass = store.ForeignKeyClass();
     const RecordStoreBase& keys = keyClass ? StoreAt(static_cast<std::uint16_t>(keyClass->index)) : store;
-    const std::uint32_t number = keys.HasNumbers() && keys.Exists(key) ? keys.NumberOfKey(key) : key;
-    return store.DisplayName() + " " + velda::FormatLong(number);
+    return keys.HasNumbers() && keys.Exists(key) ? keys.NumberOfKey(key) : key;
 }
 
 // ---- transactions ----

@@ -88,6 +88,8 @@ public:
     /// How a user knows a record: its class and its number, that of the record under whose key it stands, or its key in
     /// classes without numbers.
     std::string RecordLabel(std::uint16_t classIndex, std::uint32_t key) const;
+    /// The number in that label.
+    std::uint32_t NumberInLabel(std::uint16_t classIndex, std::uint32_t key) const;
 
 private:
     class TellGuard;

@@ -29,6 +29,7 @@ struct Reference {
     IfGone ifGone = IfGone::Refuse;
     /// Kept beside the addresses: under the sanitizers a comparison of addresses is no constant expression.
     bool isSet = false;
+    bool isNeeded = false;  ///< a record cannot do without one: 0 is refused
 
     constexpr bool IsSet() const { return isSet; }
     const RecordIdentity* TargetOf(const Owner& owner) const { return select ? select(owner) : target; }
@@ -125,6 +126,11 @@ constexpr Field<Owner, std::uint32_t> Number(const char* name, std::uint32_t Own
 template <class Target, class Owner, class Member>
 constexpr Field<Owner, Member> Refers(const char* name, Member Owner::*member, IfGone ifGone) {
     return {name, member, {}, {&IdentityOf<Target>::value, nullptr, ifGone, true}};
+}
+/// A key that must not be 0.
+template <class Target, class Owner>
+constexpr Field<Owner, std::uint32_t> Needs(const char* name, std::uint32_t Owner::*member, IfGone ifGone) {
+    return {name, member, {}, {&IdentityOf<Target>::value, nullptr, ifGone, true, true}};
 }
 /// A key, or a list of keys, of records of a class that depends on the owner's content.
 template <class Owner, class Member>
@@ -299,6 +305,12 @@ template <class R>
 constexpr bool HasNumber() {
     return AnyField<R>([](const auto& field) { return field.isNumber; });
 }
+
+/// Whether the records of a type have names.
+template <class R>
+concept HasName = requires(const R& record) {
+    { record.name } -> std::convertible_to<const std::string&>;
+};
 
 /// Whether the records of a type stand under the keys of records of another class.
 template <class R>

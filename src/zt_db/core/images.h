@@ -122,6 +122,8 @@ public:
     virtual bool Equal(std::uint32_t a, std::uint32_t b) const = 0;
     /// Column of the first number that is not finite, or -1.
     virtual int FirstNotFinite(std::uint32_t index) const = 0;
+    /// The class of the first record that one needs and does not name; null when there is none.
+    virtual const RecordIdentity* FirstMissing(std::uint32_t index) const = 0;
 
     /// Visits the references that the record has under `key`.
     virtual void ForEachReference(std::uint32_t index, std::uint32_t key, const ReferenceVisitor& visit) const = 0;
@@ -198,6 +200,17 @@ public:
             ++column;
         });
         return found;
+    }
+
+    const RecordIdentity* FirstMissing(std::uint32_t index) const override {
+        const RecordIdentity* missing = nullptr;
+        VisitFields(records[index], [&](auto tag, const auto& owner) {
+            constexpr const auto& field = decltype(tag)::value;
+            if constexpr (field.reference.isNeeded) {
+                if (!missing && owner.*(field.member) == 0) missing = field.reference.target;
+            }
+        });
+        return missing;
     }
 
     void ForEachReference(std::uint32_t index, std::uint32_t key, const ReferenceVisitor& visit) const override {

@@ -1,5 +1,7 @@
 #include "zt_db/core/plan.h"
 
+#include <algorithm>
+
 #include "velda_lib/msg_dll.h"
 #include "velda_lib/number_text.h"
 #include "zt_db/core/database.h"
@@ -66,6 +68,10 @@ public:
     /// Brings the records to SI units; refuses a value that is no finite number.
     Outcome Convert(ImageList& records, const Keys& keys) {
         for (std::uint32_t i = 0; i < keys.size(); ++i) {
+            if (const RecordIdentity* missing = records.FirstMissing(i)) {
+                return Outcome::Refused(FormatText(
+                    "IDS_DB_REASON_NEEDS", {store_.DisplayName(), database_.StoreAt(IndexOf(*missing)).DisplayName()}));
+            }
             records.ToBase(i, database_.Units());
             const int column = records.FirstNotFinite(i);
             if (column < 0) continue;
@@ -78,7 +84,9 @@ public:
 
 private:
     Outcome Refuse(std::string_view textKey, std::uint32_t key) const {
-        return Outcome::Refused(FormatText(textKey, {store_.DisplayName(), velda::FormatLong(key)}));
+        const auto ownClass = IndexOf(store_.Identity());
+        const std::uint32_t number = store_.ForeignKeyClass() ? database_.NumberInLabel(ownClass, key) : key;
+        return Outcome::Refused(FormatText(textKey, {store_.DisplayName(), velda::FormatLong(number)}));
     }
     Outcome RefuseNumber(std::uint32_t number) const { return Refuse("IDS_DB_REASON_NUMBER_TAKEN", number); }
 
@@ -250,6 +258,16 @@ void FollowKeys(const DB_CDataBase& database, std::uint16_t classIndex, const Ke
     }
 }
 
+/// A ring of records by their names, or by their keys where they have none: "A > B > A".
+std::string RingText(const RecordStoreBase& store, const Keys& ring) {
+    std::string text;
+    for (const std::uint32_t key : ring) {
+        const std::string name = store.NameOfKey(key);
+        text += (text.empty() ? "" : " > ") + (name.empty() ? velda::FormatLong(key) : name);
+    }
+    return text;
+}
+
 }  // namespace
 
 Outcome PlanAdd(const DB_CDataBase& database, std::uint16_t classIndex, const Keys& keys,
@@ -312,20 +330,27 @@ Outcome PlanModify(const DB_CDataBase& database, std::uint16_t classIndex, const
     return Outcome::Done();
 }
 
-bool ContainsItself(const RecordStoreBase& store, std::uint32_t start) {
-    FlatIndex seen;
-    Keys open{start};
-    bool found = false;
-    while (!open.empty() && !found) {
-        const std::uint32_t key = open.back();
-        open.pop_back();
+Keys RingOf(const RecordStoreBase& store, std::uint32_t start) {
+    FlatIndex ways;  // each key that was reached, and the one before it
+    Keys reached{start};
+    std::uint32_t last = 0;
+    for (std::size_t at = 0; at < reached.size() && last == 0; ++at) {
+        const std::uint32_t key = reached[at];
         store.ForEachReferenceOf(key, [&](const RecordIdentity& target, std::uint32_t next, IfGone) {
-            if (&target != &store.Identity()) return;
-            found = found || next == start;
-            if (store.Exists(next) && seen.Put(next, 0)) open.push_back(next);
+            if (&target != &store.Identity() || last != 0) return;
+            if (next == start) last = key;
+            if (next != start && store.Exists(next) && !ways.Contains(next)) {
+                ways.Put(next, key);
+                reached.push_back(next);
+            }
         });
     }
-    return found;
+    if (last == 0) return {};
+    Keys ring{start};
+    for (std::uint32_t key = last; key != start; key = ways.Find(key)) ring.push_back(key);
+    ring.push_back(start);
+    std::reverse(ring.begin(), ring.end());
+    return ring;
 }
 
 Outcome CheckReferences(const DB_CDataBase& database, const Batch& batch) {
@@ -344,9 +369,10 @@ Outcome CheckReferences(const DB_CDataBase& database, const Batch& batch) {
                                                       {database.RecordLabel(change.classIndex, change.after.key),
                                                        targets.DisplayName(), velda::FormatLong(key)});
                               });
-        if (reason.empty() && ownClass && ContainsItself(store, change.after.key)) {
+        const Keys ring = reason.empty() && ownClass ? RingOf(store, change.after.key) : Keys();
+        if (!ring.empty()) {
             reason = FormatText("IDS_DB_REASON_CONTAINS_ITSELF",
-                                {database.RecordLabel(change.classIndex, change.after.key)});
+                                {database.RecordLabel(change.classIndex, change.after.key), RingText(store, ring)});
         }
         if (!reason.empty()) return Outcome::Refused(reason);
     }

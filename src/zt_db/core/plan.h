@@ -33,7 +33,8 @@ velda::Outcome PlanModify(const DB_CDataBase& database, std::uint16_t classIndex
 /// contains itself. For a batch that has been applied.
 velda::Outcome CheckReferences(const DB_CDataBase& database, const Batch& batch);
 
-/// Whether a record reaches itself through references to its own class.
-bool ContainsItself(const RecordStoreBase& store, std::uint32_t key);
+/// The shortest way on which a record reaches itself through references to its own class: its key, those between, and
+/// its key again. Empty when it does not.
+std::vector<std::uint32_t> RingOf(const RecordStoreBase& store, std::uint32_t key);
 
 }  // namespace zt

@@ -35,6 +35,8 @@ public:
     std::uint32_t NewNumber() const;
     virtual std::uint32_t NumberOfKey(std::uint32_t key) const = 0;
     virtual bool HasNumbers() const = 0;
+    /// The name of a record; empty where its class has no names. The key must exist.
+    virtual std::string NameOfKey(std::uint32_t key) const = 0;
     /// Keys of records whose number another record has as well: all of those but one. For content that comes from
     /// outside.
     std::vector<std::uint32_t> KeysWithTakenNumber() const;
@@ -119,6 +121,13 @@ public:
         return record ? RecordNumber(*record) : 0;
     }
     bool HasNumbers() const override { return HasNumber<R>(); }
+    std::string NameOfKey(std::uint32_t key) const override {
+        if constexpr (HasName<R>) {
+            return Find(key)->name;
+        } else {
+            return {};
+        }
+    }
     const RecordIdentity& Identity() const override { return IdentityOf<R>::value; }
     const std::vector<std::string>& ColumnNames() const override {
         static const std::vector<std::string> names = [] {

@@ -228,9 +228,10 @@ void LoadWriter::PutSurface(const ExchangeSurfaceLoad& load) {
     const WrittenMember& surface = written_.surfaces.at(load.surface);
     if (surface.type != kSlab) return LeaveOut(load.origin, "IDS_XCH_LOAD_NO_SLAB", load.surface);
     const std::string& type = written_.loadCaseTypes.at(load.loadCase);
-    const bool dead = type == "D";
+    const bool dead = type == LoadCaseType::Dead;
     const int axis = AxisOf(load.direction);
-    if (axis != 2 || (!dead && type != "L")) return LeaveOut(load.origin, "IDS_XCH_SLAB_LOAD_NOT_KEPT", load.loadCase);
+    if (axis != 2 || (!dead && type != LoadCaseType::Live))
+        return LeaveOut(load.origin, "IDS_XCH_SLAB_LOAD_NOT_KEPT", load.loadCase);
     if (written_.database.GetClass<CClassSbla>()->Exist(surface.key)) {
         return LeaveOut(load.origin, "IDS_XCH_SLAB_LOAD_EXISTS", load.surface);
     }

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "zt_db/exchange/table_reader.h"
+#include "zt_db/records/load_case_type.h"
 
 namespace zt {
 namespace {
@@ -47,18 +48,18 @@ struct LoadWord {
 };
 
 constexpr LoadWord kLoadWords[] = {
-    {"wind", "W", {"Variable", "Wind"}},
-    {"snow", "S", {"Variable", "Snow"}},
-    {"seismic", "E", {"Accidental", "Seismic"}},
-    {"earthquake", "E", {"Accidental", "Seismic"}},
-    {"temperature", "T", {"Variable", "Temperature"}},
-    {"selfweight", "D", {"Permanent", "Self weight"}},
-    {"dead", "D", {"Permanent", "Others"}},
-    {"completion", "D", {"Permanent", "Others"}},
-    {"live", "L", {"Variable", "Static"}},
-    {"permanent", "D", {"Permanent", "Others"}},
-    {"variable", "L", {"Variable", "Static"}},
-    {"accidental", "A", {"Accidental", "Static"}},
+    {"wind", LoadCaseType::Wind, {"Variable", "Wind"}},
+    {"snow", LoadCaseType::Snow, {"Variable", "Snow"}},
+    {"seismic", LoadCaseType::Earthquake, {"Accidental", "Seismic"}},
+    {"earthquake", LoadCaseType::Earthquake, {"Accidental", "Seismic"}},
+    {"temperature", LoadCaseType::Temperature, {"Variable", "Temperature"}},
+    {"selfweight", LoadCaseType::Dead, {"Permanent", "Self weight"}},
+    {"dead", LoadCaseType::Dead, {"Permanent", "Others"}},
+    {"completion", LoadCaseType::Dead, {"Permanent", "Others"}},
+    {"live", LoadCaseType::Live, {"Variable", "Static"}},
+    {"permanent", LoadCaseType::Dead, {"Permanent", "Others"}},
+    {"variable", LoadCaseType::Live, {"Variable", "Static"}},
+    {"accidental", LoadCaseType::Accidental, {"Accidental", "Static"}},
 };
 
 /// The first word of the list that a text holds; null when it holds none.
@@ -106,7 +107,7 @@ std::string_view LoadCaseTypeOf(std::string_view action, std::string_view loadTy
     for (const std::string_view text : {loadType, groupType, action}) {
         if (const LoadWord* word = FindLoadWord(text)) return word->type;
     }
-    return "L";
+    return LoadCaseType::Live;
 }
 
 LoadCaseWords WordsOfLoadCaseType(std::string_view type) {

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "zt_db/exchange/member_geometry.h"
+#include "zt_db/geometry/member_geometry.h"
 
 namespace zt {
 

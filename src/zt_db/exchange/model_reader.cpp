@@ -7,7 +7,7 @@
 #include <unordered_set>
 
 #include "velda_lib/number_text.h"
-#include "zt_db/exchange/member_geometry.h"
+#include "zt_db/geometry/member_geometry.h"
 #include "zt_db/exchange/member_kinds.h"
 #include "zt_db/exchange/section_shapes.h"
 #include "zt_db/records/record_list.h"
@@ -381,7 +381,7 @@ void ModelReader::ReadCombinations() {
     ForEach<CClassLcom>([&](std::uint32_t key, const T_LCOM_D& record) {
         ExchangeCombination combination{.name = combinations[key], .description = record.description};
         combination.category = "Not defined";
-        combination.kind = record.type == 0 ? "Linear" : "Envelope";
+        combination.kind = record.type == LoadCombinationType::Sum ? "Linear" : "Envelope";
         for (const T_LCOM_ITEM& item : record.items) {
             const NameOfKey& from = item.kind == LoadCaseKind::Static ? loadCases_ : combinations;
             if (NameOf(from, item.key).empty()) continue;
@@ -453,7 +453,7 @@ void ModelReader::AddSlabLoad(std::uint32_t member, const T_SBLA_D& load) {
         if (value == 0.0) return;
         const auto loadCase = std::find_if(model_.loadCases.begin(), model_.loadCases.end(), [&](const auto& one) {
             const LoadCaseWords words = WordsOfLoadCaseType(type);
-            return one.action == words.action && (one.loadType == words.loadType || type == "D");
+            return one.action == words.action && (one.loadType == words.loadType || type == LoadCaseType::Dead);
         });
         if (loadCase == model_.loadCases.end() || NameOf(surfaces_, member).empty()) {
             report_.Add(FindingLevel::LeftOut, {}, "IDS_XCH_LOAD_NOT_WRITTEN");
@@ -469,8 +469,8 @@ void ModelReader::AddSlabLoad(std::uint32_t member, const T_SBLA_D& load) {
         one.location = load.projection ? "Projection" : "Length";
         model_.surfaceLoads.push_back(std::move(one));
     };
-    add(load.dl, "D");
-    add(load.ll, "L");
+    add(load.dl, LoadCaseType::Dead);
+    add(load.ll, LoadCaseType::Live);
 }
 
 void ModelReader::ReadLoads() {

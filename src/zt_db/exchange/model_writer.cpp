@@ -479,7 +479,8 @@ std::vector<std::size_t> ModelWriter::CombinationOrder(const KeyOfName& places) 
 T_LCOM_D ModelWriter::RecordOf(const ExchangeCombination& combination, const KeyOfName& written) {
     const std::string kind = Comparable(combination.kind);
     const bool rule = kind == "envelope" || Comparable(combination.category) == "accordingnationalstandard";
-    T_LCOM_D record{.name = combination.name, .type = rule ? 1 : 0, .description = combination.description};
+    const int type = rule ? LoadCombinationType::Envelope : LoadCombinationType::Sum;
+    T_LCOM_D record{.name = combination.name, .type = type, .description = combination.description};
     if (rule)
         written_.Tell(FindingLevel::Converted, combination.origin, "IDS_XCH_COMBINATION_RULE", combination.standard);
     for (std::size_t i = 0; i < combination.cases.size(); ++i) {

@@ -5,7 +5,7 @@
 #include <unordered_map>
 
 #include "velda_lib/number_text.h"
-#include "zt_db/exchange/member_geometry.h"
+#include "zt_db/geometry/member_geometry.h"
 #include "zt_db/exchange/member_kinds.h"
 
 namespace zt {

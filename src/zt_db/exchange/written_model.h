@@ -9,7 +9,7 @@
 #include "zt_db/core/database.h"
 #include "zt_db/exchange/exchange_model.h"
 #include "zt_db/exchange/exchange_report.h"
-#include "zt_db/exchange/member_geometry.h"
+#include "zt_db/geometry/member_geometry.h"
 #include "zt_db/exchange/model_check.h"
 
 namespace zt {

@@ -232,7 +232,7 @@ private:
         RecordStoreBase& store = database_.StoreAt(classIndex);
         if (!store.MayReferTo(store.Identity())) return;
         for (const std::uint32_t key : store.SortedKeys()) {
-            if (!ContainsItself(store, key)) continue;
+            if (RingOf(store, key).empty()) continue;
             if (!faults_.Note(FormatText("IDS_DB_FILE_CONTAINS_ITSELF", {path_, LabelOf(store, key)}))) return;
             ClearOwnClass(store, key);
         }

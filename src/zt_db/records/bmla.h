@@ -54,7 +54,7 @@ struct T_BMLA_D {
 template <>
 struct Fields<T_BMLA_D> {
     static constexpr auto list = std::tuple{
-        Refers<T_MEMB_D>("memb", &T_BMLA_D::memb, IfGone::Cascade),
+        Needs<T_MEMB_D>("memb", &T_BMLA_D::memb, IfGone::Cascade),
         Refers<T_BLTP_D>("type", &T_BMLA_D::type, IfGone::Refuse),
         Plain("autoHeight", &T_BMLA_D::autoHeight),
         Measured("height", &T_BMLA_D::height, Unit::Length),

@@ -32,8 +32,8 @@ inline constexpr int Normal = LocalZ;
 template <class R>
 constexpr auto MemberLoadFields() {
     return std::tuple{
-        Refers<T_MEMB_D>("memb", &R::memb, IfGone::Cascade),
-        Refers<T_STLD_D>("stld", &R::stld, IfGone::Refuse),
+        Needs<T_MEMB_D>("memb", &R::memb, IfGone::Cascade),
+        Needs<T_STLD_D>("stld", &R::stld, IfGone::Refuse),
         Plain("type", &R::type),
         Plain("direction", &R::direction),
         Plain("projection", &R::projection),

@@ -1,12 +1,13 @@
 #pragma once
 
 #include "zt_db/core/record_class.h"
+#include "zt_db/records/load_case_type.h"
 
 namespace zt {
 
 struct T_STLD_UNIT;
 
-/// A static load case; the type is a short code such as "D" dead, "L" live, "W" wind, "E" earthquake.
+/// A static load case; the type is a short code, one of LoadCaseType or of the user's own.
 struct T_STLD_D {
     std::string name{};
     std::string type{};
@@ -75,13 +76,19 @@ struct Fields<T_LCOM_ITEM> {
     };
 };
 
+/// What a combination makes of its load cases: their sum, or the greatest and least of them.
+namespace LoadCombinationType {
+inline constexpr int Sum = 0;
+inline constexpr int Envelope = 1;
+}  // namespace LoadCombinationType
+
 struct T_LCOM_UNIT;
 
 /// A load combination: load cases and other combinations with factors.
 struct T_LCOM_D {
     std::string name{};
     int active = 1;
-    int type = 0;
+    int type = LoadCombinationType::Sum;
     std::vector<T_LCOM_ITEM> items{};
     std::string description{};
 

@@ -13,6 +13,9 @@ inline constexpr int Brace = 206;
 inline constexpr int Slab = 301;
 }  // namespace MembType
 
+/// Members that are slabs, stairs and decks included.
+inline constexpr int kSlabTypes[] = {301, 314, 315, 316};
+
 /// What a member of a type has as its property.
 enum class MemberProperty { None, Section, Thickness };
 

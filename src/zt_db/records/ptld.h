@@ -27,8 +27,8 @@ struct T_PTLD_D {
 template <>
 struct Fields<T_PTLD_D> {
     static constexpr auto list = std::tuple{
-        Refers<T_PONT_D>("node", &T_PTLD_D::node, IfGone::Cascade),
-        Refers<T_STLD_D>("stld", &T_PTLD_D::stld, IfGone::Refuse),
+        Needs<T_PONT_D>("node", &T_PTLD_D::node, IfGone::Cascade),
+        Needs<T_STLD_D>("stld", &T_PTLD_D::stld, IfGone::Refuse),
         Measured("fx", &T_PTLD_D::fx, Unit::Force),
         Measured("fy", &T_PTLD_D::fy, Unit::Force),
         Measured("fz", &T_PTLD_D::fz, Unit::Force),

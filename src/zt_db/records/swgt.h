@@ -25,7 +25,7 @@ template <>
 struct Fields<T_SWGT_D> {
     static constexpr auto list = std::tuple{
         Refers<T_MEMB_D>("memb", &T_SWGT_D::memb, IfGone::Cascade),
-        Refers<T_STLD_D>("stld", &T_SWGT_D::stld, IfGone::Refuse),
+        Needs<T_STLD_D>("stld", &T_SWGT_D::stld, IfGone::Refuse),
         Plain("x", &T_SWGT_D::x),
         Plain("y", &T_SWGT_D::y),
         Plain("z", &T_SWGT_D::z),

@@ -1,7 +1,10 @@
 #include <algorithm>
 
+#include "zt_db/records/bmla.h"
+#include "zt_db/records/bwld.h"
 #include "zt_db/records/load.h"
 #include "zt_db/records/matl.h"
+#include "zt_db/records/sbla.h"
 #include "zt_db/records/sect.h"
 #include "zt_db/records/stor.h"
 #include "zt_db/records/thik.h"
@@ -31,6 +34,8 @@ bool Names(const CViewBuff& buffer) {
 bool CTBCommonWnd::ChangesStories(const CViewBuff& buffer) { return Names<T_STOR_D, T_MDUL_D>(buffer); }
 
 bool CTBCommonWnd::ChangesLoadCases(const CViewBuff& buffer) { return Names<T_STLD_D>(buffer); }
+
+bool CTBCommonWnd::ChangesLoadTypes(const CViewBuff& buffer) { return Names<T_BLTP_D, T_BWTP_D, T_SLTP_D>(buffer); }
 
 bool CTBCommonWnd::ChangesMatls(const CViewBuff& buffer) { return Names<T_MATL_D>(buffer); }
 

@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "velda_base/host/cmd_dialog.h"
+#include "velda_lib/flat_index.h"
 #include "velda_lib/msg_dll.h"
 #include "zt_tb/core/table_column.h"
 #include "zt_tb/core/tb_common_wnd.h"
@@ -12,6 +13,13 @@
 namespace zt {
 
 class CTBView;
+
+/// Columns whose cells turn red while the model is traced by one of the checker's modes.
+struct TracerMark {
+    int mode = 0;
+    velda::ColumnId first = 0;
+    velda::ColumnId last = 0;
+};
 
 /// What a table of one record class is, as data.
 template <class Table, class R>
@@ -23,8 +31,11 @@ struct TableDeclaration {
     bool appends = false;
     /// The property dialog that a double click on a row opens; empty for none.
     std::string_view dialog{};
+    std::vector<TracerMark> tracerMarks{};
     /// Default texts behind those of the columns.
     std::vector<std::string_view> moreDefaults{};
+    /// What is said behind the title of a column that is missing.
+    std::string_view missing = "IDS_TB_has_not_been_entered";
     /// What a row that is read again has from its record before its cells are read: what no cell tells, or not wholly.
     /// Null where the cells tell all.
     void (*keep)(const R& stored, R& record) = nullptr;
@@ -113,14 +124,14 @@ public:
     int ValidateRowComplete(const RowTexts& rowTexts, const ColumnMap& columnMap) override {
         const RowTextsView texts{rowTexts, columnMap};
         std::string message;
-        for (velda::ColumnId id = 1; id < GetInitialColCount(); ++id) {
+        for (velda::ColumnId id = FirstCheckedColumn(); id < GetInitialColCount(); ++id) {
             const Column& column = ColumnAt(id);
             if (column.options.passedOver && column.options.passedOver(static_cast<const Table&>(*this), texts))
                 continue;
             if (!texts[id].empty()) {
                 if (!ValidateColumn(texts[id], id)) return 0;
             } else if (CountsAsMissing(column, texts)) {
-                const std::string line = GetTitle(id) + velda::CMsgDll::pfuncLoadStr("IDS_TB_has_not_been_entered", 0);
+                const std::string line = GetTitle(id) + velda::CMsgDll::pfuncLoadStr(Declared().missing, 0);
                 AddFinding({velda::kNoRow, id, velda::EditRule::Missing, {}, line});
                 message += (message.empty() ? "" : "\n") + line;
             }
@@ -181,7 +192,7 @@ public:
         if (!ValidateRowComplete(rowTexts, columnMap)) return 0;
         const RowTextsView texts{rowTexts, columnMap};
         Row row{key, record};
-        Keep(KeyOfText(texts[GetKeyColID()]), row.record);
+        Keep(KeyOfCell(texts[GetKeyColID()]), row.record);
         for (velda::ColumnId id = 0; id < GetInitialColCount(); ++id) ReadCell(id, texts[id], row);
         key = row.key;
         record = std::move(row.record);
@@ -190,20 +201,15 @@ public:
 
     // ---- rows
 
-    int GetRecordCount() const override { return class_ ? class_->GetCount() : 0; }
+    int GetRecordCount() const override {
+        if (!class_ || !ShowsSome()) return class_ ? class_->GetCount() : 0;
+        return static_cast<int>(AllKeys().size());
+    }
 
     void FillRows(int count, const std::uint32_t* keys, const ColumnMap& /*columnMap*/) override {
-        const std::span<const std::uint32_t> list(keys, static_cast<std::size_t>(std::max(count, 0)));
-        FillWith(list);
+        FillWith(ToFill({keys, static_cast<std::size_t>(std::max(count, 0))}));
     }
-    void FillAllRows(int count, const ColumnMap& /*columnMap*/) override {
-        Keys keys;
-        if (class_) {
-            keys.reserve(static_cast<std::size_t>(std::max(count, 0)));
-            class_->GetKeyList(keys);
-        }
-        FillWith(keys);
-    }
+    void FillAllRows(int /*count*/, const ColumnMap& /*columnMap*/) override { FillWith(AllKeys()); }
     void WriteRowFromText(int row, const RowTexts& texts) override {
         RowTexts converted = texts;
         ConvertTypedTexts(converted);
@@ -232,8 +238,7 @@ public:
     void UpdateSelInDetail(int code, const Keys& keys) override {
         const velda::GridUpdateLock lock(*this);
         velda::RowChanges changes;
-        for (const std::uint32_t key : keys) {
-            if (!RecordExists(key)) continue;
+        for (const std::uint32_t key : RecordsOfObjects(keys)) {
             if (code == HintCode::SelectionAdded) changes.come.push_back(key);
             if (code == HintCode::SelectionRemoved) changes.gone.push_back(key);
         }
@@ -243,12 +248,16 @@ public:
     // ---- cells that depend on others of their row
 
     bool HasStyleHook() const override {
-        return std::any_of(Declared().columns.begin(), Declared().columns.end(),
-                           [](const Column& column) { return column.options.rowStyle != nullptr; });
+        if (!Declared().tracerMarks.empty()) return true;
+        return std::any_of(Declared().columns.begin(), Declared().columns.end(), [](const Column& column) {
+            return column.options.rowStyle != nullptr || column.options.enabled != nullptr;
+        });
     }
     void GetStyleRowCol(int row, int col, velda::CGXStyle& style) const override {
-        const auto rowStyle = ColumnAt(IdOfColumn(col)).options.rowStyle;
-        if (rowStyle) rowStyle(static_cast<const Table&>(*this), row, style);
+        const Options& options = ColumnAt(IdOfColumn(col)).options;
+        if (options.rowStyle) options.rowStyle(static_cast<const Table&>(*this), row, style);
+        if (options.enabled && !IsEnabledInRow(options, row)) style.SetEnabled(false);
+        if (IsTraced(IdOfColumn(col))) style.SetTextColor(kTracedColor);
     }
     bool OnStartEditing(int row, int col) override {
         const velda::ColumnId cleared = ColumnAt(IdOfColumn(col)).options.clears;
@@ -258,6 +267,11 @@ public:
     void OnModifyCell(int row, int col) override {
         CTBCommonWnd::OnModifyCell(row, col);
         Clear(row, col, Session().EditorText() == kCleared ? kCleared : beforeClearing_);
+    }
+    void OnEndEditing(int row, int col) override {
+        CTBCommonWnd::OnEndEditing(row, col);
+        FollowSuggestions(row, IdOfColumn(col));
+        RestDisabledCells(row);
     }
     void OnCanceledEditing(int row, int col) override {
         CTBCommonWnd::OnCanceledEditing(row, col);
@@ -305,6 +319,37 @@ protected:
         CDataBase* db = GetDB();
         return db && db->GetViewCtrl()->IsExistPont(key);
     }
+    /// Whether the table shows only some of the records of its class, and whether it shows this one.
+    virtual bool ShowsSome() const { return false; }
+    virtual bool Shows(std::uint32_t /*key*/) const { return true; }
+    /// The records that belong to selected nodes or members: those under their keys.
+    virtual Keys RecordsOfObjects(const Keys& objects) const {
+        Keys keys = objects;
+        std::erase_if(keys, [this](std::uint32_t key) { return !RecordExists(key); });
+        return keys;
+    }
+    /// Adds the records whose rows a change of other records touches.
+    virtual void AddTouched(const CViewBuff& /*buffer*/, Keys& /*keys*/) const {}
+    /// The record that the text of a key cell stands for.
+    virtual std::uint32_t KeyOfCell(const std::string& text) const { return KeyOfText(text); }
+    /// The first column that the check of a row looks at. A key that the table gives itself needs no check.
+    virtual velda::ColumnId FirstCheckedColumn() const { return 1; }
+
+    /// Keys of all records that the table can show.
+    Keys AllKeys() const {
+        Keys keys;
+        if (class_) class_->GetKeyList(keys);
+        return ShowsSome() ? ShownOf(std::move(keys)) : keys;
+    }
+    /// Records whose rows may change with other records: those in the table, or more where others may come in.
+    Keys CandidateKeys() const {
+        if (!ShowsSome() || !ShowsAll()) return FilledKeys();
+        Keys keys;
+        if (class_) class_->GetKeyList(keys);
+        return keys;
+    }
+    static const Column& ColumnAt(velda::ColumnId id) { return Declared().columns[static_cast<std::size_t>(id)]; }
+    static std::uint32_t KeyOfText(const std::string& text) { return static_cast<std::uint32_t>(velda::wtol(text)); }
 
     /// The row as a record, formulas replaced by their values. The key is that of the record that the row stands for; 0
     /// for a new one.
@@ -333,16 +378,19 @@ protected:
         }
     }
 
-    std::size_t AdjustGivenTexts(RowTexts& texts, const RowTexts& /*before*/,
+    std::size_t AdjustGivenTexts(RowTexts& texts, const RowTexts& before,
                                  const std::vector<bool>& given) const override {
         velda::ColumnId id = 0;
+        TakeSuggestions(texts, before, given);
+        const std::size_t passedOver = PassOverDisabled(texts, before, given);
         for (const Column& column : Declared().columns) {
             const auto at = static_cast<std::size_t>(PositionOfColumn(id++) - 1);
             if (column.options.clears == velda::kNoColumn || !given[at] || texts[at] != kCleared) continue;
             texts[static_cast<std::size_t>(PositionOfColumn(column.options.clears) - 1)] = kCleared;
         }
-        return 0;
+        return passedOver;
     }
+    bool MayBeEnabledByRow(velda::ColumnId column) const override { return ColumnAt(column).options.enabled; }
     std::string GetUnitText(velda::ColumnId column) const override {
         const Options& options = ColumnAt(column).options;
         if (!options.modelLength || options.unit == Unit::None) return CTBCommonWnd::GetUnitText(column);
@@ -356,7 +404,7 @@ protected:
         Row row{0, data.record};
         for (velda::ColumnId id = 0; id < GetInitialColCount(); ++id) {
             std::string& text = texts[static_cast<std::size_t>(id)];
-            if (ColumnAt(id).options.unit > Unit::None) ConvertFormulaToValue(id, text);
+            if (HasUnit(ColumnAt(id).options)) ConvertFormulaToValue(id, text);
             ReadCell(id, text, row);
         }
         data.key = row.key;
@@ -368,7 +416,7 @@ protected:
             std::string& text = texts[static_cast<std::size_t>(id)];
             double number = 0.0;
             const Options& options = ColumnAt(id).options;
-            if (options.unit <= Unit::None || !velda::IsValidDoubleNumber(text, number)) continue;
+            if (!HasUnit(options) || !velda::IsValidDoubleNumber(text, number)) continue;
             text = options.modelLength ? velda::FormatDouble(units->FromPrevious(Unit::ModelLength, number))
                                        : CellText(id, row);
         }
@@ -376,19 +424,33 @@ protected:
 
 private:
     static constexpr const char* kCleared = "0";
+    static constexpr std::uint32_t kTracedColor = 255;  ///< red, in the order blue-green-red
 
-    static const Column& ColumnAt(velda::ColumnId id) { return Declared().columns[static_cast<std::size_t>(id)]; }
+    /// Whether the checker traces what a column shows.
+    static bool IsTraced(velda::ColumnId id) {
+        const auto& marks = Declared().tracerMarks;
+        const CDBDoc* doc = CDBDoc::m_pDBDoc;
+        if (marks.empty() || !doc || !doc->IsTracerMode()) return false;
+        return std::any_of(marks.begin(), marks.end(), [&](const TracerMark& mark) {
+            return mark.mode == doc->GetCheckMode() && id >= mark.first && id <= mark.last;
+        });
+    }
+
+    static bool HasUnit(const Options& options) { return options.unit > Unit::None || options.unitOfRecord; }
 
     static std::string TitleOf(const Column& column) {
         const std::string title = velda::CMsgDll::pfuncLoadStr(column.title, 0);
         const std::string& unit = column.options.fixedUnit;
         return unit.empty() ? title : title + "\n(" + unit + ")";
     }
+    /// A text that a declaration gives as it stands or by its key.
+    static std::string TextOfDefault(std::string_view text) {
+        return text.empty() ? std::string() : velda::CMsgDll::pfuncLoadStr(text, 0);
+    }
     static RowTexts DefaultTexts() {
         RowTexts texts;
         for (const Column& column : Declared().columns) {
-            const std::string_view text = column.options.defaultText;
-            texts.push_back(text.empty() ? std::string() : velda::CMsgDll::pfuncLoadStr(text, 0));
+            texts.push_back(TextOfDefault(column.options.defaultText));
         }
         texts.insert(texts.end(), Declared().moreDefaults.begin(), Declared().moreDefaults.end());
         return texts;
@@ -416,6 +478,10 @@ private:
             }
             SetStyleRange(velda::CGXRange().SetCols(number), style);
             if (column.options.choices.set) column.options.choices.set(Self(), id);
+            if (column.options.centered) {
+                const auto centre = velda::CGXStyle().SetHorizontalAlignment(velda::HorizontalAlignment::Center);
+                SetStyleRange(velda::CGXRange().SetCols(number), centre);
+            }
             if (column.options.hidden) HideColsByIntend(id, id, true);
         }
     }
@@ -428,6 +494,56 @@ private:
                           velda::CGXStyle().SetFormat(velda::NumberFormat::Fixed).SetPlaces(places));
         }
     }
+
+    // ---- cells that others of their row enable
+
+    bool IsEnabledInRow(const Options& options, int row) const {
+        return options.enabled([&](velda::ColumnId id) { return GetLiveText(row, PositionOfColumn(id)); });
+    }
+    void RestDisabledCells(int row) {
+        for (velda::ColumnId id = 0; id < GetInitialColCount(); ++id) {
+            const Options& options = ColumnAt(id).options;
+            const int col = PositionOfColumn(id);
+            if (options.restText.empty() || !GetLiveText(row, col).empty() || IsEnabledInRow(options, row)) continue;
+            SetValueRange(row, col, TextOfDefault(options.restText));
+        }
+    }
+    /// Gives the cells that follow an edited one what it suggests.
+    void FollowSuggestions(int row, velda::ColumnId edited) {
+        const auto textOf = [&](velda::ColumnId id) { return GetLiveText(row, PositionOfColumn(id)); };
+        for (velda::ColumnId id = 0; id < GetInitialColCount(); ++id) {
+            const Options& options = ColumnAt(id).options;
+            if (options.suggestedBy == edited) SetValueRange(row, PositionOfColumn(id), options.suggest(textOf));
+        }
+    }
+    /// The same for a row that a change of many cells gives; what the change itself gives stands.
+    void TakeSuggestions(RowTexts& texts, const RowTexts& before, const std::vector<bool>& given) const {
+        const auto textOf = [&](velda::ColumnId id) { return texts[TextPlace(id)]; };
+        for (velda::ColumnId id = 0; id < GetInitialColCount(); ++id) {
+            const Options& options = ColumnAt(id).options;
+            if (options.suggestedBy == velda::kNoColumn || given[TextPlace(id)]) continue;
+            const std::size_t leading = TextPlace(options.suggestedBy);
+            if (texts[leading] != before[leading]) texts[TextPlace(id)] = options.suggest(textOf);
+        }
+    }
+    /// Takes texts back that were given to cells which the row does not enable; their number.
+    std::size_t PassOverDisabled(RowTexts& texts, const RowTexts& before, const std::vector<bool>& given) const {
+        std::size_t passedOver = 0;
+        for (velda::ColumnId id = 0; id < GetInitialColCount(); ++id) {
+            const Options& options = ColumnAt(id).options;
+            const auto textOf = [&](velda::ColumnId other) { return texts[TextPlace(other)]; };
+            if (!options.enabled || options.enabled(textOf)) continue;
+            std::string& text = texts[TextPlace(id)];
+            if (given[TextPlace(id)]) {
+                passedOver += text == before[TextPlace(id)] ? 0 : 1;
+                text = before[TextPlace(id)];
+            }
+            if (text.empty()) text = TextOfDefault(options.restText);
+        }
+        return passedOver;
+    }
+    /// Place of a column's text in the texts by grid column.
+    std::size_t TextPlace(velda::ColumnId id) const { return static_cast<std::size_t>(PositionOfColumn(id) - 1); }
 
     Table& Self() { return static_cast<Table&>(*this); }
     void RebuildChoices(const CViewBuff& buffer) {
@@ -469,7 +585,6 @@ private:
         if (ColumnAt(id).read) ColumnAt(id).read(static_cast<const Table&>(*this), text, row);
     }
 
-    static std::uint32_t KeyOfText(const std::string& text) { return static_cast<std::uint32_t>(velda::wtol(text)); }
     static Keys ValuesOf(const KeyPointers& pointers) {
         Keys keys;
         for (const std::uint32_t* key : pointers) keys.push_back(*key);
@@ -481,6 +596,19 @@ private:
         return records;
     }
 
+    Keys ShownOf(Keys keys) const {
+        std::erase_if(keys, [this](std::uint32_t key) { return !Shows(key); });
+        return keys;
+    }
+    /// The records of a list that can be shown, each once.
+    Keys ToFill(std::span<const std::uint32_t> list) const {
+        velda::FlatIndex met;
+        Keys keys;
+        for (const std::uint32_t key : list) {
+            if (RecordExists(key) && met.Put(key, 1) && (!ShowsSome() || Shows(key))) keys.push_back(key);
+        }
+        return keys;
+    }
     void FillWith(std::span<const std::uint32_t> keys) {
         scratch_.record.Initialize();
         FillRecordRows(keys, [this](std::uint32_t key, velda::CGXData& data, velda::RowId row) {
@@ -509,13 +637,16 @@ private:
             return column.options.follows && column.options.follows(buffer);
         });
         if (all) {
-            const Keys keys = FilledKeys();
+            const Keys keys = CandidateKeys();
             changes.gone.insert(changes.gone.end(), keys.begin(), keys.end());
+        } else {
+            AddTouched(buffer, changes.gone);
         }
         std::sort(changes.gone.begin(), changes.gone.end());
         changes.gone.erase(std::unique(changes.gone.begin(), changes.gone.end()), changes.gone.end());
         for (const std::uint32_t key : changes.gone) {
-            if (RecordExists(key) && (GetTableRunMode() != kDetail || IsInDetail(key))) changes.come.push_back(key);
+            if (!RecordExists(key) || (ShowsSome() && !Shows(key))) continue;
+            if (GetTableRunMode() != kDetail || IsInDetail(key)) changes.come.push_back(key);
         }
         return changes;
     }

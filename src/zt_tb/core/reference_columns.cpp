@@ -30,6 +30,7 @@ constexpr LoadTypeBit kLoadTypeBits[] = {
 };
 
 bool IsInMask(std::string_view type, std::uint32_t mask) {
+    if (mask == CTBCommonWnd::kAllLoadTypes) return true;
     return std::any_of(std::begin(kLoadTypeBits), std::end(kLoadTypeBits),
                        [&](const LoadTypeBit& known) { return (known.bit & mask) != 0 && known.type == type; });
 }

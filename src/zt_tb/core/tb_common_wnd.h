@@ -9,6 +9,9 @@
 
 namespace zt {
 
+/// What a number in a cell stands for.
+enum class ObjectKind { None, Node, Member };
+
 /// What the tables of the model share: the database, the run mode, the replay of hints, columns that refer to other
 /// records, names in cells against keys, and numbers of nodes and members over deletion and renumbering.
 class CTBCommonWnd : public velda::CTBCommon {
@@ -57,6 +60,8 @@ public:
     /// when the model has no load case.
     void SetStldNameColumn(int col);
     void SetPartialStldNameColumn(int col, std::uint32_t typeMask);
+    /// The mask of every type, those included that have no bit of their own.
+    static constexpr std::uint32_t kAllLoadTypes = 0xffffffff;
     /// Stories of all modules, as GetStorName calls them.
     void SetStorColumn(int col);
     void SetYesNoColumn(int col);
@@ -74,6 +79,8 @@ public:
     /// A change of names or levels of stories, or of modules, which the names are told by.
     static bool ChangesStories(const CViewBuff& buffer);
     static bool ChangesLoadCases(const CViewBuff& buffer);
+    /// A change of the types of loads on beams and slabs.
+    static bool ChangesLoadTypes(const CViewBuff& buffer);
     static bool ChangesMatls(const CViewBuff& buffer);
     /// A change of sections or thicknesses.
     static bool ChangesProperties(const CViewBuff& buffer);
@@ -123,6 +130,16 @@ public:
     std::uint32_t GetMembNoByDeletedKey(std::uint32_t key) const;
     /// The deleted member that member type data belonged to; 0 for any other key.
     std::uint32_t GetDeletedMembKByMbtpK(std::uint32_t key) const;
+
+    // ---- nodes and members by their numbers in cells
+
+    /// The number of a node or member; of a deleted one as long as a change is replayed; 0 for any other key.
+    std::uint32_t GetObjectNo(ObjectKind kind, std::uint32_t key) const;
+    /// The node or member of a number, in a text or as it stands; 0 when there is none.
+    static std::uint32_t GetObjectKey(ObjectKind kind, std::uint32_t number);
+    static std::uint32_t GetObjectKey(ObjectKind kind, std::string_view text);
+    /// The story that a node or member stands in; 0 for none.
+    static std::uint32_t GetObjectStory(ObjectKind kind, std::uint32_t key);
 
     // ---- renumbering: changes the numbers that the rows show in place and sorts the rows, or has them sorted when the
     // row that is being edited is closed. False when nothing was renumbered or the column does not exist.

@@ -3,6 +3,12 @@
 #include <algorithm>
 #include <array>
 
+#include "zt_tb/boundary_load/tb_load_types.h"
+#include "zt_tb/boundary_load/tb_member_loads.h"
+#include "zt_tb/boundary_load/tb_pmas.h"
+#include "zt_tb/boundary_load/tb_ptld.h"
+#include "zt_tb/boundary_load/tb_spts.h"
+#include "zt_tb/boundary_load/tb_swgt.h"
 #include "zt_tb/model/tb_matl.h"
 #include "zt_tb/model/tb_memb.h"
 #include "zt_tb/model/tb_pont.h"
@@ -14,10 +20,14 @@ constexpr TableKindEntry kKinds[] = {
     {.kind = kTableNone, .titleKey = "IDS_TB_PREVIEW_No_table"},
     {.kind = kTablePont, .mnemonic = "PONT", .titleKey = "IDS_TB_PREVIEW_Pont", .make = &MakeTable<CTBPont>},
     {.kind = kTableMemb, .mnemonic = "MEMB", .titleKey = "IDS_TB_PREVIEW_Memb", .make = &MakeTable<CTBMemb>},
-    {.kind = kTableSpts, .mnemonic = "SPTS", .titleKey = "IDS_TB_PREVIEW_Spts"},
-    {.kind = kTablePmas, .mnemonic = "PMAS", .titleKey = "IDS_TB_PREVIEW_Pmas"},
+    {.kind = kTableSpts, .mnemonic = "SPTS", .titleKey = "IDS_TB_PREVIEW_Spts", .make = &MakeTable<CTBSpts>},
+    {.kind = kTablePmas, .mnemonic = "PMAS", .titleKey = "IDS_TB_PREVIEW_Pmas", .make = &MakeTable<CTBPmas>},
     {.kind = kTableRigd, .mnemonic = "RIGD", .titleKey = "IDS_TB_PREVIEW_Rigd"},
-    {.kind = kTablePtld, .mnemonic = "PTLD", .titleKey = "IDS_TB_PREVIEW_Ptld", .tabKey = "IDS_TB_PREVIEW_Pold"},
+    {.kind = kTablePtld,
+     .mnemonic = "PTLD",
+     .titleKey = "IDS_TB_PREVIEW_Ptld",
+     .make = &MakeTable<CTBPtld>,
+     .tabKey = "IDS_TB_PREVIEW_Pold"},
     {.kind = kTableElnk, .mnemonic = "ELNK", .titleKey = "IDS_TB_PREVIEW_Elnk"},
     {.kind = kTableSkew, .mnemonic = "SKEW", .titleKey = "IDS_TB_PREVIEW_Skew"},
     {.kind = kTableNlnk, .mnemonic = "NLNK", .titleKey = "IDS_TB_PREVIEW_Nlnk"},
@@ -29,24 +39,24 @@ constexpr TableKindEntry kKinds[] = {
     {.kind = kTableSssf, .mnemonic = "SSSF", .titleKey = "IDS_TB_PREVIEW_Sssf"},
     {.kind = kTableFrsf, .mnemonic = "FRSF", .titleKey = "IDS_TB_PREVIEW_Frsf"},
     {.kind = kTableSdsp, .mnemonic = "SDSP", .titleKey = "IDS_TB_PREVIEW_Sdsp"},
-    {.kind = kTableSwgt, .mnemonic = "SWGT", .titleKey = "IDS_TB_PREVIEW_Swgt"},
+    {.kind = kTableSwgt, .mnemonic = "SWGT", .titleKey = "IDS_TB_PREVIEW_Swgt", .make = &MakeTable<CTBSwgt>},
     {.kind = kTableStmp, .mnemonic = "STMP", .titleKey = "IDS_TB_PREVIEW_Stmp"},
     {.kind = kTablePtmp, .mnemonic = "PTMP", .titleKey = "IDS_TB_PREVIEW_Ptmp"},
     {.kind = kTableMtmp, .mnemonic = "MTMP", .titleKey = "IDS_TB_PREVIEW_Mtmp"},
-    {.kind = kTableBmla, .mnemonic = "BMLA", .titleKey = "IDS_TB_PREVIEW_Bmla"},
+    {.kind = kTableBmla, .mnemonic = "BMLA", .titleKey = "IDS_TB_PREVIEW_Bmla", .make = &MakeTable<CTBBmla>},
     {.kind = kTableArld, .mnemonic = "ARLD", .titleKey = "IDS_TB_PREVIEW_Arld"},
     {.kind = kTableLtld, .titleKey = "IDB_TB_PREVIEW_Ltld"},
-    {.kind = kTableLnld, .mnemonic = "LNLD", .titleKey = "IDS_TB_PREVIEW_Line_Load"},
-    {.kind = kTableCmld, .mnemonic = "CMLD", .titleKey = "IDB_TB_PREVIEW_Cmld"},
-    {.kind = kTableWallld, .mnemonic = "WALLLD", .titleKey = "IDS_TB_PREVIEW_Wall_Load"},
-    {.kind = kTableBeamld, .mnemonic = "BEAMLD", .titleKey = "IDS_TB_PREVIEW_Bmla"},
+    {.kind = kTableLnld, .mnemonic = "LNLD", .titleKey = "IDS_TB_PREVIEW_Line_Load", .make = &MakeTable<CTBLnld>},
+    {.kind = kTableCmld, .mnemonic = "CMLD", .titleKey = "IDB_TB_PREVIEW_Cmld", .make = &MakeTable<CTBCmld>},
+    {.kind = kTableWallld, .mnemonic = "WALLLD", .titleKey = "IDS_TB_PREVIEW_Wall_Load", .make = &MakeTable<CTBWallld>},
+    {.kind = kTableBeamld, .mnemonic = "BEAMLD", .titleKey = "IDS_TB_PREVIEW_Bmla", .make = &MakeTable<CTBBeamld>},
     {.kind = kTableInmf, .mnemonic = "INMF", .titleKey = "IDS_TB_PREVIEW_Inmf"},
     {.kind = kTableAwop, .mnemonic = "AWOP", .titleKey = "IDS_TB_PREVIEW_Awop"},
     {.kind = kTableOffs, .mnemonic = "OFFS", .titleKey = "IDS_TB_PREVIEW_Offs"},
     {.kind = kTableThnl, .titleKey = "IDB_TB_PREVIEW_Thnl"},
     {.kind = kTableMatl, .mnemonic = "MATL", .titleKey = "IDB_TB_PREVIEW_Matl", .make = &MakeTable<CTBMatl>},
-    {.kind = kTableSbla, .mnemonic = "SBLA", .titleKey = "IDB_TB_PREVIEW_Sbla"},
-    {.kind = kTableBwld, .mnemonic = "BWLD", .titleKey = "IDB_TB_PREVIEW_Bwld"},
+    {.kind = kTableSbla, .mnemonic = "SBLA", .titleKey = "IDB_TB_PREVIEW_Sbla", .make = &MakeTable<CTBSbla>},
+    {.kind = kTableBwld, .mnemonic = "BWLD", .titleKey = "IDB_TB_PREVIEW_Bwld", .make = &MakeTable<CTBBwld>},
     {.kind = kTableSprs, .mnemonic = "SPRS", .titleKey = "IDB_TB_PREVIEW_Sprs"},
     {.kind = kTableWprs, .mnemonic = "WPRS", .titleKey = "IDB_TB_PREVIEW_Wprs"},
     {.kind = kTableGwex, .mnemonic = "GWEX", .titleKey = "IDB_TB_PREVIEW_Gwex"},

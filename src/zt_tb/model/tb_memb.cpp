@@ -13,8 +13,8 @@ constexpr velda::ColumnId kBending = 9;
 constexpr velda::ColumnId kTension = 10;
 
 /// Names of the slab types and of the ways in which slabs carry loads, by number.
-constexpr std::string_view kSlabTypes[] = {"IDS_TB_DefinededInPlan", "IDS_TB_Diaphragm", "IDS_TB_PlateBending",
-                                           "IDS_TB_Plate",           "IDS_TB_Membrane",  "IDS_TB_LoadPlate"};
+constexpr std::string_view kSlabTypeNames[] = {"IDS_TB_DefinededInPlan", "IDS_TB_Diaphragm", "IDS_TB_PlateBending",
+                                               "IDS_TB_Plate",           "IDS_TB_Membrane",  "IDS_TB_LoadPlate"};
 constexpr std::string_view kLoadingTypes[] = {"IDS_TB_One_way", "IDS_TB_Two_way"};
 
 std::string Text(std::string_view key) { return velda::CMsgDll::pfuncLoadStr(key, 0); }
@@ -165,8 +165,8 @@ const CTBMemb::Declaration& CTBMemb::Declared() {
                 Columns::Check<&T_MEMB_D::considerBending>("IDS_TB_MEMB_Consider_Bending", braceFlag(kTension)),
                 Columns::Check<&T_MEMB_D::tensionOnly>("IDS_TB_MEMB_Tension_Only", braceFlag(kBending)),
                 Columns::Check<&T_MEMB_D::divideFrame>("IDS_TB_MEMB_Divide_Frame", braceFlag(velda::kNoColumn)),
-                {"IDS_TB_MEMB_Slab_Type", velda::ColumnType::String, &ShowNamed<&T_MEMB_D::slabType, kSlabTypes>,
-                 &ReadNamed<&T_MEMB_D::slabType, kSlabTypes>, slabName(&ListNames<kSlabTypes>)},
+                {"IDS_TB_MEMB_Slab_Type", velda::ColumnType::String, &ShowNamed<&T_MEMB_D::slabType, kSlabTypeNames>,
+                 &ReadNamed<&T_MEMB_D::slabType, kSlabTypeNames>, slabName(&ListNames<kSlabTypeNames>)},
                 {"IDS_TB_MEMB_Slab_Loading_Type", velda::ColumnType::String,
                  &ShowNamed<&T_MEMB_D::slabLoadingType, kLoadingTypes>,
                  &ReadNamed<&T_MEMB_D::slabLoadingType, kLoadingTypes>, slabName(&ListNames<kLoadingTypes>)},

@@ -1,19 +1,13 @@
 #include "zt_tb/modelview/geometry.h"
 
-#include <cmath>
+#include <vector>
 
 namespace zt {
 
 Vec3 NormalOf(std::span<const Vec3> polygon) {
-    Vec3 normal;
-    for (std::size_t at = 0; at < polygon.size(); ++at) {
-        const Vec3& a = polygon[at];
-        const Vec3& b = polygon[(at + 1) % polygon.size()];
-        // Counted from the first corner, so that far away from the origin no digits are lost.
-        normal = normal + Cross(a - polygon.front(), b - polygon.front());
-    }
-    const double length = std::sqrt(Dot(normal, normal));
-    return length > 0.0 ? normal * (1.0 / length) : Vec3{};
+    std::vector<Vector3> corners;
+    for (const Vec3& place : polygon) corners.push_back(ToVector(place));
+    return FromVector(NormalOf(corners));
 }
 
 LineDistance DistanceToLine(Point2 p, Point2 a, Point2 b) {

@@ -4,6 +4,8 @@
 #include <limits>
 #include <span>
 
+#include "zt_db/geometry/member_geometry.h"
+
 namespace zt {
 
 /// A place or direction in the model, in m.
@@ -22,6 +24,9 @@ inline double Dot(const Vec3& a, const Vec3& b) { return a.x * b.x + a.y * b.y +
 inline Vec3 Cross(const Vec3& a, const Vec3& b) {
     return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
 }
+
+inline Vector3 ToVector(const Vec3& place) { return {place.x, place.y, place.z}; }
+inline Vec3 FromVector(const Vector3& place) { return {place[0], place[1], place[2]}; }
 
 /// The direction across a polygon, of length 1; zero for one without an area. The polygon may be bent a little.
 Vec3 NormalOf(std::span<const Vec3> polygon);

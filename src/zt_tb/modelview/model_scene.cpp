@@ -5,6 +5,7 @@
 
 #include "zt_db/records/memb.h"
 #include "zt_db/records/spts.h"
+#include "zt_tb/modelview/record_reading.h"
 
 namespace zt {
 namespace {
@@ -13,21 +14,8 @@ using velda::FlatIndex;
 
 /// Levels and planes that differ by less than a millimetre are one.
 constexpr double kSame = 1e-3;
-
-/// Reads a record of a class in SI units; false when the key does not exist.
-template <class Class>
-bool ReadBase(const CDataBase& database, std::uint32_t key, typename Class::Record& record) {
-    if (!database.GetClass<Class>()->Get(key, record)) return false;
-    RecordToBase(record, database.Units());
-    return true;
-}
-
-template <class Class>
-std::vector<std::uint32_t> KeysOf(const CDataBase& database) {
-    std::vector<std::uint32_t> keys;
-    database.GetClass<Class>()->GetKeyList(keys);
-    return keys;
-}
+/// Length of a member in a model without any.
+constexpr double kUsualLength = 4.0;
 
 /// The item of a key, made in a free place or at the end when there is none.
 template <class Item>
@@ -54,13 +42,6 @@ void Erase(std::vector<Item>& items, FlatIndex& places, std::vector<std::uint32_
     places.Erase(key);
     items[at] = {};
     free.push_back(at);
-}
-
-template <class Class>
-bool IsOf(std::uint64_t entry) {
-    const auto code = static_cast<int>(static_cast<std::uint32_t>(entry));
-    const auto& codes = IdentityOf<typename Class::Record>::value.codes;
-    return std::find(std::begin(codes), std::end(codes), code) != std::end(codes);
 }
 
 /// Whether all places lie on the plane of a polygon, and their middle inside of it.
@@ -160,6 +141,7 @@ void ModelScene::ReadMember(const CDataBase& database, std::uint32_t key) {
         line.kind = DrawnKindOf(member.type);
         line.start = places.front();
         line.end = places.back();
+        line.beta = member.beta;
     } else if (isFace) {
         SceneFace& face = ItemOf(faces_, facePlaces_, freeFaces_, key);
         face.kind = DrawnKindOf(member.type);
@@ -173,12 +155,11 @@ void ModelScene::ReadSupports(const CDataBase& database) {
         T_SPTS_D record;
         const std::uint32_t at = nodePlaces_.Find(key);
         if (at == FlatIndex::kNone || !database.GetClass<CClassSpts>()->Get(key, record)) continue;
-        const auto holds = [&](std::size_t first) { return record.flags.substr(0, first + 3).find('1', first); };
         SceneSupport support{.node = at};
-        support.holdsMovement = holds(0) != std::string::npos;
-        support.holdsTurn = record.flags.size() > 3 && holds(3) != std::string::npos;
-        support.isSpring =
-            std::any_of(record.value.begin(), record.value.end(), [](double stiffness) { return stiffness != 0.0; });
+        for (std::size_t way = 0; way < support.ways.size(); ++way) {
+            const bool isHeld = way < record.flags.size() && record.flags[way] == '1';
+            support.ways[way] = isHeld ? Hold::Held : record.value[way] != 0.0 ? Hold::Spring : Hold::Free;
+        }
         supports_.push_back(support);
     }
 }
@@ -248,6 +229,20 @@ void ModelScene::Measure() {
     for (const SceneNode& node : nodes_) {
         if (node.key != 0) bounds_.Add(node.place);
     }
+    usualLength_.reset();
+}
+
+// Asked for when a picture is drawn: a change of one node need not look at every member.
+double ModelScene::UsualLength() const {
+    if (usualLength_) return *usualLength_;
+    double length = 0.0;
+    for (const SceneLine& line : lines_) {
+        if (line.key == 0) continue;
+        const Vec3 way = nodes_[line.end].place - nodes_[line.start].place;
+        length += std::sqrt(Dot(way, way));
+    }
+    usualLength_ = length > 0.0 ? length / static_cast<double>(linePlaces_.Count()) : kUsualLength;
+    return *usualLength_;
 }
 
 }  // namespace zt

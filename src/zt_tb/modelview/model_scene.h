@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -24,6 +25,7 @@ struct SceneLine {
     DrawnKind kind = DrawnKind::Other;
     std::uint32_t start = 0;  ///< places in the list of nodes
     std::uint32_t end = 0;
+    double beta = 0.0;  ///< angle about its axis, in rad
 };
 
 /// A member over three nodes or more.
@@ -34,12 +36,13 @@ struct SceneFace {
     std::vector<std::uint32_t> holes;    ///< places in the list of faces
 };
 
-/// Which movements and turns of a node are held, in the order of the record's flags.
+/// How a support holds a node against a movement or a turn.
+enum class Hold { Free, Held, Spring };
+
+/// The support of a node: movements along X, Y and Z, then turns about them.
 struct SceneSupport {
     std::uint32_t node = 0;  ///< place in the list of nodes
-    bool holdsMovement = false;
-    bool holdsTurn = false;
-    bool isSpring = false;
+    std::array<Hold, 6> ways{};
 };
 
 /// Stories whose top is at one level.
@@ -65,6 +68,8 @@ public:
     const std::vector<SceneLevel>& Levels() const { return levels_; }
     /// The box around all nodes.
     const Box3& Bounds() const { return bounds_; }
+    /// The mean length of members between two nodes: what symbols are measured by.
+    double UsualLength() const;
     bool IsEmpty() const { return nodePlaces_.Count() == 0; }
     std::size_t MemberCount() const { return linePlaces_.Count() + facePlaces_.Count(); }
 
@@ -103,6 +108,7 @@ private:
     std::vector<std::uint32_t> freeLines_;
     std::vector<std::uint32_t> freeFaces_;
     Box3 bounds_;
+    mutable std::optional<double> usualLength_;  ///< none until it is asked for after a change
 };
 
 }  // namespace zt

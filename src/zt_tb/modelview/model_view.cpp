@@ -1,5 +1,8 @@
 #include "zt_tb/modelview/model_view.h"
 
+#include "zt_db/records/load.h"
+#include "zt_tb/modelview/record_reading.h"
+
 namespace zt {
 namespace {
 
@@ -38,7 +41,9 @@ void ModelView::SetDocument(CDBDoc* doc) {
     if (doc) ConnectToDoc(doc);
     highlights_ = {};
     scene_.Build(Database());
+    loads_ = {};
     ++sceneRevision_;
+    TellLoadCases();
     Show(StandardView::Isometric);
 }
 
@@ -82,6 +87,31 @@ void ModelView::ZoomAt(Point2 place, double factor) {
     camera_.ZoomAt(place, factor);
     showsAll_ = false;
     Changed();
+}
+
+// ---- supports and loads ----
+
+void ModelView::ShowSupports(bool show) {
+    if (show == showsSupports_) return;
+    showsSupports_ = show;
+    Redraw();
+}
+
+void ModelView::ShowLoads(std::uint32_t loadCase) {
+    if (!Database() || loadCase == loads_.LoadCase()) return;
+    loads_.Build(*Database(), loadCase);
+    TellLoadCases();
+    Redraw();
+}
+
+std::vector<LoadCaseName> ModelView::LoadCases() const {
+    std::vector<LoadCaseName> cases;
+    if (!Database()) return cases;
+    for (const std::uint32_t key : KeysOf<CClassStld>(*Database())) {
+        T_STLD_D record;
+        if (Database()->GetClass<CClassStld>()->Get(key, record)) cases.push_back({key, record.name});
+    }
+    return cases;
 }
 
 // ---- selection ----
@@ -143,6 +173,10 @@ void ModelView::OnUpdate(CDBUpdateConnector* /*sender*/, int code, T_UPDATE_HINT
         case HintCode::Changed0:
         case HintCode::Changed1:
         case HintCode::Changed: UpdateScene(hint); break;
+        // Nothing but the values beside loads depends on the units.
+        case HintCode::Unit:
+            if (loads_.LoadCase() != 0) Redraw();
+            break;
         // The selection is asked for when it is drawn; a push of this view's own needs nothing more either.
         case HintCode::SelectionAdded:
         case HintCode::SelectionRemoved:
@@ -157,6 +191,8 @@ void ModelView::UpdateScene(const T_UPDATE_HINT* hint) {
     const bool wasEmpty = scene_.IsEmpty();
     scene_.Update(*Database());
     ++sceneRevision_;
+    loads_.Update(*Database());
+    if (IsTouched<CClassStld>(*Database())) TellLoadCases();
     // The first nodes of a new model are brought into sight.
     if (wasEmpty && showsAll_) camera_.Fit(scene_.Bounds(), kMargin);
     Changed();

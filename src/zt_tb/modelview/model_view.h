@@ -4,12 +4,19 @@
 
 #include "velda_base/host/model_view.h"
 #include "zt_db/doc/doc.h"
+#include "zt_tb/modelview/scene_loads.h"
 #include "zt_tb/modelview/scene_picking.h"
 
 namespace zt {
 
-/// The view of the model beside the tables, without its window: the scene of the open document, the camera, what is
-/// highlighted. It follows the document, and shows and drives the selection that the document's view state keeps.
+struct LoadCaseName {
+    std::uint32_t key = 0;
+    std::string name;
+};
+
+/// The view of the model beside the tables, without its window: the scene of the open document, the loads that are
+/// shown, the camera, what is highlighted. It follows the document, and shows and drives the selection that the
+/// document's view state keeps.
 class ModelView final : public CDBUpdateConnector, public velda::I_ModelBase {
 public:
     /// The kind of highlights that are nodes. Those of all other kinds are members.
@@ -19,9 +26,11 @@ public:
     void SetDocument(CDBDoc* doc);
     /// Told that the picture is another one.
     std::function<void()> onChanged;
+    /// Told that there are other load cases to choose from, or that another one is chosen.
+    std::function<void()> onLoadCases;
 
     const ModelScene& Scene() const { return scene_; }
-    /// Another number for every other content of the scene.
+    /// Another number for every other content of the scene, of its loads included.
     std::uint64_t SceneRevision() const { return sceneRevision_; }
     const Camera& View() const { return camera_; }
 
@@ -36,6 +45,18 @@ public:
     void Orbit(Point2 way);
     void Pan(Point2 way);
     void ZoomAt(Point2 place, double factor);
+
+    // ---- supports and loads
+
+    void ShowSupports(bool show);
+    bool ShowsSupports() const { return showsSupports_; }
+    /// Shows the loads of a load case as long as it exists; 0 for none.
+    void ShowLoads(std::uint32_t loadCase);
+    const SceneLoads& Loads() const { return loads_; }
+    /// The load cases to choose from, in their order.
+    std::vector<LoadCaseName> LoadCases() const;
+    /// The current units; null without a document.
+    const CUnitCtrl* Units() const { return Database() ? &Database()->Units() : nullptr; }
 
     // ---- selection
 
@@ -60,11 +81,21 @@ public:
 private:
     CDataBase* Database() const;
     void UpdateScene(const T_UPDATE_HINT* hint);
+    /// Has the building drawn anew.
+    void Redraw() {
+        ++sceneRevision_;
+        Changed();
+    }
+    void TellLoadCases() const {
+        if (onLoadCases) onLoadCases();
+    }
     void Changed() const {
         if (onChanged) onChanged();
     }
 
     ModelScene scene_;
+    SceneLoads loads_;
+    bool showsSupports_ = true;
     Camera camera_;
     std::uint64_t sceneRevision_ = 0;
     PickedKeys highlights_;

@@ -17,6 +17,12 @@ constexpr double kLeastFace = 1.5;
 constexpr double kLevelHeight = 16.0;
 constexpr double kLevelGap = 10.0;
 constexpr double kLevelTick = 12.0;
+/// Size of supports in pixels, and as a share of a member's usual length. Where members are shorter than the least
+/// length in pixels there is no room for supports.
+constexpr double kSupportShare = 0.16;
+constexpr double kLeastSupport = 2.5;
+constexpr double kMostSupport = 11.0;
+constexpr double kLeastSupported = 4.0;
 /// Levels are told where upright lengths are seen at least this much.
 constexpr double kLeastUpright = 0.2;
 constexpr double kElevationView = 1e-6;
@@ -40,7 +46,8 @@ ScenePicture::ScenePicture(const SceneProjection& projection, const PictureDetai
     }
     AddLines();
     if (detail.faces) AddFaces();
-    AddPoints();
+    AddNodes();
+    if (detail.supports) AddSupports();
     AddLevels();
 }
 
@@ -109,7 +116,7 @@ void ScenePicture::AddFaces() {
     }
 }
 
-void ScenePicture::AddPoints() {
+void ScenePicture::AddNodes() {
     if (!projection_.ShowsNodes()) return;
     const Rect2 frame = projection_.Frame();
     const std::vector<SceneNode>& nodes = projection_.Scene().Nodes();
@@ -117,9 +124,15 @@ void ScenePicture::AddPoints() {
         const Point2 point = projection_.At(at).Flat();
         if (nodes[at].key != 0 && frame.Holds(point)) nodes_.push_back(point);
     }
+}
+
+void ScenePicture::AddSupports() {
+    if (projection_.UsualLength() < kLeastSupported) return;
+    const Rect2 frame = projection_.Frame();
+    const double size = projection_.SymbolSize(kSupportShare, kLeastSupport, kMostSupport);
     for (const SceneSupport& support : projection_.Scene().Supports()) {
         const Point2 point = projection_.At(support.node).Flat();
-        if (frame.Holds(point)) supports_.push_back({point, support});
+        if (frame.Holds(point)) AddSupport(supports_, support, point, projection_.View(), size);
     }
 }
 

@@ -5,13 +5,14 @@
 #include <vector>
 
 #include "zt_tb/modelview/scene_picking.h"
-#include "zt_tb/modelview/thin_lines.h"
+#include "zt_tb/modelview/support_symbols.h"
 
 namespace zt {
 
 /// How much of a scene is drawn.
 struct PictureDetail {
     bool faces = true;
+    bool supports = true;
     std::size_t slices = 16;  ///< stretches of depth that are drawn one behind the other
 
     /// What can be drawn while the user turns the model, and when it stands still.
@@ -30,11 +31,6 @@ struct FaceShape {
     double depth = 0.0;
     std::uint32_t firstRing = 0;
     std::uint32_t rings = 0;
-};
-
-struct SupportMark {
-    Point2 place;
-    SceneSupport support;
 };
 
 /// A level at the side of the building. In an elevation its line runs across the building, else it is short.
@@ -69,7 +65,7 @@ public:
     /// Slices from the farthest to the nearest.
     const std::vector<PictureSlice>& Slices() const { return slices_; }
     const std::vector<Point2>& Nodes() const { return nodes_; }
-    const std::vector<SupportMark>& Supports() const { return supports_; }
+    const SupportSymbols& Supports() const { return supports_; }
     const std::vector<LevelMark>& Levels() const { return levels_; }
     /// The shapes of some records, to be drawn over the others.
     PictureMarks MarksOf(const PickedKeys& keys);
@@ -83,7 +79,8 @@ private:
     PictureSlice& SliceAt(double depth);
     void AddLines();
     void AddFaces();
-    void AddPoints();
+    void AddNodes();
+    void AddSupports();
     void AddLevels();
     bool StrokeOf(const SceneLine& line, LineStroke& stroke) const;
     /// Adds the rings of a face; false when it lies outside of the frame or is too small to be seen.
@@ -95,7 +92,7 @@ private:
     std::vector<Ring> rings_;
     std::vector<Point2> points_;
     std::vector<Point2> nodes_;
-    std::vector<SupportMark> supports_;
+    SupportSymbols supports_;
     std::vector<LevelMark> levels_;
 };
 

@@ -20,6 +20,12 @@ public:
     const ScreenPoint& At(std::uint32_t node) const { return points_[node]; }
     /// Whether nodes stand far enough apart to be drawn as dots and to be taken by the mouse.
     bool ShowsNodes() const { return showsNodes_; }
+    /// Size in pixels of a symbol that is a share of a member's usual length, between a least and a greatest size.
+    double SymbolSize(double share, double least, double most) const {
+        return std::clamp(share * UsualLength(), least, most);
+    }
+    /// A member's usual length in pixels.
+    double UsualLength() const { return scene_.UsualLength() * camera_.Scale(); }
     /// The least and the greatest depth.
     double Near() const { return near_; }
     double Far() const { return far_; }

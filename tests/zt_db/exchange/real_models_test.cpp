@@ -4,7 +4,7 @@
 
 #include "velda_lib/number_text.h"
 #include "zt_db/exchange/exchange_files.h"
-#include "zt_db/exchange/member_geometry.h"
+#include "zt_db/geometry/member_geometry.h"
 #include "zt_db/record_texts.h"
 
 namespace zt {

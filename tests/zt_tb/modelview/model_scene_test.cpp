@@ -1,10 +1,13 @@
 #include "zt_tb/modelview/model_scene.h"
 
 #include "zt_tb/modelview/bay_fixture.h"
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace zt {
 namespace {
+
+using ::testing::ElementsAre;
 
 class ModelSceneTest : public BayTest {
 protected:
@@ -148,20 +151,32 @@ TEST_F(ModelSceneTest, CutsNoOpeningThatLiesBesideThePlaneOfASlab) {
     EXPECT_TRUE(FaceOf(kSlab).holes.empty());
 }
 
-TEST_F(ModelSceneTest, TellsSupportsApart) {
-    T_SPTS_D support{.flags = "111111"};
-    Add<CClassSpts>(1, support);
-    support.flags = "111000";
-    Add<CClassSpts>(2, support);
-    support.flags = "000000";
+TEST_F(ModelSceneTest, TellsHowASupportHoldsEachWay) {
+    T_SPTS_D support{.flags = "110000"};
+    support.value[0] = 500.0;
     support.value[2] = 1000.0;
     Add<CClassSpts>(3, support);
+    Add<CClassSpts>(1, {.flags = "1"});
     scene.Update(Db());
-    scene.Build(&Db());
-    ASSERT_EQ(3u, scene.Supports().size());
-    EXPECT_TRUE(scene.Supports()[0].holdsMovement && scene.Supports()[0].holdsTurn && !scene.Supports()[0].isSpring);
-    EXPECT_TRUE(scene.Supports()[1].holdsMovement && !scene.Supports()[1].holdsTurn);
-    EXPECT_TRUE(scene.Supports()[2].isSpring && !scene.Supports()[2].holdsMovement);
+    ASSERT_EQ(2u, scene.Supports().size());
+    EXPECT_EQ(1u, scene.Nodes()[scene.Supports()[0].node].key);
+    EXPECT_THAT(scene.Supports()[0].ways,
+                ElementsAre(Hold::Held, Hold::Free, Hold::Free, Hold::Free, Hold::Free, Hold::Free));
+    EXPECT_THAT(scene.Supports()[1].ways,
+                ElementsAre(Hold::Held, Hold::Held, Hold::Spring, Hold::Free, Hold::Free, Hold::Free))
+        << "a way that is held needs no spring";
+}
+
+TEST_F(ModelSceneTest, MeasuresTheUsualLengthOfItsMembers) {
+    EXPECT_DOUBLE_EQ((4 * 4.0 + 2 * 8.0 + 2 * 7.0) / 8.0, scene.UsualLength());
+    for (std::uint32_t member = 5; member <= 8; ++member) {
+        ASSERT_TRUE(Records<CClassMemb>().TR_Del(member));
+        scene.Update(Db());
+    }
+    ModelScene fresh;
+    fresh.Build(&Db());
+    EXPECT_DOUBLE_EQ(fresh.UsualLength(), scene.UsualLength());
+    EXPECT_DOUBLE_EQ(4.0, fresh.UsualLength());
 }
 
 TEST_F(ModelSceneTest, FollowsASupportThatComesAndGoes) {

@@ -1,4 +1,7 @@
+#include <utility>
+
 #include "zt_tb/modelview/bay_fixture.h"
+#include "zt_tb/modelview/load_fixture.h"
 #include "zt_tb/modelview/model_mouse.h"
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -239,6 +242,74 @@ TEST_F(ModelViewTest, DrawsNothingAnewWhenOnlyUnitsChange) {
     const int before = pictures;
     SetUnits(0, 1);
     EXPECT_EQ(before, pictures);
+}
+
+class ModelViewLoadsTest : public BayLoadTest {
+protected:
+    ModelViewLoadsTest() {
+        view.onChanged = [this] { ++pictures; };
+        view.onLoadCases = [this] { ++choices; };
+    }
+
+    int pictures = 0;
+    int choices = 0;
+};
+
+TEST_F(ModelViewLoadsTest, DrawsTheBuildingAnewForOtherLoadsAndSupports) {
+    const Camera before = view.View();
+    std::uint64_t last = view.SceneRevision();
+    const auto isNew = [&] { return view.SceneRevision() != std::exchange(last, view.SceneRevision()); };
+    view.ShowLoads(kDead);
+    EXPECT_TRUE(isNew());
+    EXPECT_EQ(1, pictures);
+    view.ShowLoads(kDead);
+    EXPECT_FALSE(isNew());
+    view.ShowSupports(false);
+    EXPECT_TRUE(isNew());
+    EXPECT_FALSE(view.ShowsSupports());
+    view.ShowSupports(false);
+    EXPECT_FALSE(isNew());
+    Add<CClassLnld>(1, LineLoad(-8.0, -8.0));
+    EXPECT_TRUE(isNew());
+    EXPECT_EQ(1u, view.Loads().MemberLoads().size());
+    EXPECT_EQ(before, view.View()) << "the camera stays";
+}
+
+TEST_F(ModelViewLoadsTest, DrawsValuesAnewInOtherUnits) {
+    view.ShowLoads(kDead);
+    const std::uint64_t before = view.SceneRevision();
+    SetUnits(0, 1);
+    EXPECT_NE(before, view.SceneRevision());
+}
+
+TEST_F(ModelViewLoadsTest, TellsOfLoadCasesThatComeGoAndTakeAnotherName) {
+    ASSERT_EQ(3u, view.LoadCases().size());
+    EXPECT_EQ("LL", view.LoadCases()[1].name);
+    Add<CClassStld>(4, {.name = "EX", .type = "E"});
+    EXPECT_EQ(1, choices);
+    ASSERT_TRUE(Records<CClassStld>().TR_Modify(4, 4, {.name = "EY", .type = "E"}));
+    EXPECT_EQ(2, choices);
+    EXPECT_EQ("EY", view.LoadCases()[3].name);
+    MoveNode(2, 30.0);
+    EXPECT_EQ(2, choices) << "nothing else is told";
+    ASSERT_EQ(1, Db().Undo());
+    ASSERT_EQ(1, Db().Undo());
+    EXPECT_EQ(3, choices);
+}
+
+TEST_F(ModelViewLoadsTest, KeepsItsLoadCaseAsLongAsItExists) {
+    view.ShowLoads(kLive);
+    ASSERT_TRUE(Records<CClassStld>().TR_Modify(kLive, kLive, {.name = "Office", .type = "L"}));
+    EXPECT_EQ(kLive, view.Loads().LoadCase());
+    EXPECT_EQ("Office", view.Loads().Name());
+    ASSERT_TRUE(Records<CClassStld>().TR_Del(kLive));
+    EXPECT_EQ(0u, view.Loads().LoadCase());
+    view.ShowLoads(kDead);
+    view.SetDocument(nullptr);
+    EXPECT_EQ(0u, view.Loads().LoadCase());
+    EXPECT_TRUE(view.LoadCases().empty());
+    view.ShowLoads(kDead);
+    EXPECT_EQ(0u, view.Loads().LoadCase());
 }
 
 TEST_F(ModelViewTest, DropsWhatIsDeletedFromTheSelection) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <span>
 
 namespace zt {
 
@@ -26,6 +27,15 @@ struct MemberAxes {
     Vector3 z;
 };
 MemberAxes AxesOfLine(const Vector3& from, const Vector3& to);
+/// The axes of a member at an angle in rad: local y and z turned about local x by the right-hand rule, y towards z.
+MemberAxes TurnedAbout(const MemberAxes& axes, double angle);
+
+/// The direction across a polygon, of length 1: its corners run counterclockwise as seen from there. Zero for a polygon
+/// without an area. The polygon may be bent a little.
+Vector3 NormalOf(std::span<const Vector3> corners);
+/// The axes of a wall or a slab: local x along its first edge, from the first to the second corner; local z its normal;
+/// local y square to both. Zero without an area.
+MemberAxes AxesOfFace(std::span<const Vector3> corners);
 
 /// The angle about local x, in rad, that brings local z (or local y) at angle 0 to the side that a vector points to. A
 /// vector along the member gives 0.

@@ -1,4 +1,4 @@
-#include "zt_db/exchange/member_geometry.h"
+#include "zt_db/geometry/member_geometry.h"
 
 #include <cmath>
 #include <numbers>
@@ -44,6 +44,37 @@ MemberAxes AxesOfLine(const Vector3& from, const Vector3& to) {
     axes.y = Unit(Cross(vertical ? Vector3{1.0, 0.0, 0.0} : Vector3{0.0, 0.0, 1.0}, axes.x));
     axes.z = Cross(axes.x, axes.y);
     return axes;
+}
+
+MemberAxes TurnedAbout(const MemberAxes& axes, double angle) {
+    const double c = std::cos(angle);
+    const double s = std::sin(angle);
+    MemberAxes turned{axes.x, {}, {}};
+    for (std::size_t i = 0; i < 3; ++i) {
+        turned.y[i] = c * axes.y[i] + s * axes.z[i];
+        turned.z[i] = c * axes.z[i] - s * axes.y[i];
+    }
+    return turned;
+}
+
+Vector3 NormalOf(std::span<const Vector3> corners) {
+    Vector3 normal{};
+    for (std::size_t at = 0; at < corners.size(); ++at) {
+        // Counted from the first corner, so that far away from the origin no digits are lost.
+        const Vector3 part =
+            Cross(Minus(corners[at], corners.front()), Minus(corners[(at + 1) % corners.size()], corners.front()));
+        for (std::size_t i = 0; i < 3; ++i) normal[i] += part[i];
+    }
+    return Unit(normal);
+}
+
+MemberAxes AxesOfFace(std::span<const Vector3> corners) {
+    const Vector3 normal = NormalOf(corners);
+    if (Length(normal) == 0.0) return {};
+    const Vector3 edge = Minus(corners[1], corners[0]);
+    // A bent polygon may have a first edge that is not quite square to its normal.
+    const Vector3 y = Unit(Cross(normal, edge));
+    return {Cross(y, normal), y, normal};
 }
 
 double AngleOfLocalZ(const MemberAxes& axes, const Vector3& vector) {
