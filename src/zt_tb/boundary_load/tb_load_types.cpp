@@ -9,6 +9,7 @@ namespace zt {
 namespace {
 
 constexpr int kBeamTypes[] = {200, 201, 205};
+constexpr int kAreaLoadWidth = 140;  ///< in pixels, so that the unit stands in one line
 
 /// A load type in a closed list of names. When the user chooses one, the cells that follow take its values.
 template <class Table, auto Member, class Names>
@@ -109,7 +110,8 @@ const CTBBwld::Declaration& CTBBwld::Declared() {
                 Columns::Double<&T_BWLD_D::dl>("IDS_TB_BWLD_DL",
                                                {.unit = T_BWLD_D::unit[0],
                                                 .suggestedBy = kBwldType,
-                                                .suggest = &ValueOfType<BeamWallTypeNames, kBwldType, &T_BWTP_D::dl>}),
+                                                .suggest = &ValueOfType<BeamWallTypeNames, kBwldType, &T_BWTP_D::dl>,
+                                                .preference = {2, 2, 4, kAreaLoadWidth}}),
                 {"IDS_TB_BWLD_Height",
                  velda::ColumnType::String,
                  &ShowHeight,
@@ -131,7 +133,8 @@ int CTBBwld::ValidateColumn(const std::string& text, velda::ColumnId column) {
 
 const CTBSbla::Declaration& CTBSbla::Declared() {
     static const auto value = [](int unit, std::string (*ofType)(RowCells)) {
-        return Options{.unit = unit, .suggestedBy = kSblaType, .suggest = ofType};
+        return Options{
+            .unit = unit, .suggestedBy = kSblaType, .suggest = ofType, .preference = {2, 2, 4, kAreaLoadWidth}};
     };
     static const Declaration declaration{
         .name = "TBSbla",
