@@ -175,7 +175,8 @@ std::vector<ColumnId> BrowserEditHost::RebaseRowInEdit(RowId row, const std::vec
     std::vector<ColumnId> changed;
     for (std::size_t at = 0; at < stored.size(); ++at) {
         // What the user or a dependency of his text changed stays.
-        if (old.live[at] != old.before[at]) browser_.edit_.live[at] = typed[at];
+        const bool byRow = browser_.unitsSwitched_ && browser_.HasUnitOfRow(static_cast<ColumnId>(at));
+        if (byRow || old.live[at] != old.before[at]) browser_.edit_.live[at] = typed[at];
     }
     for (const EditedCell& edit : edits) {
         const auto at = static_cast<std::size_t>(edit.column);

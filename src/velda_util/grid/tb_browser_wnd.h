@@ -169,6 +169,8 @@ public:
     virtual void AdjustAppendRowNo(int row);
     /// Why the database refused the last change; empty where it does not tell.
     virtual std::string GetRefusalReason() const { return {}; }
+    /// Whether other cells of a row decide on the unit of a number. What an open row shows then counts as typed.
+    virtual bool HasUnitOfRow(ColumnId /*column*/) const { return false; }
     /// Brings texts that were typed under the previous units to the current ones.
     virtual void ConvertTypedTexts(std::vector<std::string>& /*texts*/) {}
 

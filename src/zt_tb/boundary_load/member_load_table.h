@@ -125,8 +125,6 @@ protected:
         AddFour<&Record::x>(columns, kPlaceTitles, {.defaultText = "0"});
         columns[MemberLoadColumn::kX2].options.defaultText = "1";
         AddFour<&Record::p>(columns, kValueTitles, {.defaultText = "0", .unitOfRecord = true});
-        KeepValues(columns, std::index_sequence<MemberLoadColumn::kP1, MemberLoadColumn::kP2, MemberLoadColumn::kP3,
-                                                MemberLoadColumn::kP4>());
         columns.push_back({"IDS_TB_LNLD_Unit",
                            velda::ColumnType::String,
                            [](const Table&, const Row& row, CellSink& cell) {
@@ -162,12 +160,6 @@ private:
         columns.push_back(Columns::template Double<kElementOf<Member, 1>>(titles[1], options));
         columns.push_back(Columns::template Double<kElementOf<Member, 2>>(titles[2], options));
         columns.push_back(Columns::template Double<kElementOf<Member, 3>>(titles[3], options));
-    }
-    /// With another type the values are those that the row shows, in another unit, whatever the record has.
-    template <std::size_t... Ids>
-    static void KeepValues(std::vector<typename Base::Column>& columns, std::index_sequence<Ids...>) {
-        ((columns[Ids].options.suggestedBy = MemberLoadColumn::kType), ...);
-        ((columns[Ids].options.suggest = [](RowCells cells) { return cells(velda::ColumnId{Ids}); }), ...);
     }
     void SeeCrane(int row) {
         craneRow_ = MemberLoadRow::IsCrane(this->GetLiveText(row, this->PositionOfColumn(MemberLoadColumn::kLoadCase)));

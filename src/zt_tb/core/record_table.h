@@ -391,6 +391,7 @@ protected:
         return passedOver;
     }
     bool MayBeEnabledByRow(velda::ColumnId column) const override { return ColumnAt(column).options.enabled; }
+    bool HasUnitOfRow(velda::ColumnId column) const override { return ColumnAt(column).options.unitOfRecord; }
     std::string GetUnitText(velda::ColumnId column) const override {
         const Options& options = ColumnAt(column).options;
         if (!options.modelLength || options.unit == Unit::None) return CTBCommonWnd::GetUnitText(column);
