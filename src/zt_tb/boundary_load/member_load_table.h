@@ -148,10 +148,10 @@ protected:
     }
 
 private:
-    static constexpr std::string_view kPlaceTitles[] = {"IDS_TB_LNLD_X1", "IDS_TB_LNLD_X2", "IDS_TB_LNLD_X3",
-                                                        "IDS_TB_LNLD_X4"};
-    static constexpr std::string_view kValueTitles[] = {"IDS_TB_LNLD_P1", "IDS_TB_LNLD_P2", "IDS_TB_LNLD_P3",
-                                                        "IDS_TB_LNLD_P4"};
+    static constexpr std::string_view kPlaceTitles[4] = {"IDS_TB_LNLD_X1", "IDS_TB_LNLD_X2", "IDS_TB_LNLD_X3",
+                                                         "IDS_TB_LNLD_X4"};
+    static constexpr std::string_view kValueTitles[4] = {"IDS_TB_LNLD_P1", "IDS_TB_LNLD_P2", "IDS_TB_LNLD_P3",
+                                                         "IDS_TB_LNLD_P4"};
 
     template <auto Member>
     static void AddFour(std::vector<typename Base::Column>& columns, const std::string_view (&titles)[4],
