@@ -7,39 +7,14 @@
 #include "velda_base/host/cmd_dialog.h"
 #include "velda_lib/flat_index.h"
 #include "velda_lib/msg_dll.h"
-#include "zt_tb/core/table_column.h"
+#include "zt_tb/core/declare_columns.h"
+#include "zt_tb/core/dependent_cells.h"
+#include "zt_tb/core/table_declaration.h"
 #include "zt_tb/core/tb_common_wnd.h"
 
 namespace zt {
 
 class CTBView;
-
-/// Columns whose cells turn red while the model is traced by one of the checker's modes.
-struct TracerMark {
-    int mode = 0;
-    velda::ColumnId first = 0;
-    velda::ColumnId last = 0;
-};
-
-/// What a table of one record class is, as data.
-template <class Table, class R>
-struct TableDeclaration {
-    std::string_view name;  ///< under which preferences are kept: "TB" and the mnemonic
-    std::vector<TableColumn<Table, R>> columns;
-    std::vector<velda::STBSortItem> sort{{0, 0, 0}};
-    bool inserts = false;
-    bool appends = false;
-    /// The property dialog that a double click on a row opens; empty for none.
-    std::string_view dialog{};
-    std::vector<TracerMark> tracerMarks{};
-    /// Default texts behind those of the columns.
-    std::vector<std::string_view> moreDefaults{};
-    /// What is said behind the title of a column that is missing.
-    std::string_view missing = "IDS_TB_has_not_been_entered";
-    /// What a row that is read again has from its record before its cells are read: what no cell tells, or not wholly.
-    /// Null where the cells tell all.
-    void (*keep)(const R& stored, R& record) = nullptr;
-};
 
 /// The skeleton of all tables whose rows are the records of one class: fills rows from records, reads rows into
 /// records, validates, sends transactions, replays changes. A table derives from it, declares its columns in `static
@@ -248,16 +223,17 @@ public:
     // ---- cells that depend on others of their row
 
     bool HasStyleHook() const override {
-        if (!Declared().tracerMarks.empty()) return true;
-        return std::any_of(Declared().columns.begin(), Declared().columns.end(), [](const Column& column) {
-            return column.options.rowStyle != nullptr || column.options.enabled != nullptr;
-        });
+        return !Declared().tracerMarks.empty() || Dependent().CanClose() ||
+               std::any_of(Declared().columns.begin(), Declared().columns.end(),
+                           [](const Column& column) { return column.options.rowStyle != nullptr; });
     }
     void GetStyleRowCol(int row, int col, velda::CGXStyle& style) const override {
-        const Options& options = ColumnAt(IdOfColumn(col)).options;
+        const velda::ColumnId id = IdOfColumn(col);
+        const Options& options = ColumnAt(id).options;
+        const auto live = [&](velda::ColumnId other) { return GetLiveText(row, PositionOfColumn(other)); };
         if (options.rowStyle) options.rowStyle(static_cast<const Table&>(*this), row, style);
-        if (options.enabled && !IsEnabledInRow(options, row)) style.SetEnabled(false);
-        if (IsTraced(IdOfColumn(col))) style.SetTextColor(kTracedColor);
+        if (!Dependent().IsEnabled(id, live)) style.SetEnabled(false);
+        if (IsTraced(id)) style.SetTextColor(kTracedColor);
     }
     bool OnStartEditing(int row, int col) override {
         const velda::ColumnId cleared = ColumnAt(IdOfColumn(col)).options.clears;
@@ -270,8 +246,10 @@ public:
     }
     void OnEndEditing(int row, int col) override {
         CTBCommonWnd::OnEndEditing(row, col);
-        FollowSuggestions(row, IdOfColumn(col));
-        RestDisabledCells(row);
+        const auto live = [&](velda::ColumnId id) { return GetLiveText(row, PositionOfColumn(id)); };
+        Dependent().Follow(IdOfColumn(col), live, [&](velda::ColumnId id, const std::string& text) {
+            SetValueRange(row, PositionOfColumn(id), text);
+        });
     }
     void OnCanceledEditing(int row, int col) override {
         CTBCommonWnd::OnCanceledEditing(row, col);
@@ -381,8 +359,11 @@ protected:
     std::size_t AdjustGivenTexts(RowTexts& texts, const RowTexts& before,
                                  const std::vector<bool>& given) const override {
         velda::ColumnId id = 0;
-        TakeSuggestions(texts, before, given);
-        const std::size_t passedOver = PassOverDisabled(texts, before, given);
+        const std::size_t passedOver =
+            Dependent().Adjust([&](velda::ColumnId other) { return texts[TextPlace(other)]; },
+                               [&](velda::ColumnId other) { return before[TextPlace(other)]; },
+                               [&](velda::ColumnId other) { return given[TextPlace(other)]; },
+                               [&](velda::ColumnId other, const std::string& text) { texts[TextPlace(other)] = text; });
         for (const Column& column : Declared().columns) {
             const auto at = static_cast<std::size_t>(PositionOfColumn(id++) - 1);
             if (column.options.clears == velda::kNoColumn || !given[at] || texts[at] != kCleared) continue;
@@ -444,10 +425,6 @@ private:
         const std::string& unit = column.options.fixedUnit;
         return unit.empty() ? title : title + "\n(" + unit + ")";
     }
-    /// A text that a declaration gives as it stands or by its key.
-    static std::string TextOfDefault(std::string_view text) {
-        return text.empty() ? std::string() : velda::CMsgDll::pfuncLoadStr(text, 0);
-    }
     static RowTexts DefaultTexts() {
         RowTexts texts;
         for (const Column& column : Declared().columns) {
@@ -496,55 +473,9 @@ private:
         }
     }
 
-    // ---- cells that others of their row enable
-
-    bool IsEnabledInRow(const Options& options, int row) const {
-        return options.enabled([&](velda::ColumnId id) { return GetLiveText(row, PositionOfColumn(id)); });
-    }
-    void RestDisabledCells(int row) {
-        for (velda::ColumnId id = 0; id < GetInitialColCount(); ++id) {
-            const Options& options = ColumnAt(id).options;
-            const int col = PositionOfColumn(id);
-            if (options.restText.empty() || !GetLiveText(row, col).empty() || IsEnabledInRow(options, row)) continue;
-            SetValueRange(row, col, TextOfDefault(options.restText));
-        }
-    }
-    /// Gives the cells that follow an edited one what it suggests.
-    void FollowSuggestions(int row, velda::ColumnId edited) {
-        const auto textOf = [&](velda::ColumnId id) { return GetLiveText(row, PositionOfColumn(id)); };
-        for (velda::ColumnId id = 0; id < GetInitialColCount(); ++id) {
-            const Options& options = ColumnAt(id).options;
-            if (options.suggestedBy == edited) SetValueRange(row, PositionOfColumn(id), options.suggest(textOf));
-        }
-    }
-    /// The same for a row that a change of many cells gives; what the change itself gives stands.
-    void TakeSuggestions(RowTexts& texts, const RowTexts& before, const std::vector<bool>& given) const {
-        const auto textOf = [&](velda::ColumnId id) { return texts[TextPlace(id)]; };
-        for (velda::ColumnId id = 0; id < GetInitialColCount(); ++id) {
-            const Options& options = ColumnAt(id).options;
-            if (options.suggestedBy == velda::kNoColumn || given[TextPlace(id)]) continue;
-            const std::size_t leading = TextPlace(options.suggestedBy);
-            if (texts[leading] != before[leading]) texts[TextPlace(id)] = options.suggest(textOf);
-        }
-    }
-    /// Takes texts back that were given to cells which the row does not enable; their number.
-    std::size_t PassOverDisabled(RowTexts& texts, const RowTexts& before, const std::vector<bool>& given) const {
-        std::size_t passedOver = 0;
-        for (velda::ColumnId id = 0; id < GetInitialColCount(); ++id) {
-            const Options& options = ColumnAt(id).options;
-            const auto textOf = [&](velda::ColumnId other) { return texts[TextPlace(other)]; };
-            if (!options.enabled || options.enabled(textOf)) continue;
-            std::string& text = texts[TextPlace(id)];
-            if (given[TextPlace(id)]) {
-                passedOver += text == before[TextPlace(id)] ? 0 : 1;
-                text = before[TextPlace(id)];
-            }
-            if (text.empty()) text = TextOfDefault(options.restText);
-        }
-        return passedOver;
-    }
     /// Place of a column's text in the texts by grid column.
     std::size_t TextPlace(velda::ColumnId id) const { return static_cast<std::size_t>(PositionOfColumn(id) - 1); }
+    DependentCells<Table, Record> Dependent() const { return DependentCells<Table, Record>(Declared().columns); }
 
     Table& Self() { return static_cast<Table&>(*this); }
     void RebuildChoices(const CViewBuff& buffer) {

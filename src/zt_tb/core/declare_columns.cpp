@@ -1,8 +1,9 @@
-#include "zt_tb/core/table_column.h"
+#include "zt_tb/core/declare_columns.h"
 
 #include <algorithm>
 
 #include "velda_lib/comp_func.h"
+#include "velda_lib/msg_dll.h"
 
 namespace zt {
 
