@@ -33,13 +33,13 @@ public:
     void perform_op(const double* in, double* out) const {
         const VectorXd forces = mass_ * Displacements(Eigen::Map<const VectorXd>(in, cols()));
         VectorXd work = stiffness_.permutationP() * forces;
-        work = stiffness_.matrixL().solve(work);
+        stiffness_.matrixL().solveInPlace(work);
         Eigen::Map<VectorXd>(out, rows()) = work.cwiseQuotient(root_);
     }
     /// The displacements of an eigenvector.
     VectorXd Displacements(const VectorXd& vector) const {
         VectorXd work = vector.cwiseQuotient(root_);
-        work = stiffness_.matrixU().solve(work);
+        stiffness_.matrixU().solveInPlace(work);
         return stiffness_.permutationPinv() * work;
     }
 
@@ -64,7 +64,10 @@ EigenPairs AllPairs(const FlexibleMass& flexible) {
         unit(i) = 0.0;
     }
     const Eigen::SelfAdjointEigenSolver<Eigen::MatrixXd> solver(0.5 * (whole + whole.transpose()));
-    return {solver.eigenvalues().reverse(), solver.eigenvectors().rowwise().reverse()};
+    EigenPairs pairs;
+    pairs.values = solver.eigenvalues().reverse();
+    pairs.vectors = solver.eigenvectors().rowwise().reverse();
+    return pairs;
 }
 
 bool GreatestPairs(FlexibleMass& flexible, Index modes, EigenPairs& pairs) {
@@ -73,7 +76,8 @@ bool GreatestPairs(FlexibleMass& flexible, Index modes, EigenPairs& pairs) {
     solver.init();
     const Index found = solver.compute(Spectra::SortRule::LargestAlge, 1000, 1.0e-12);
     if (solver.info() != Spectra::CompInfo::Successful || found < modes) return false;
-    pairs = {solver.eigenvalues(), solver.eigenvectors()};
+    pairs.values = solver.eigenvalues();
+    pairs.vectors = solver.eigenvectors();
     return true;
 }
 

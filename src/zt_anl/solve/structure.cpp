@@ -88,26 +88,31 @@ void Structure::NumberEquations(AnalysisLog& log) {
     }
     isStiffnessless_.assign(freedoms_.Count(), false);
     std::vector<bool> isMet(model_->nodes.size(), false);
-    for (std::size_t place = 0; place < freedoms_.Count(); ++place) {
-        isStiffnessless_[place] = valueAt(place) <= kNoStiffness * greatest[kindOf(place)];
-        if (!isStiffnessless_[place]) isMet[freedoms_.At(place).node] = true;
-    }
+    for (const FrameSpan& span : model_->spans) isMet[span.ends[0]] = isMet[span.ends[1]] = true;
     equationOf_.assign(freedoms_.Count(), -1);
     moving_.clear();
     std::size_t rotations = 0;
     for (std::size_t place = 0; place < freedoms_.Count(); ++place) {
-        const bool isNode = isMet[freedoms_.At(place).node];
+        const bool isAtElement = isMet[freedoms_.At(place).node];
+        const bool isHeldByNothing = valueAt(place) <= kNoStiffness * greatest[kindOf(place)];
         // A displacement that nothing holds at a node with elements makes the equations singular, which is told.
-        const bool canStay = isStiffnessless_[place] && (kindOf(place) == 1 || !isNode);
-        if (canStay && isNode && !freedoms_.IsFixed(place)) ++rotations;
-        if (!canStay) isStiffnessless_[place] = false;
-        if (canStay || freedoms_.IsFixed(place)) continue;
+        isStiffnessless_[place] = isHeldByNothing && (kindOf(place) == 1 || !isAtElement);
+        if (freedoms_.IsFixed(place)) continue;
+        if (isStiffnessless_[place]) {
+            rotations += isAtElement ? 1 : 0;
+            continue;
+        }
         equationOf_[place] = static_cast<int>(moving_.size());
         moving_.push_back(place);
     }
-    const auto loose = std::count(isMet.begin(), isMet.end(), false);
+    std::size_t loose = 0;
+    for (std::size_t node = 0; node < isMet.size(); ++node) {
+        bool hasStiffness = false;
+        for (std::size_t i = 0; i < kFreedoms; ++i) hasStiffness = hasStiffness || !IsLoose(node, i);
+        loose += hasStiffness ? 0 : 1;
+    }
     if (rotations > 0) log.Note("IDS_ANL_FREE_ROTATIONS", {FormatLong(static_cast<std::int64_t>(rotations))});
-    if (loose > 0) log.Note("IDS_ANL_LOOSE_NODES", {FormatLong(loose)});
+    if (loose > 0) log.Note("IDS_ANL_LOOSE_NODES", {FormatLong(static_cast<std::int64_t>(loose))});
     log.Note("IDS_ANL_EQUATIONS", {FormatLong(static_cast<std::int64_t>(moving_.size()))});
 }
 
