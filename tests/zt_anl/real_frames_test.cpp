@@ -91,6 +91,22 @@ protected:
             }
         }
     }
+    /// Expects the end forces of a table whose members are known by number.
+    void ExpectEndForces(const std::string& table) {
+        constexpr const char* kColumns[] = {"N_kN", "Vy_kN", "Vz_kN", "T_kNm", "My_kNm", "Mz_kNm"};
+        const auto rows = ReadTable(results / table);
+        for (const auto& row : rows) {
+            const auto number = static_cast<std::uint32_t>(std::stoul(row.at("member")));
+            const std::uint32_t member = Records<CClassMemb>().GetMembKeyByNo(number);
+            const std::size_t first = row.at("end") == "i" ? 0 : kFreedoms;
+            const EndVector& ends = CaseOf(row.at("load_case")).elements[result.model.spansOfMember.at(member)[0]].ends;
+            for (std::size_t i = 0; i < kFreedoms; ++i) {
+                EXPECT_NEAR(ends[first + i] / 1000.0, std::stod(row.at(kColumns[i])),
+                            kStaticTolerance * Greatest(rows, kColumns, i < 3 ? 0 : 3))
+                    << table << " member " << number << ' ' << kColumns[i];
+            }
+        }
+    }
     template <class Columns>
     static double Greatest(const std::vector<std::map<std::string, std::string>>& rows, const Columns& columns,
                            std::size_t first) {
@@ -134,6 +150,7 @@ TEST_F(RealFrames, BracedFrameOfFourStoreysUnderItsLateralLoads) {
     for (const std::string name : {"latx", "laty", "tors"}) {
         ExpectDisplacements("results_" + name + "_displacements.csv");
         ExpectReactions("results_" + name + "_reactions.csv");
+        ExpectEndForces("results_" + name + "_member_end_forces.csv");
     }
 }
 

@@ -70,12 +70,16 @@ private:
 };
 
 void ModelReader::ReadNodes() {
-    ForEachInOrder<CClassPont>(database_, [&](std::uint32_t key, const T_PONT_D& record) {
-        T_STOR_D story;
-        const double level = ReadInBase<CClassStor>(database_, record.story, story) ? story.level : 0.0;
+    const CClassPont& records = *database_.GetClass<CClassPont>();
+    std::vector<std::uint32_t> keys;
+    records.GetKeyList(keys);
+    for (const std::uint32_t key : keys) {
+        T_PONT_D record;
+        records.Get3DPos(key, record);
+        RecordToBase(record, database_.Units());
         model_.nodeOfKey[key] = model_.nodes.size();
-        model_.nodes.push_back({key, record.no, {record.x, record.y, record.z + level}});
-    });
+        model_.nodes.push_back({key, record.no, {record.x, record.y, record.z}});
+    }
 }
 
 void ModelReader::ReadMember(std::uint32_t key, const T_MEMB_D& member) {
