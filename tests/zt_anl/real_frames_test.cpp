@@ -179,6 +179,17 @@ TEST_F(RealFrames, SteelFrameOfThreeStoreysHasItsPublishedFrequencies) {
     ExpectMassShares("results_modal.csv", "eff_mass_ratio_x_pct", 0, 0.01);
 }
 
+TEST_F(RealFrames, TowerWithShearDeformationSwaysAsFarAsOthersFound) {
+    Load("setback_tower_3d");
+    options.shearDeformation = true;
+    ASSERT_TRUE(Records<CClassSwgt>().TR_Add(1, {.stld = 1, .z = -1.0}));
+    options.modal = false;
+    Solve();
+    constexpr double kInch = 0.0254;
+    // Without effects of the second order; told with four digits.
+    EXPECT_NEAR(CaseOf("1").displacements[placeOfName.at("15")][1] / kInch, 8.948, 5.0e-4);
+}
+
 TEST_F(RealFrames, ConcreteFrameOfThreeStoreysUnderItsLateralLoad) {
     Load("rc_plane_frame_3story_modal");
     options.selfWeightMass = false;

@@ -351,6 +351,41 @@ TEST_F(FrameTest, SlabsGiveWeightAndLoadsToTheirNodes) {
     EXPECT_TRUE(log.Has("IDS_ANL_SLAB_LOADS"));
 }
 
+TEST_F(FrameTest, WallsGiveTheLoadsOnThemToTheirNodes) {
+    std::vector<std::uint32_t> tops;
+    std::vector<std::uint32_t> feet;
+    for (const double x : {0.0, 4.0}) {
+        feet.push_back(Node(x, 0.0, 0.0));
+        tops.push_back(Node(x, 0.0, 3.0));
+        Member({feet.back(), tops.back()}, 1, MembType::Column);
+        Support(feet.back(), "111111");
+    }
+    Add<CClassThik>(1, {.name = "T", .thickness = 0.2});
+    const std::uint32_t wall = Member({feet[0], feet[1], tops[1], tops[0]}, 1, MembType::Wall);
+    Uniform(wall, -5.0);
+    MemberLoad(wall, LoadType::ConcentratedForces, LoadDirection::Normal, {0.5, 0.0}, {8.0, 0.0});
+    Solve();
+    ExpectClose(result.cases[0].reactionSum[2], 20.0e3);
+    ExpectClose(Reaction(feet[0], kDz), 10.0e3);
+    ExpectClose(std::abs(result.cases[0].reactionSum[1]), 8.0e3);
+}
+
+TEST_F(FrameTest, WhatIsNotAnalysedIsTold) {
+    const std::uint32_t foot = Node(0.0, 0.0, 0.0);
+    const std::uint32_t beam = Member({foot, Node(4.0, 0.0, 0.0)});
+    T_SPTS_D support{.flags = "111111"};
+    support.compressionType[2] = T_SPTS_D::kPositive;
+    Add<CClassSpts>(foot, support);
+    MemberLoad(beam, LoadType::Unknown, LoadDirection::GlobalZ, {0.0, 1.0}, {-5.0, -5.0});
+    Add<CClassBwld>(beam, {.dl = 3.0});
+    Solve();
+    EXPECT_TRUE(log.Has("IDS_ANL_SUPPORT_ONE_WAY"));
+    EXPECT_TRUE(log.Has("IDS_ANL_LOADS_OF_NO_KIND"));
+    EXPECT_TRUE(log.Has("IDS_ANL_LOADS_BY_TYPE"));
+    EXPECT_EQ(log.Warnings(), 3u);
+    EXPECT_EQ(result.cases[0].loadSum[2], 0.0);
+}
+
 TEST_F(FrameTest, LoadOnANodeThatNothingMeetsIsToldAndLeftOut) {
     const std::uint32_t foot = Node(0.0, 0.0, 0.0);
     Member({foot, Node(0.0, 0.0, 4.0)}, 1, MembType::Column);
