@@ -37,6 +37,11 @@ double ShareOfShadow(const Vector3& along, const Vector3& direction) {
     return std::sqrt(std::max(0.0, 1.0 - cosine * cosine));
 }
 
+/// A position along a member as a share of one of its spans.
+double ShareOfSpan(const FrameSpan& span, double place) {
+    return std::clamp((place - span.start) / (span.end - span.start), 0.0, 1.0);
+}
+
 class CaseLoadReader {
 public:
     CaseLoadReader(const CDataBase& database, const FrameModel& model, AnalysisLog& log)
@@ -54,6 +59,9 @@ private:
     void ReadMemberLoads();
     template <class Load>
     void PutOnSpan(CaseLoads& loads, std::size_t at, const Load& load);
+    void PutPoints(CaseLoads& loads, SpanLoad part, const Vector3& direction, const std::vector<LoadPoint>& points);
+    void PutStretches(CaseLoads& loads, SpanLoad part, const Vector3& direction,
+                      const std::vector<LoadStretch>& stretches);
     template <class Load>
     void PutOnBearer(CaseLoads& loads, const FrameBearer& bearer, const Load& load);
     void ShareAmongNodes(CaseLoads& loads, const FrameBearer& bearer, const Vector3& value, std::size_t first);
@@ -124,35 +132,44 @@ template <class Load>
 void CaseLoadReader::PutOnSpan(CaseLoads& loads, std::size_t at, const Load& load) {
     const FrameSpan& span = model_.spans[at];
     const Vector3 global = DirectionOf(load.direction, span.axes);
-    const bool isShadow = load.projection != 0 && load.direction >= LoadDirection::GlobalX;
-    const Vector3 local = LocalOf(span.axes, Times(global, isShadow ? ShareOfShadow(span.axes.x, global) : 1.0));
-    const double run = span.end - span.start;
-    const auto shareOf = [&](double place) { return std::clamp((place - span.start) / run, 0.0, 1.0); };
-    SpanLoad part{.span = at, .isMoment = IsMomentLoad(load.type)};
+    const SpanLoad part{.span = at, .isMoment = IsMomentLoad(load.type)};
     if (!IsDistributedLoad(load.type)) {
-        const Vector3 direction = LocalOf(span.axes, global);
-        for (const LoadPoint& point : PointsOf(load.x, load.p)) {
-            // One between two spans goes to the first of them.
-            const bool isHere = (point.at > span.start || span.start == 0.0) && point.at <= span.end && point.at >= 0.0;
-            if (!isHere) continue;
-            part.isSingle = true;
-            part.from = part.to = shareOf(point.at);
-            part.first = part.last = Times(direction, point.value);
-            loads.spans.push_back(part);
-        }
+        PutPoints(loads, part, LocalOf(span.axes, global), PointsOf(load.x, load.p));
         return;
     }
-    for (const LoadStretch& stretch : StretchesOf(load.x, load.p)) {
+    const bool isShadow = load.projection != 0 && load.direction >= LoadDirection::GlobalX;
+    const double share = isShadow ? ShareOfShadow(span.axes.x, global) : 1.0;
+    PutStretches(loads, part, LocalOf(span.axes, Times(global, share)), StretchesOf(load.x, load.p));
+}
+
+/// A load between two spans goes to the first of them.
+void CaseLoadReader::PutPoints(CaseLoads& loads, SpanLoad part, const Vector3& direction,
+                               const std::vector<LoadPoint>& points) {
+    const FrameSpan& span = model_.spans[part.span];
+    part.isSingle = true;
+    for (const LoadPoint& point : points) {
+        const bool isHere = point.at == 0.0 ? span.start == 0.0 : point.at > span.start && point.at <= span.end;
+        if (!isHere) continue;
+        part.from = part.to = ShareOfSpan(span, point.at);
+        part.first = part.last = Times(direction, point.value);
+        loads.spans.push_back(part);
+    }
+}
+
+void CaseLoadReader::PutStretches(CaseLoads& loads, SpanLoad part, const Vector3& direction,
+                                  const std::vector<LoadStretch>& stretches) {
+    const FrameSpan& span = model_.spans[part.span];
+    for (const LoadStretch& stretch : stretches) {
         const double from = std::max(stretch.from, span.start);
         const double to = std::min(stretch.to, span.end);
         if (to <= from) continue;
         const auto valueAt = [&](double place) {
             return std::lerp(stretch.first, stretch.last, (place - stretch.from) / (stretch.to - stretch.from));
         };
-        part.from = shareOf(from);
-        part.to = shareOf(to);
-        part.first = Times(local, valueAt(from));
-        part.last = Times(local, valueAt(to));
+        part.from = ShareOfSpan(span, from);
+        part.to = ShareOfSpan(span, to);
+        part.first = Times(direction, valueAt(from));
+        part.last = Times(direction, valueAt(to));
         loads.spans.push_back(part);
     }
 }

@@ -120,36 +120,41 @@ void StaticSolver::PutElementForces(const CaseLoads& loads, CaseResult& result) 
     }
 }
 
-/// What holds a node gives what its elements take and its loads do not bring. Forces on slaves count at their masters.
-void StaticSolver::PutReactions(const CaseLoads& loads, CaseResult& result) const {
+/// What the elements and springs of each node take and its loads do not bring.
+std::vector<NodeVector> StaticSolver::ForcesTaken(const CaseLoads& loads, const CaseResult& result) const {
     const FrameModel& model = structure_.Model();
     std::vector<NodeVector> taken(model.nodes.size());
     for (std::size_t i = 0; i < model.spans.size(); ++i) {
-        const EndVector& ends = result.elements[i].ends;
-        const Vector12 global = structure_.Elements()[i].ToGlobal(Vector12(ends.data()));
+        const Vector12 global = structure_.Elements()[i].ToGlobal(Vector12(result.elements[i].ends.data()));
         for (std::size_t k = 0; k < 2 * kFreedoms; ++k) {
             taken[model.spans[i].ends[k / kFreedoms]][k % kFreedoms] += global(static_cast<Eigen::Index>(k));
         }
-    }
-    for (std::size_t node = 0; node < taken.size(); ++node) {
-        for (std::size_t k = 0; k < kFreedoms; ++k) taken[node][k] -= loads.nodal[node][k];
     }
     for (const FrameSupport& support : model.supports) {
         for (std::size_t k = 0; k < kFreedoms; ++k) {
             taken[support.node][k] += support.spring[k] * result.displacements[support.node][k];
         }
     }
-    const Eigen::VectorXd sums = structure_.Gather(taken);
-    for (const FrameSupport& support : model.supports) {
-        NodeVector reaction{};
+    for (std::size_t node = 0; node < taken.size(); ++node) {
+        for (std::size_t k = 0; k < kFreedoms; ++k) taken[node][k] -= loads.nodal[node][k];
+    }
+    return taken;
+}
+
+/// A held freedom gives what is taken there. Forces on slaves count at their masters.
+void StaticSolver::PutReactions(const CaseLoads& loads, CaseResult& result) const {
+    const Freedoms& freedoms = structure_.NodeFreedoms();
+    const Eigen::VectorXd sums = structure_.Gather(ForcesTaken(loads, result));
+    for (const FrameSupport& support : structure_.Model().supports) {
+        NodeVector& reaction = result.reactions.emplace_back();
         for (std::size_t k = 0; k < kFreedoms; ++k) {
-            const auto terms = structure_.NodeFreedoms().TermsOf(support.node, k);
-            const NodeFreedom& place = structure_.NodeFreedoms().At(static_cast<std::size_t>(terms[0].place));
-            const bool isOwn = place.node == support.node && place.freedom == k;
-            reaction[k] = support.isFixed[k] ? (isOwn ? sums(terms[0].place) : 0.0)
-                                             : -support.spring[k] * result.displacements[support.node][k];
+            if (!support.isFixed[k]) {
+                reaction[k] = -support.spring[k] * result.displacements[support.node][k];
+                continue;
+            }
+            const Freedoms::Term& term = freedoms.TermsOf(support.node, k)[0];
+            if (freedoms.At(static_cast<std::size_t>(term.place)).node == support.node) reaction[k] = sums(term.place);
         }
-        result.reactions.push_back(reaction);
     }
 }
 

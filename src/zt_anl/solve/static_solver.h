@@ -27,6 +27,7 @@ private:
     void SettleTension(const CaseLoads& loads, CaseResult& result);
     bool SwitchMembers(const std::vector<NodeVector>& displacements);
     void PutElementForces(const CaseLoads& loads, CaseResult& result) const;
+    std::vector<NodeVector> ForcesTaken(const CaseLoads& loads, const CaseResult& result) const;
     void PutReactions(const CaseLoads& loads, CaseResult& result) const;
     void PutSums(const std::vector<NodeVector>& nodal, CaseResult& result);
 

@@ -76,44 +76,54 @@ SparseMatrix Structure::WholeStiffness() const {
     return whole;
 }
 
-/// Freedoms of nodes that no element meets do not move, nor do rotations of nodes that only bars meet.
-void Structure::NumberEquations(AnalysisLog& log) {
+/// Finds the freedoms that nothing holds. Displacements at nodes with elements are none of them: they make the
+/// equations singular, which is told.
+void Structure::FindStiffnessless(const std::vector<bool>& isMet) {
     const Eigen::VectorXd diagonal = WholeStiffness().diagonal();
     std::array<double, 2> greatest{};  // of displacements and of rotations
     const auto kindOf = [&](std::size_t place) -> std::size_t { return freedoms_.At(place).freedom < 3 ? 0 : 1; };
     const auto valueAt = [&](std::size_t place) { return diagonal(static_cast<Eigen::Index>(place)); };
     for (std::size_t place = 0; place < freedoms_.Count(); ++place) {
-        double& kind = greatest[kindOf(place)];
-        kind = std::max(kind, valueAt(place));
+        double& ofKind = greatest[kindOf(place)];
+        ofKind = std::max(ofKind, valueAt(place));
     }
     isStiffnessless_.assign(freedoms_.Count(), false);
+    for (std::size_t place = 0; place < freedoms_.Count(); ++place) {
+        const bool mayStay = kindOf(place) == 1 || !isMet[freedoms_.At(place).node];
+        isStiffnessless_[place] = mayStay && valueAt(place) <= kNoStiffness * greatest[kindOf(place)];
+    }
+}
+
+void Structure::NumberEquations(AnalysisLog& log) {
     std::vector<bool> isMet(model_->nodes.size(), false);
     for (const FrameSpan& span : model_->spans) isMet[span.ends[0]] = isMet[span.ends[1]] = true;
+    FindStiffnessless(isMet);
     equationOf_.assign(freedoms_.Count(), -1);
     moving_.clear();
     std::size_t rotations = 0;
     for (std::size_t place = 0; place < freedoms_.Count(); ++place) {
-        const bool isAtElement = isMet[freedoms_.At(place).node];
-        const bool isHeldByNothing = valueAt(place) <= kNoStiffness * greatest[kindOf(place)];
-        // A displacement that nothing holds at a node with elements makes the equations singular, which is told.
-        isStiffnessless_[place] = isHeldByNothing && (kindOf(place) == 1 || !isAtElement);
         if (freedoms_.IsFixed(place)) continue;
         if (isStiffnessless_[place]) {
-            rotations += isAtElement ? 1 : 0;
+            rotations += isMet[freedoms_.At(place).node] ? 1 : 0;
             continue;
         }
         equationOf_[place] = static_cast<int>(moving_.size());
         moving_.push_back(place);
     }
-    std::size_t loose = 0;
-    for (std::size_t node = 0; node < isMet.size(); ++node) {
-        bool hasStiffness = false;
-        for (std::size_t i = 0; i < kFreedoms; ++i) hasStiffness = hasStiffness || !IsLoose(node, i);
-        loose += hasStiffness ? 0 : 1;
+    const auto text = [](std::size_t count) { return FormatLong(static_cast<std::int64_t>(count)); };
+    if (rotations > 0) log.Note("IDS_ANL_FREE_ROTATIONS", {text(rotations)});
+    if (CountLooseNodes() > 0) log.Note("IDS_ANL_LOOSE_NODES", {text(CountLooseNodes())});
+    log.Note("IDS_ANL_EQUATIONS", {text(moving_.size())});
+}
+
+std::size_t Structure::CountLooseNodes() const {
+    std::size_t count = 0;
+    for (std::size_t node = 0; node < model_->nodes.size(); ++node) {
+        bool isLoose = true;
+        for (std::size_t i = 0; i < kFreedoms; ++i) isLoose = isLoose && IsLoose(node, i);
+        count += isLoose ? 1 : 0;
     }
-    if (rotations > 0) log.Note("IDS_ANL_FREE_ROTATIONS", {FormatLong(static_cast<std::int64_t>(rotations))});
-    if (loose > 0) log.Note("IDS_ANL_LOOSE_NODES", {FormatLong(static_cast<std::int64_t>(loose))});
-    log.Note("IDS_ANL_EQUATIONS", {FormatLong(static_cast<std::int64_t>(moving_.size()))});
+    return count;
 }
 
 SparseMatrix Structure::Moving(const SparseMatrix& whole) const {

@@ -58,7 +58,9 @@ private:
     SparseMatrix WholeStiffness() const;
     void AddElement(const FrameElement& element, const FrameSpan& span, Triplets& triplets) const;
     void AddOnNode(std::size_t node, std::size_t freedom, double value, Triplets& triplets) const;
+    void FindStiffnessless(const std::vector<bool>& isMet);
     void NumberEquations(AnalysisLog& log);
+    std::size_t CountLooseNodes() const;
     SparseMatrix Moving(const SparseMatrix& whole) const;
     NodeFreedom FreestOf(const SparseMatrix& stiffness) const;
 
