@@ -1,11 +1,12 @@
-// zts, the command line of the table module: shows what a model file holds, writes tables, shows the library and runs
-// table scripts.
+// zts, the command line of the table module: shows what a model file holds, writes tables, analyses models, shows the
+// library and runs table scripts.
 
 #include <exception>
 #include <iostream>
 #include <string>
 #include <vector>
 
+#include "analyse_command.h"
 #include "exchange_commands.h"
 #include "export_command.h"
 #include "library_command.h"
@@ -28,7 +29,7 @@ void PrintUsage(std::ostream& output) {
               "                              tables without arguments\n"
               "zts script FILE...            runs table scripts\n"
               "zts help                      this text and the commands of scripts\n";
-    for (const std::string_view key : {"IDS_ZTS_HELP_IMPORT", "IDS_ZTS_HELP_EXPORT_MODEL"}) {
+    for (const std::string_view key : {"IDS_ZTS_HELP_IMPORT", "IDS_ZTS_HELP_EXPORT_MODEL", "IDS_ZTS_HELP_ANALYSE"}) {
         output << velda::FormatText(key, {}) << '\n';
     }
 }
@@ -88,6 +89,14 @@ int ExportTables(const std::vector<std::string>& words) {
     return Export(*request) ? 0 : kFailed;
 }
 
+int AnalyseFile(const std::vector<std::string>& words) {
+    if (words.size() != 1) {
+        PrintUsage(std::cerr);
+        return kWrongUse;
+    }
+    return AnalyseModel(words[0]) ? 0 : kFailed;
+}
+
 int ShowLibrary(const std::vector<std::string>& words) {
     const int status = PrintLibrary(words);
     if (status >= 0) return status;
@@ -101,6 +110,7 @@ int Run(const std::vector<std::string>& arguments) {
     if (command == "info") return Info(rest);
     if (command == "import") return ImportFile(rest);
     if (command == "export") return ExportTables(rest);
+    if (command == "analyse") return AnalyseFile(rest);
     if (command == "library") return ShowLibrary(rest);
     if (command == "script") return RunScripts(rest);
     if (command == "help" || command == "--help") {

@@ -50,16 +50,48 @@ private:
 };
 
 TEST_F(ZtsTest, WrongWordsGetTheUsageAndStatusTwo) {
-    for (const char* words : {"", "nonsense", "info", "info a b", "script", "HELP", "export", "export model",
-                              "export --out a.csv", "export model --out", "export model --out a.csv --out b.csv",
-                              "export model --kind x --out a.csv", "library doors", "library sections a b",
-                              "export model --out a --as pdf", "import",
-                              "import a.xlsx", "import --out a.ztm", "import a.xlsx --out a.ztm --out b.ztm"}) {
+    for (const char* words : {"",
+                              "nonsense",
+                              "info",
+                              "info a b",
+                              "script",
+                              "HELP",
+                              "export",
+                              "export model",
+                              "export --out a.csv",
+                              "export model --out",
+                              "export model --out a.csv --out b.csv",
+                              "export model --kind x --out a.csv",
+                              "library doors",
+                              "library sections a b",
+                              "export model --out a --as pdf",
+                              "import",
+                              "import a.xlsx",
+                              "import --out a.ztm",
+                              "import a.xlsx --out a.ztm --out b.ztm",
+                              "analyse",
+                              "analyse a b"}) {
         const Result result = Zts(words);
         EXPECT_EQ(result.status, 2) << words;
         EXPECT_EQ(result.output, "") << words;
         EXPECT_THAT(result.errors, StartsWith("zts info FILE")) << words;
     }
+}
+
+TEST_F(ZtsTest, AnalysePrintsTheLogAndWhatIsGreatest) {
+    const std::string frame = ZT_SOURCE_DIR "/tests/data/exchange/rc_plane_frame_3story_modal";
+    ASSERT_EQ(Zts("import '" + frame + "' --out frame.ztm").status, 0);
+    const Result result = Zts("analyse frame.ztm");
+    EXPECT_EQ(result.status, 0) << result.errors;
+    EXPECT_THAT(result.output, HasSubstr("Load case TOP: loads (40, 0, 0) kN, reactions (-40, 0, 0) kN\n"));
+    EXPECT_THAT(result.output, HasSubstr("TOP: largest displacement 13."));
+    EXPECT_THAT(result.output, HasSubstr("\nMode 1: period 0."));
+}
+
+TEST_F(ZtsTest, AnalyseTellsWhyAModelCannotBeAnalysed) {
+    const Result result = Zts("analyse nothing.ztm");
+    EXPECT_EQ(result.status, 1);
+    EXPECT_NE(result.errors, "");
 }
 
 TEST_F(ZtsTest, LibraryPrintsRowsThatHoldAText) {

@@ -1,0 +1,103 @@
+#include "zt_anl/analysis.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "velda_lib/msg_dll.h"
+#include "velda_lib/number_text.h"
+#include "zt_anl/model/case_loads.h"
+#include "zt_anl/model/model_reader.h"
+#include "zt_anl/solve/modal_solver.h"
+#include "zt_anl/solve/static_solver.h"
+
+namespace zt {
+namespace {
+
+using velda::FormatText;
+using velda::Outcome;
+
+/// One analysis from the reading of the model to its modes.
+class Analysis {
+public:
+    Analysis(const CDataBase& database, const AnalysisOptions& options, AnalysisResult& result, AnalysisLog& log)
+        : database_(database),
+          options_(options),
+          result_(result),
+          log_(log),
+          solver_(structure_, std::max<std::size_t>(options.stations, 2), log) {}
+
+    Outcome Run() {
+        for (const auto part : {&Analysis::Read, &Analysis::Assemble, &Analysis::Factorise, &Analysis::SolveCases,
+                                &Analysis::SolveShapes}) {
+            if (Outcome outcome = (this->*part)(); !outcome) return outcome;
+        }
+        return Outcome::Done();
+    }
+
+private:
+    bool Goes(AnalysisStep step, std::size_t done = 0, std::size_t of = 1) const {
+        return !options_.progress || options_.progress(step, done, of);
+    }
+    static Outcome Stopped() { return Outcome::Refused(FormatText("IDS_ANL_STOPPED", {})); }
+
+    Outcome Read() {
+        if (!Goes(AnalysisStep::Read)) return Stopped();
+        if (Outcome outcome = ReadFrameModel(database_, result_.model, log_); !outcome) return outcome;
+        if (result_.model.spans.empty()) return Outcome::Refused(FormatText("IDS_ANL_NO_MEMBERS", {}));
+        loads_ = ReadCaseLoads(database_, result_.model, log_);
+        return Outcome::Done();
+    }
+    Outcome Assemble() {
+        if (!Goes(AnalysisStep::Assemble)) return Stopped();
+        return structure_.Build(result_.model, options_.shearDeformation, log_);
+    }
+    Outcome Factorise() {
+        if (!Goes(AnalysisStep::Factor)) return Stopped();
+        return solver_.Prepare();
+    }
+    Outcome SolveCases() {
+        for (std::size_t i = 0; i < loads_.size(); ++i) {
+            if (!Goes(AnalysisStep::Static, i, loads_.size())) return Stopped();
+            result_.cases.push_back(solver_.Solve(loads_[i]));
+        }
+        return Outcome::Done();
+    }
+    Outcome SolveShapes() {
+        if (!options_.modal) return Outcome::Done();
+        if (!Goes(AnalysisStep::Modal)) return Stopped();
+        const SparseMatrix mass = structure_.Mass(options_.selfWeightMass);
+        const auto& spans = result_.model.spans;
+        if (std::any_of(spans.begin(), spans.end(), [](const FrameSpan& span) { return span.isTensionOnly; })) {
+            log_.Note("IDS_ANL_MODES_WITH_ALL");
+        }
+        Outcome outcome = SolveModes(structure_, solver_.WholeFactor(), mass, options_.modes, result_.modal);
+        if (outcome) TellMasses();
+        return outcome;
+    }
+    void TellMasses() {
+        const auto text = [&](std::size_t axis) {
+            return velda::FormatDouble(std::round(result_.modal.totalMass[axis]) / 1000.0);
+        };
+        log_.Note("IDS_ANL_MASSES", {velda::FormatLong(static_cast<std::int64_t>(result_.modal.modes.size())), text(0),
+                                     text(1), text(2)});
+    }
+
+    const CDataBase& database_;
+    const AnalysisOptions& options_;
+    AnalysisResult& result_;
+    AnalysisLog& log_;
+    std::vector<CaseLoads> loads_;
+    Structure structure_;
+    StaticSolver solver_;
+};
+
+}  // namespace
+
+Outcome Analyse(const CDataBase& database, const AnalysisOptions& options, AnalysisResult& result, AnalysisLog& log) {
+    result = {};
+    Outcome outcome = Analysis(database, options, result, log).Run();
+    if (!outcome) result = {};
+    return outcome;
+}
+
+}  // namespace zt

@@ -1,0 +1,79 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "velda_lib/outcome.h"
+#include "zt_anl/analysis_log.h"
+#include "zt_anl/model/frame_model.h"
+#include "zt_db/core/database.h"
+
+namespace zt {
+
+/// The parts of an analysis, as its progress tells them.
+enum class AnalysisStep { Read, Assemble, Factor, Static, Modal };
+
+/// Asked between steps with what begins and how much of it is done; false stops the analysis.
+using AnalysisProgress = std::function<bool(AnalysisStep step, std::size_t done, std::size_t of)>;
+
+struct AnalysisOptions {
+    bool shearDeformation = true;
+    bool modal = true;
+    bool selfWeightMass = true;  ///< the masses of members count besides those of nodes
+    std::size_t modes = 12;
+    std::size_t stations = 9;  ///< along each element, its ends included; at least 2
+    AnalysisProgress progress{};
+};
+
+/// What a section carries at a station: the forces and moments on its face that looks to end j, in local axes, so that
+/// tension is positive: N, Vy, Vz, T, My, Mz.
+struct StationForces {
+    double position = 0.0;  ///< from end i, in m
+    NodeVector forces{};
+};
+
+struct ElementForces {
+    EndVector ends{};  ///< on the element at its ends, in local axes
+    std::vector<StationForces> stations{};
+};
+
+/// The results of a static load case; in the order of the nodes, supports and spans of the model.
+struct CaseResult {
+    std::uint32_t stld = 0;  ///< key
+    std::string name{};
+    std::vector<NodeVector> displacements{};
+    std::vector<NodeVector> reactions{};  ///< on the structure
+    std::vector<ElementForces> elements{};
+    Vector3 loadSum{};
+    Vector3 reactionSum{};
+    int rounds = 1;  ///< of the members that carry tension only
+    bool hasSettled = true;
+};
+
+struct ModeResult {
+    double frequency = 0.0;  ///< Hz
+    double period = 0.0;     ///< s
+    std::vector<NodeVector> shape{};
+    Vector3 participation{};
+    Vector3 effectiveMass{};  ///< kg
+};
+
+struct ModalResult {
+    std::vector<ModeResult> modes{};  ///< the longest period first; shapes have a modal mass of 1
+    Vector3 totalMass{};              ///< that can move, in kg
+};
+
+struct AnalysisResult {
+    FrameModel model{};
+    std::vector<CaseResult> cases{};  ///< in the order of their keys
+    ModalResult modal{};
+};
+
+/// Analyses a model: all its static load cases, and its modes. Refused, with the reason, when the model cannot be
+/// analysed or the progress stopped it.
+velda::Outcome Analyse(const CDataBase& database, const AnalysisOptions& options, AnalysisResult& result,
+                       AnalysisLog& log);
+
+}  // namespace zt

@@ -1,0 +1,61 @@
+#include "zt_anl/element/station_forces.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace zt {
+namespace {
+
+/// Adds what a force and a moment at a distance before the station give to the sum there.
+void AddAt(NodeVector& sum, double before, const Vector3& force, const Vector3& moment) {
+    for (std::size_t i = 0; i < 3; ++i) {
+        sum[i] += force[i];
+        sum[3 + i] += moment[i];
+    }
+    sum[4] += before * force[2];
+    sum[5] -= before * force[1];
+}
+
+/// Adds the part of a load that lies before a station.
+void AddLoad(NodeVector& sum, const SpanLoad& load, double station, double length) {
+    const auto add = [&](double at, const Vector3& value) {
+        load.isMoment ? AddAt(sum, station - at, {}, value) : AddAt(sum, station - at, value, {});
+    };
+    const double from = load.from * length;
+    if (load.isSingle) {
+        if (from < station) add(from, load.first);
+        return;
+    }
+    const double to = load.to * length;
+    const double end = std::min(to, station);
+    if (end <= from) return;
+    // A trapezium is the sum of two triangles, each acting at a third of its length.
+    const double run = end - from;
+    const double way = run / (to - from);
+    Vector3 first{};
+    Vector3 last{};
+    for (std::size_t i = 0; i < 3; ++i) {
+        first[i] = 0.5 * run * load.first[i];
+        last[i] = 0.5 * run * std::lerp(load.first[i], load.last[i], way);
+    }
+    add(from + run / 3.0, first);
+    add(from + 2.0 * run / 3.0, last);
+}
+
+}  // namespace
+
+std::vector<StationForces> ForcesAtStations(const FrameSpan& span, const EndVector& ends,
+                                            std::span<const SpanLoad> loads, std::size_t stations) {
+    std::vector<StationForces> all;
+    for (std::size_t i = 0; i < stations; ++i) {
+        StationForces station{.position = span.length * static_cast<double>(i) / static_cast<double>(stations - 1)};
+        NodeVector sum{};
+        AddAt(sum, station.position, {ends[0], ends[1], ends[2]}, {ends[3], ends[4], ends[5]});
+        for (const SpanLoad& load : loads) AddLoad(sum, load, station.position, span.length);
+        for (std::size_t k = 0; k < kFreedoms; ++k) station.forces[k] = -sum[k];
+        all.push_back(station);
+    }
+    return all;
+}
+
+}  // namespace zt

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "velda_lib/outcome.h"
+#include "zt_anl/analysis.h"
+#include "zt_anl/solve/structure.h"
+
+namespace zt {
+
+/// The modes of a structure with the longest periods, from the factors of its stiffness. There are no more modes than
+/// freedoms with a mass. Refused when the iteration does not converge.
+velda::Outcome SolveModes(const Structure& structure, const Factor& stiffness, const SparseMatrix& mass,
+                          std::size_t modes, ModalResult& result);
+
+}  // namespace zt
