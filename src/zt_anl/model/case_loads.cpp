@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 #include <unordered_map>
 
 #include "velda_lib/number_text.h"
@@ -59,9 +60,9 @@ private:
     void ReadMemberLoads();
     template <class Load>
     void PutOnSpan(CaseLoads& loads, std::size_t at, const Load& load);
-    void PutPoints(CaseLoads& loads, SpanLoad part, const Vector3& direction, const std::vector<LoadPoint>& points);
+    void PutPoints(CaseLoads& loads, SpanLoad part, const Vector3& direction, std::span<const LoadPoint> points);
     void PutStretches(CaseLoads& loads, SpanLoad part, const Vector3& direction,
-                      const std::vector<LoadStretch>& stretches);
+                      std::span<const LoadStretch> stretches);
     template <class Load>
     void PutOnBearer(CaseLoads& loads, const FrameBearer& bearer, const Load& load);
     void ShareAmongNodes(CaseLoads& loads, const FrameBearer& bearer, const Vector3& value, std::size_t first);
@@ -144,7 +145,7 @@ void CaseLoadReader::PutOnSpan(CaseLoads& loads, std::size_t at, const Load& loa
 
 /// A load between two spans goes to the first of them.
 void CaseLoadReader::PutPoints(CaseLoads& loads, SpanLoad part, const Vector3& direction,
-                               const std::vector<LoadPoint>& points) {
+                               std::span<const LoadPoint> points) {
     const FrameSpan& span = model_.spans[part.span];
     part.isSingle = true;
     for (const LoadPoint& point : points) {
@@ -157,7 +158,7 @@ void CaseLoadReader::PutPoints(CaseLoads& loads, SpanLoad part, const Vector3& d
 }
 
 void CaseLoadReader::PutStretches(CaseLoads& loads, SpanLoad part, const Vector3& direction,
-                                  const std::vector<LoadStretch>& stretches) {
+                                  std::span<const LoadStretch> stretches) {
     const FrameSpan& span = model_.spans[part.span];
     for (const LoadStretch& stretch : stretches) {
         const double from = std::max(stretch.from, span.start);

@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstddef>
-#include <vector>
 
 #include "zt_db/records/lnld.h"
 
@@ -34,20 +33,36 @@ constexpr bool IsKnownLoad(int type, int direction) {
            direction >= LoadDirection::LocalX && direction <= LoadDirection::GlobalZ;
 }
 
+/// A few parts of a load, without memory of their own.
+template <class Part, std::size_t Most>
+class LoadParts {
+public:
+    void Add(Part part) { parts_[count_++] = part; }
+    std::size_t size() const { return count_; }
+    const Part* data() const { return parts_.data(); }
+    const Part* begin() const { return data(); }
+    const Part* end() const { return data() + count_; }
+    const Part& operator[](std::size_t place) const { return parts_[place]; }
+
+private:
+    std::array<Part, Most> parts_{};
+    std::size_t count_ = 0;
+};
+
 /// The stretches of a distributed load: one between each two places that rise and that have a value.
-inline std::vector<LoadStretch> StretchesOf(const std::array<double, 4>& x, const std::array<double, 4>& p) {
-    std::vector<LoadStretch> stretches;
+inline LoadParts<LoadStretch, 3> StretchesOf(const std::array<double, 4>& x, const std::array<double, 4>& p) {
+    LoadParts<LoadStretch, 3> stretches;
     for (std::size_t i = 1; i < x.size(); ++i) {
-        if (x[i] > x[i - 1] && (p[i] != 0.0 || p[i - 1] != 0.0)) stretches.push_back({x[i - 1], x[i], p[i - 1], p[i]});
+        if (x[i] > x[i - 1] && (p[i] != 0.0 || p[i - 1] != 0.0)) stretches.Add({x[i - 1], x[i], p[i - 1], p[i]});
     }
     return stretches;
 }
 
 /// The single loads of a concentrated load.
-inline std::vector<LoadPoint> PointsOf(const std::array<double, 4>& x, const std::array<double, 4>& p) {
-    std::vector<LoadPoint> points;
+inline LoadParts<LoadPoint, 4> PointsOf(const std::array<double, 4>& x, const std::array<double, 4>& p) {
+    LoadParts<LoadPoint, 4> points;
     for (std::size_t i = 0; i < x.size(); ++i) {
-        if (p[i] != 0.0) points.push_back({x[i], p[i]});
+        if (p[i] != 0.0) points.Add({x[i], p[i]});
     }
     return points;
 }

@@ -4,6 +4,7 @@
 #include "velda_lib/msg_dll.h"
 #include "velda_lib/number_text.h"
 #include "zt_db/records/load.h"
+#include "zt_db/records/load_case_type.h"
 #include "zt_db/records/matl.h"
 #include "zt_db/records/name.h"
 #include "zt_db/records/sect.h"
@@ -23,10 +24,26 @@ struct LoadTypeBit {
     std::uint32_t bit;
 };
 constexpr LoadTypeBit kLoadTypeBits[] = {
-    {"D", 0x1},     {"L", 0x2},     {"LR", 0x2},       {"W", 0x4},        {"E", 0x8},
-    {"EVT", 0x10},  {"T", 0x20},    {"EP", 0x40},      {"WP", 0x80},      {"EH", 0x100},
-    {"EV", 0x200},  {"WH", 0x400},  {"WV", 0x800},     {"BS", 0x1000},    {"US", 0x1000},
-    {"TU", 0x2000}, {"TD", 0x4000}, {"CLV", 0x200000}, {"CLR", 0x200000}, {"CLH", 0x200000},
+    {LoadCaseType::Dead, 0x1},
+    {LoadCaseType::Live, 0x2},
+    {LoadCaseType::RoofLive, 0x2},
+    {LoadCaseType::Wind, 0x4},
+    {LoadCaseType::Earthquake, 0x8},
+    {"EVT", 0x10},
+    {LoadCaseType::Temperature, 0x20},
+    {LoadCaseType::EarthPressure, 0x40},
+    {LoadCaseType::WaterPressure, 0x80},
+    {"EH", 0x100},
+    {"EV", 0x200},
+    {"WH", 0x400},
+    {"WV", 0x800},
+    {"BS", 0x1000},
+    {"US", 0x1000},
+    {"TU", 0x2000},
+    {"TD", 0x4000},
+    {"CLV", 0x200000},
+    {"CLR", 0x200000},
+    {"CLH", 0x200000},
 };
 
 bool IsInMask(std::string_view type, std::uint32_t mask) {

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "zt_db/records/lnld.h"
+#include "zt_db/records/member_load.h"
 #include "zt_tb/modelview/load_legend.h"
 
 namespace zt {
@@ -181,29 +181,33 @@ void LoadPicture::AddMemberLoad(const SceneMemberLoad& load) {
     if (!IsSeen(start, end)) return;
     GoTo(0.5 * (first.depth + last.depth));
     const Way way = WayOf(load.direction, bearer);
-    for (std::size_t at = 0; at < load.places.size(); ++at) {
-        const Point2 place = Between(start, end, load.places[at]);
-        if (!load.isDistributed && load.values[at] != 0.0) {
-            AddArrow(load.kind, way, place, LengthOf(load.kind, load.values[at]));
-            const double length = LengthOf(load.kind, load.values[at]) * (IsMoment(load.kind) ? 1.0 : -1.0);
-            const Point2 tail = way.isLookedAlong ? place : place + Times(way.flat, length);
-            AddValue(load.kind, tail, tail - place, load.values[at]);
+    if (load.isDistributed) {
+        for (const LoadStretch& stretch : StretchesOf(load.places, load.values)) {
+            const Point2 from = Between(start, end, stretch.from);
+            AddStretch(load.kind, way, from, Between(start, end, stretch.to), stretch.first, stretch.last);
         }
-        if (load.isDistributed && at > 0) AddStretch(load, way, at, Between(start, end, load.places[at - 1]), place);
+    } else {
+        for (const LoadPoint& point : PointsOf(load.places, load.values)) {
+            AddPoint(load.kind, way, Between(start, end, point.at), point.value);
+        }
     }
 }
 
-void LoadPicture::AddStretch(const SceneMemberLoad& load, const Way& way, std::size_t at, Point2 from, Point2 to) {
-    const double first = load.values[at - 1];
-    const double second = load.values[at];
-    if (load.places[at] <= load.places[at - 1] || (first == 0.0 && second == 0.0)) return;
+void LoadPicture::AddPoint(LoadKind kind, const Way& way, Point2 place, double value) {
+    AddArrow(kind, way, place, LengthOf(kind, value));
+    const double length = LengthOf(kind, value) * (IsMoment(kind) ? 1.0 : -1.0);
+    const Point2 tail = way.isLookedAlong ? place : place + Times(way.flat, length);
+    AddValue(kind, tail, tail - place, value);
+}
+
+void LoadPicture::AddStretch(LoadKind kind, const Way& way, Point2 from, Point2 to, double first, double second) {
     const Point2 member = to - from;
     const double turned = std::abs(way.flat.x * member.y - way.flat.y * member.x);
     const double lengths = zt::LengthOf(way.flat) * zt::LengthOf(member);
     if (way.isLookedAlong || turned < kAlong * lengths) {
-        AddAlong(load.kind, way, from, to, first, second);
+        AddAlong(kind, way, from, to, first, second);
     } else {
-        AddOver(load.kind, way, from, to, first, second);
+        AddOver(kind, way, from, to, first, second);
     }
 }
 

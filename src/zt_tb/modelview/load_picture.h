@@ -93,7 +93,8 @@ private:
     void AddNodeLoad(const SceneNodeLoad& load);
     void AddVector(LoadKind kind, const Vec3& vector, Point2 place);
     void AddMemberLoad(const SceneMemberLoad& load);
-    void AddStretch(const SceneMemberLoad& load, const Way& way, std::size_t at, Point2 from, Point2 to);
+    void AddPoint(LoadKind kind, const Way& way, Point2 place, double value);
+    void AddStretch(LoadKind kind, const Way& way, Point2 from, Point2 to, double first, double second);
     void AddAlong(LoadKind kind, const Way& way, Point2 from, Point2 to, double first, double second);
     void AddOver(LoadKind kind, const Way& way, Point2 from, Point2 to, double first, double second);
     void AddSlabLoad(const SceneSlabLoad& load);

@@ -2,7 +2,8 @@
 
 #include <cmath>
 
-#include "zt_db/records/lnld.h"
+#include "zt_db/records/load_case_type.h"
+#include "zt_db/records/member_load.h"
 #include "zt_db/records/ptld.h"
 #include "zt_db/records/sbla.h"
 #include "zt_db/records/swgt.h"
@@ -11,17 +12,12 @@
 namespace zt {
 namespace {
 
-/// The kind of a load type on members; IsDrawn tells whether the type has one.
+/// The kind of a load type on members; IsKnownLoad tells whether the type has one.
 LoadKind KindOf(int type) { return static_cast<LoadKind>(type - LoadType::ConcentratedForces); }
 
-bool IsDrawn(int type, int direction) {
-    return type >= LoadType::ConcentratedForces && type <= LoadType::UniformMoments &&
-           direction >= LoadDirection::LocalX && direction <= LoadDirection::GlobalZ;
-}
-
 SlabPart PartOf(const std::string& type) {
-    if (type == "D") return SlabPart::Dead;
-    return type == "L" ? SlabPart::Live : SlabPart::None;
+    if (type == LoadCaseType::Dead) return SlabPart::Dead;
+    return type == LoadCaseType::Live ? SlabPart::Live : SlabPart::None;
 }
 
 }  // namespace
@@ -62,8 +58,8 @@ void SceneLoads::ReadMemberLoads(const CDataBase& database) {
     for (const std::uint32_t key : KeysOf<Class>(database)) {
         typename Class::Record load;
         if (!ReadBase<Class>(database, key, load) || load.stld != loadCase_) continue;
-        if (!IsDrawn(load.type, load.direction)) continue;
-        const bool isDistributed = load.type >= LoadType::UniformLoads;
+        if (!IsKnownLoad(load.type, load.direction)) continue;
+        const bool isDistributed = IsDistributedLoad(load.type);
         memberLoads_.push_back({load.memb, KindOf(load.type), isDistributed, load.direction, load.x, load.p});
         for (const double value : load.p) Measure(KindOf(load.type), value);
     }
@@ -74,7 +70,7 @@ void SceneLoads::ReadSlabLoads(const CDataBase& database) {
         T_SBLA_D load;
         if (!ReadBase<CClassSbla>(database, key, load)) continue;
         const double value = slabPart_ == SlabPart::Dead ? load.dl : load.ll;
-        if (value == 0.0 || !IsDrawn(LoadType::UniformLoads, load.direction)) continue;
+        if (value == 0.0 || !IsKnownLoad(LoadType::UniformLoads, load.direction)) continue;
         slabLoads_.push_back({key, load.direction, value});
         Measure(LoadKind::AreaLoad, value);
     }
