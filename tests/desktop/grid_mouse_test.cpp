@@ -132,6 +132,27 @@ TEST_F(GridMouseActions, TheArrowOpensTheListAndAClickChooses) {
     EXPECT_EQ("1", grid.GetValueRowCol(2, ExampleGrid::kSupport));
 }
 
+TEST_F(GridMouseActions, FlagsAreSetByClicksInTheirCheckList) {
+    grid.SetColumnStyle(
+        ExampleGrid::kName,
+        velda::CGXStyle().SetControl(velda::ControlKind::CheckListComboBox).SetChoiceList("\nDx\nDy\nDz"));
+    At(2, ExampleGrid::kName);
+    Type("100");
+    Click(GridPainter::ArrowRect(widget.Geometry().CellRect(2, ExampleGrid::kName), 1).center());
+    ASSERT_NE(nullptr, List());
+    EXPECT_TRUE(List()->isRowHidden(0)) << "the line that makes them flags";
+    const auto click = [this](int line) {
+        const QRect place = List()->visualRect(List()->model()->index(line, 0));
+        QTest::mouseClick(List()->viewport(), Qt::LeftButton, {}, place.center());
+    };
+    click(3);
+    EXPECT_EQ("101", grid.Session().EditorText());
+    click(1);
+    EXPECT_EQ("001", grid.Session().EditorText());
+    Key(Qt::Key_Return);
+    EXPECT_EQ("001", grid.GetValueRowCol(2, ExampleGrid::kName));
+}
+
 TEST_F(GridMouseActions, AClickOnADisabledCellMovesNothing) {
     grid.SetEnable(3, ExampleGrid::kName, false);
     Click(Middle(3, ExampleGrid::kName));

@@ -167,6 +167,26 @@ TEST(ChoiceList, ATextWithACommaIsReadAsAWhole) {
     EXPECT_FALSE(list.ReadJoinedText("L,W,E", lines)) << "a part of a text is no text";
 }
 
+TEST(ChoiceList, HoldsFlagsBehindAnEmptyLine) {
+    const ChoiceList list("\nDx\nDy\nDz");
+    EXPECT_TRUE(list.HoldsFlags());
+    EXPECT_FALSE(ChoiceList("Dx\n\nDy\n").HoldsFlags());
+    EXPECT_FALSE(ChoiceList().HoldsFlags());
+    EXPECT_EQ(list.JoinedText(std::array<std::size_t, 3>{3, 0, 1}), "101");
+    EXPECT_EQ(list.JoinedText({}), "000");
+    std::vector<std::size_t> lines{9};
+    EXPECT_TRUE(list.ReadJoinedText("011", lines));
+    EXPECT_THAT(lines, ElementsAre(2u, 3u));
+    EXPECT_TRUE(list.ReadJoinedText("1", lines)) << "zeros in front may be missing";
+    EXPECT_THAT(lines, ElementsAre(3u));
+    EXPECT_TRUE(list.ReadJoinedText("Dz, dx", lines)) << "names are read, too";
+    EXPECT_THAT(lines, ElementsAre(1u, 3u));
+    EXPECT_TRUE(list.ReadJoinedText("", lines));
+    EXPECT_THAT(lines, IsEmpty());
+    EXPECT_FALSE(list.ReadJoinedText("0110", lines));
+    EXPECT_FALSE(list.ReadJoinedText("Rx", lines));
+}
+
 TEST(ChoiceList, CopiesShareOneList) {
     const ChoiceList list("a\nb\n");
     const std::vector<ChoiceList> cells(1000, list);
