@@ -6,7 +6,7 @@
 #include <unordered_map>
 
 #include "velda_lib/number_text.h"
-#include "zt_anl/model/record_walk.h"
+#include "zt_db/core/record_walk.h"
 #include "zt_db/records/member_load.h"
 #include "zt_db/records/record_list.h"
 

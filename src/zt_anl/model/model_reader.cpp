@@ -5,7 +5,7 @@
 
 #include "velda_lib/msg_dll.h"
 #include "velda_lib/number_text.h"
-#include "zt_anl/model/record_walk.h"
+#include "zt_db/core/record_walk.h"
 #include "zt_db/library/sect_util.h"
 #include "zt_db/records/record_list.h"
 

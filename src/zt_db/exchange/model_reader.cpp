@@ -7,9 +7,10 @@
 #include <unordered_set>
 
 #include "velda_lib/number_text.h"
-#include "zt_db/geometry/member_geometry.h"
+#include "zt_db/core/record_walk.h"
 #include "zt_db/exchange/member_kinds.h"
 #include "zt_db/exchange/section_shapes.h"
+#include "zt_db/geometry/member_geometry.h"
 #include "zt_db/records/record_list.h"
 
 namespace zt {
@@ -61,19 +62,6 @@ public:
     }
 
 private:
-    /// Visits the records of a class in the order of their keys, in SI units.
-    template <class Class, class Visit>
-    void ForEach(Visit visit) const {
-        const Class& records = *database_.GetClass<Class>();
-        std::vector<std::uint32_t> keys;
-        records.GetKeyList(keys);
-        for (const std::uint32_t key : keys) {
-            typename Class::Record record;
-            records.Get(key, record);
-            RecordToBase(record, database_.Units());
-            visit(key, record);
-        }
-    }
     static std::string NameOf(const NameOfKey& names, std::uint32_t key) {
         const auto at = names.find(key);
         return at == names.end() ? std::string() : at->second;
@@ -122,7 +110,7 @@ private:
 
 void ModelReader::ReadMaterials() {
     UniqueNames names;
-    ForEach<CClassMatl>([&](std::uint32_t key, const T_MATL_D& record) {
+    ForEachInOrder<CClassMatl>(database_, [&](std::uint32_t key, const T_MATL_D& record) {
         ExchangeMaterial material{.name = names.Take(record.name, "M" + NumberText(key))};
         materials_[key] = material.name;
         material.kind = record.type == "S" ? "Steel" : record.type == "C" ? "Concrete" : "Other";
@@ -140,7 +128,7 @@ void ModelReader::ReadMaterials() {
 
 void ModelReader::ReadStories() {
     UniqueNames names;
-    ForEach<CClassStor>([&](std::uint32_t key, const T_STOR_D& record) {
+    ForEachInOrder<CClassStor>(database_, [&](std::uint32_t key, const T_STOR_D& record) {
         ExchangeStorey storey{names.Take(record.name, "S" + NumberText(key)), record.level, record.height};
         T_MDUL_D module;
         if (database_.GetClass<CClassMdul>()->Get(record.mdul, module)) storey.module = module.name;
@@ -152,7 +140,7 @@ void ModelReader::ReadStories() {
 
 void ModelReader::ReadNodes() {
     UniqueNames names;
-    ForEach<CClassPont>([&](std::uint32_t key, const T_PONT_D& record) {
+    ForEachInOrder<CClassPont>(database_, [&](std::uint32_t key, const T_PONT_D& record) {
         const auto level = levels_.find(record.story);
         // The sum of two heights has digits that nobody meant.
         const double z = level == levels_.end() ? record.z : velda::RoundToShown(record.z + level->second);
@@ -165,17 +153,19 @@ void ModelReader::ReadNodes() {
 }
 
 void ModelReader::ReadSections() {
-    ForEach<CClassSect>([&](std::uint32_t key, const T_SECT_D& record) { sectionRecords_[key] = record; });
-    ForEach<CClassThik>([&](std::uint32_t key, const T_THIK_D& record) { thicknesses_[key] = record.thickness; });
+    ForEachInOrder<CClassSect>(database_,
+                               [&](std::uint32_t key, const T_SECT_D& record) { sectionRecords_[key] = record; });
+    ForEachInOrder<CClassThik>(
+        database_, [&](std::uint32_t key, const T_THIK_D& record) { thicknesses_[key] = record.thickness; });
     // A section of the format carries its material: each pair of both that members have is a section.
-    ForEach<CClassMemb>([&](std::uint32_t, const T_MEMB_D& record) {
+    ForEachInOrder<CClassMemb>(database_, [&](std::uint32_t, const T_MEMB_D& record) {
         if (PropertyOfMemberType(record.type) == MemberProperty::Section) usedSections_.insert(record.prop);
     });
     std::map<std::uint32_t, std::set<std::uint32_t>> pairs;
-    ForEach<CClassMemb>([&](std::uint32_t, const T_MEMB_D& record) {
+    ForEachInOrder<CClassMemb>(database_, [&](std::uint32_t, const T_MEMB_D& record) {
         if (PropertyOfMemberType(record.type) == MemberProperty::Section) pairs[record.prop].insert(record.matl);
     });
-    ForEach<CClassSect>([&](std::uint32_t key, const T_SECT_D&) {
+    ForEachInOrder<CClassSect>(database_, [&](std::uint32_t key, const T_SECT_D&) {
         auto& materials = pairs[key];
         if (materials.empty() && !materials_.empty()) materials.insert(materials_.begin()->first);
         for (const std::uint32_t material : materials) SectionName(key, material);
@@ -270,7 +260,7 @@ void ModelReader::AddOpening(const T_MEMB_D& record) {
 
 void ModelReader::ReadMembers() {
     std::uint64_t lost = 0;
-    ForEach<CClassMemb>([&](std::uint32_t key, const T_MEMB_D& record) {
+    ForEachInOrder<CClassMemb>(database_, [&](std::uint32_t key, const T_MEMB_D& record) {
         if (record.type == kOpening && record.nodes.size() > 2) return AddOpening(record);
         const MemberProperty property = PropertyOfMemberType(record.type);
         if (property == MemberProperty::Section && record.nodes.size() > 1) return AddLine(key, record);
@@ -296,7 +286,7 @@ void ModelReader::AddHinge(std::uint32_t member, const T_FRLS_D& record, bool at
 }
 
 void ModelReader::ReadSupports() {
-    ForEach<CClassSpts>([&](std::uint32_t key, const T_SPTS_D& record) {
+    ForEachInOrder<CClassSpts>(database_, [&](std::uint32_t key, const T_SPTS_D& record) {
         ExchangeSupport support{.name = "Sn" + NumberText(model_.supports.size() + 1), .boundary = "In node"};
         support.node = NameOf(nodes_, key);
         support.axes = "Global";
@@ -311,7 +301,7 @@ void ModelReader::ReadSupports() {
         }
         model_.supports.push_back(support);
     });
-    ForEach<CClassFrls>([&](std::uint32_t key, const T_FRLS_D& record) {
+    ForEachInOrder<CClassFrls>(database_, [&](std::uint32_t key, const T_FRLS_D& record) {
         const bool both = record.flagsI == record.flagsJ && record.valuesI == record.valuesJ;
         AddHinge(key, record, true, both);
         if (!both) AddHinge(key, record, false, false);
@@ -319,7 +309,7 @@ void ModelReader::ReadSupports() {
 }
 
 void ModelReader::ReadLinksAndMasses() {
-    ForEach<CClassRigd>([&](std::uint32_t, const T_RIGD_D& record) {
+    ForEachInOrder<CClassRigd>(database_, [&](std::uint32_t, const T_RIGD_D& record) {
         constexpr int kFloor = 110001;
         const std::string digits = velda::FormatZeroPadded(record.freedoms, 6);
         ExchangeDiaphragm diaphragm{.name = "D" + NumberText(model_.diaphragms.size() + 1)};
@@ -336,7 +326,7 @@ void ModelReader::ReadLinksAndMasses() {
         }
         model_.diaphragms.push_back(std::move(diaphragm));
     });
-    ForEach<CClassPmas>([&](std::uint32_t key, const T_PMAS_D& record) {
+    ForEachInOrder<CClassPmas>(database_, [&](std::uint32_t key, const T_PMAS_D& record) {
         ExchangeMass mass{
             NameOf(nodes_, key), {record.mx, record.my, record.mz, record.rmx, record.rmy, record.rmz}, {}};
         model_.masses.push_back(mass);
@@ -344,12 +334,12 @@ void ModelReader::ReadLinksAndMasses() {
 }
 
 void ModelReader::ReadLoadCases() {
-    ForEach<CClassSwgt>([&](std::uint32_t, const T_SWGT_D& record) {
+    ForEachInOrder<CClassSwgt>(database_, [&](std::uint32_t, const T_SWGT_D& record) {
         if (record.memb == 0) selfWeights_[record.stld] += record.z;
     });
     UniqueNames names;
     std::set<std::string> groups;
-    ForEach<CClassStld>([&](std::uint32_t key, const T_STLD_D& record) {
+    ForEachInOrder<CClassStld>(database_, [&](std::uint32_t key, const T_STLD_D& record) {
         const LoadCaseWords words = WordsOfLoadCaseType(record.type);
         ExchangeLoadCase loadCase{.name = names.Take(record.name, "LC" + NumberText(key))};
         loadCase.description = record.description;
@@ -375,10 +365,10 @@ void ModelReader::ReadLoadCases() {
 void ModelReader::ReadCombinations() {
     UniqueNames names;
     NameOfKey combinations;
-    ForEach<CClassLcom>([&](std::uint32_t key, const T_LCOM_D& record) {
+    ForEachInOrder<CClassLcom>(database_, [&](std::uint32_t key, const T_LCOM_D& record) {
         combinations[key] = names.Take(record.name, "CO" + NumberText(key));
     });
-    ForEach<CClassLcom>([&](std::uint32_t key, const T_LCOM_D& record) {
+    ForEachInOrder<CClassLcom>(database_, [&](std::uint32_t key, const T_LCOM_D& record) {
         ExchangeCombination combination{.name = combinations[key], .description = record.description};
         combination.category = "Not defined";
         combination.kind = record.type == LoadCombinationType::Sum ? "Linear" : "Envelope";
@@ -474,7 +464,7 @@ void ModelReader::AddSlabLoad(std::uint32_t member, const T_SBLA_D& load) {
 }
 
 void ModelReader::ReadLoads() {
-    ForEach<CClassPtld>([&](std::uint32_t, const T_PTLD_D& record) {
+    ForEachInOrder<CClassPtld>(database_, [&](std::uint32_t, const T_PTLD_D& record) {
         const std::array<double, 6> values{record.fx, record.fy, record.fz, record.mx, record.my, record.mz};
         ExchangeNodalLoad nodal{NameOf(loadCases_, record.stld), NameOf(nodes_, record.node), {}, {}};
         for (std::size_t i = 0; i < values.size(); ++i) {
@@ -492,9 +482,9 @@ void ModelReader::ReadLoads() {
         }
         model_.nodalLoads.push_back(std::move(nodal));
     });
-    ForEach<CClassLnld>([&](std::uint32_t, const T_LNLD_D& record) { AddMemberLoad(record); });
-    ForEach<CClassCmld>([&](std::uint32_t, const T_CMLD_D& record) { AddMemberLoad(record); });
-    ForEach<CClassSbla>([&](std::uint32_t key, const T_SBLA_D& record) { AddSlabLoad(key, record); });
+    ForEachInOrder<CClassLnld>(database_, [&](std::uint32_t, const T_LNLD_D& record) { AddMemberLoad(record); });
+    ForEachInOrder<CClassCmld>(database_, [&](std::uint32_t, const T_CMLD_D& record) { AddMemberLoad(record); });
+    ForEachInOrder<CClassSbla>(database_, [&](std::uint32_t key, const T_SBLA_D& record) { AddSlabLoad(key, record); });
     CountLost();
 }
 

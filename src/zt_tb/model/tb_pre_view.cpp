@@ -5,6 +5,7 @@
 #include "velda_base/host/dock_view_base.h"
 #include "velda_base/host/wait_cursor.h"
 #include "velda_lib/msg_dll.h"
+#include "zt_db/core/change_test.h"
 #include "zt_db/records/stnd.h"
 #include "zt_tb/core/dock_view.h"
 #include "zt_tb/model/check_sheet.h"
@@ -22,14 +23,7 @@ std::string Text(std::string_view key) { return velda::CMsgDll::pfuncLoadStr(key
 /// Whether the last step changed the design standards.
 bool StandardsChanged(const T_UPDATE_HINT* hint) {
     CDataBase* db = hint && CDBDoc::m_pDBDoc ? CDBDoc::m_pDBDoc->GetMDBCtrl()->GetDB(hint->dbIndex) : nullptr;
-    if (!db) return false;
-    const auto& codes = IdentityOf<T_STND_D>::value.codes;
-    const CViewBuff& buffer = *db->GetViewBuff();
-    for (POSITION at = buffer.GetHeadPosition(); at;) {
-        const int code = static_cast<int>(static_cast<std::uint32_t>(buffer.GetNext(at)));
-        if (std::find(std::begin(codes), std::end(codes), code) != std::end(codes)) return true;
-    }
-    return false;
+    return db && Touches<T_STND_D>(*db->GetViewBuff());
 }
 
 void CloseCheckerPane() {

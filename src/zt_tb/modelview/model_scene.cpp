@@ -3,9 +3,10 @@
 #include <cmath>
 #include <span>
 
+#include "zt_db/core/change_test.h"
+#include "zt_db/core/record_walk.h"
 #include "zt_db/records/memb.h"
 #include "zt_db/records/spts.h"
-#include "zt_tb/modelview/record_reading.h"
 
 namespace zt {
 namespace {
@@ -83,10 +84,10 @@ ModelScene::Touched ModelScene::TouchedBy(CDataBase& database) {
     const CViewBuff& buffer = *database.GetViewBuff();
     for (POSITION position = buffer.GetHeadPosition(); position;) {
         const std::uint64_t entry = buffer.GetNext(position);
-        if (IsOf<CClassPont>(entry)) touched.nodes.push_back(buffer.KeyOf(entry));
-        if (IsOf<CClassMemb>(entry)) touched.members.push_back(buffer.KeyOf(entry));
-        touched.supports = touched.supports || IsOf<CClassSpts>(entry);
-        touched.stories = touched.stories || IsOf<CClassStor>(entry);
+        if (TellsOf<T_PONT_D>(entry)) touched.nodes.push_back(buffer.KeyOf(entry));
+        if (TellsOf<T_MEMB_D>(entry)) touched.members.push_back(buffer.KeyOf(entry));
+        touched.supports = touched.supports || TellsOf<T_SPTS_D>(entry);
+        touched.stories = touched.stories || TellsOf<T_STOR_D>(entry);
     }
     MakeUnique(touched.nodes);
     MakeUnique(touched.members);
@@ -118,15 +119,15 @@ void ModelScene::Update(CDataBase& database) {
 
 void ModelScene::ReadNode(const CDataBase& database, std::uint32_t key) {
     T_PONT_D node;
-    if (!ReadBase<CClassPont>(database, key, node)) return Erase(nodes_, nodePlaces_, freeNodes_, key);
+    if (!ReadInBase<CClassPont>(database, key, node)) return Erase(nodes_, nodePlaces_, freeNodes_, key);
     T_STOR_D story;
-    if (node.story != 0) ReadBase<CClassStor>(database, node.story, story);
+    if (node.story != 0) ReadInBase<CClassStor>(database, node.story, story);
     ItemOf(nodes_, nodePlaces_, freeNodes_, key).place = {node.x, node.y, node.z + story.level};
 }
 
 void ModelScene::ReadMember(const CDataBase& database, std::uint32_t key) {
     T_MEMB_D member;
-    const bool exists = ReadBase<CClassMemb>(database, key, member);
+    const bool exists = ReadInBase<CClassMemb>(database, key, member);
     std::vector<std::uint32_t> places;
     for (const std::uint32_t node : member.nodes) {
         const std::uint32_t at = nodePlaces_.Find(node);
@@ -168,7 +169,7 @@ void ModelScene::ReadLevels(const CDataBase& database) {
     levels_.clear();
     for (const std::uint32_t key : KeysOf<CClassStor>(database)) {
         T_STOR_D story;
-        ReadBase<CClassStor>(database, key, story);
+        ReadInBase<CClassStor>(database, key, story);
         const auto same = std::find_if(levels_.begin(), levels_.end(), [&](const SceneLevel& level) {
             return std::abs(level.height - story.level) < kSame;
         });

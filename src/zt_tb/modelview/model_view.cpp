@@ -1,7 +1,8 @@
 #include "zt_tb/modelview/model_view.h"
 
+#include "zt_db/core/change_test.h"
+#include "zt_db/core/record_walk.h"
 #include "zt_db/records/load.h"
-#include "zt_tb/modelview/record_reading.h"
 
 namespace zt {
 namespace {
@@ -192,7 +193,7 @@ void ModelView::UpdateScene(const T_UPDATE_HINT* hint) {
     scene_.Update(*Database());
     ++sceneRevision_;
     loads_.Update(*Database());
-    if (IsTouched<CClassStld>(*Database())) TellLoadCases();
+    if (Touches<T_STLD_D>(*Database()->GetViewBuff())) TellLoadCases();
     // The first nodes of a new model are brought into sight.
     if (wasEmpty && showsAll_) camera_.Fit(scene_.Bounds(), kMargin);
     Changed();

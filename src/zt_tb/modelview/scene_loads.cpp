@@ -2,12 +2,13 @@
 
 #include <cmath>
 
+#include "zt_db/core/change_test.h"
+#include "zt_db/core/record_walk.h"
 #include "zt_db/records/load_case_type.h"
 #include "zt_db/records/member_load.h"
 #include "zt_db/records/ptld.h"
 #include "zt_db/records/sbla.h"
 #include "zt_db/records/swgt.h"
-#include "zt_tb/modelview/record_reading.h"
 
 namespace zt {
 namespace {
@@ -25,7 +26,7 @@ SlabPart PartOf(const std::string& type) {
 void SceneLoads::Build(const CDataBase& database, std::uint32_t loadCase) {
     *this = {};
     T_STLD_D record;
-    if (!ReadBase<CClassStld>(database, loadCase, record)) return;
+    if (!ReadInBase<CClassStld>(database, loadCase, record)) return;
     loadCase_ = loadCase;
     name_ = record.name;
     slabPart_ = PartOf(record.type);
@@ -38,7 +39,7 @@ void SceneLoads::Build(const CDataBase& database, std::uint32_t loadCase) {
 
 void SceneLoads::Update(CDataBase& database) {
     if (loadCase_ == 0) return;
-    if (IsTouched<CClassStld, CClassPtld, CClassLnld, CClassCmld, CClassSbla, CClassSwgt>(database)) {
+    if (Touches<T_STLD_D, T_PTLD_D, T_LNLD_D, T_CMLD_D, T_SBLA_D, T_SWGT_D>(*database.GetViewBuff())) {
         Build(database, loadCase_);
     }
 }
@@ -46,7 +47,7 @@ void SceneLoads::Update(CDataBase& database) {
 void SceneLoads::ReadNodeLoads(const CDataBase& database) {
     for (const std::uint32_t key : KeysOf<CClassPtld>(database)) {
         T_PTLD_D load;
-        if (!ReadBase<CClassPtld>(database, key, load) || load.stld != loadCase_) continue;
+        if (!ReadInBase<CClassPtld>(database, key, load) || load.stld != loadCase_) continue;
         nodeLoads_.push_back({load.node, {load.fx, load.fy, load.fz}, {load.mx, load.my, load.mz}});
         Measure(LoadKind::Force, nodeLoads_.back().force);
         Measure(LoadKind::Moment, nodeLoads_.back().moment);
@@ -57,7 +58,7 @@ template <class Class>
 void SceneLoads::ReadMemberLoads(const CDataBase& database) {
     for (const std::uint32_t key : KeysOf<Class>(database)) {
         typename Class::Record load;
-        if (!ReadBase<Class>(database, key, load) || load.stld != loadCase_) continue;
+        if (!ReadInBase<Class>(database, key, load) || load.stld != loadCase_) continue;
         if (!IsKnownLoad(load.type, load.direction)) continue;
         const bool isDistributed = IsDistributedLoad(load.type);
         memberLoads_.push_back({load.memb, KindOf(load.type), isDistributed, load.direction, load.x, load.p});
@@ -68,7 +69,7 @@ void SceneLoads::ReadMemberLoads(const CDataBase& database) {
 void SceneLoads::ReadSlabLoads(const CDataBase& database) {
     for (const std::uint32_t key : KeysOf<CClassSbla>(database)) {
         T_SBLA_D load;
-        if (!ReadBase<CClassSbla>(database, key, load)) continue;
+        if (!ReadInBase<CClassSbla>(database, key, load)) continue;
         const double value = slabPart_ == SlabPart::Dead ? load.dl : load.ll;
         if (value == 0.0 || !IsKnownLoad(LoadType::UniformLoads, load.direction)) continue;
         slabLoads_.push_back({key, load.direction, value});
@@ -79,7 +80,7 @@ void SceneLoads::ReadSlabLoads(const CDataBase& database) {
 void SceneLoads::ReadSelfWeights(const CDataBase& database) {
     for (const std::uint32_t key : KeysOf<CClassSwgt>(database)) {
         T_SWGT_D weight;
-        if (!ReadBase<CClassSwgt>(database, key, weight) || weight.stld != loadCase_) continue;
+        if (!ReadInBase<CClassSwgt>(database, key, weight) || weight.stld != loadCase_) continue;
         if (weight.memb != 0) {
             ++ownSelfWeights_;
         } else {

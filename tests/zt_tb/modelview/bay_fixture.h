@@ -67,6 +67,11 @@ protected:
         view.SetDocument(doc.get());
     }
     ~BayViewTest() override { view.SetDocument(nullptr); }
+    /// What a test hears of the view goes before the test does.
+    void TearDown() override {
+        view.onChanged = nullptr;
+        view.onLoadCases = nullptr;
+    }
     Point2 PlaceOf(const Vec3& place) const { return view.View().Project(place).Flat(); }
     CViewCtrl& State() { return *Db().GetViewCtrl(); }
 

@@ -30,10 +30,7 @@ protected:
         view.onChanged = [this] { ++pictures; };
         hints.ConnectToDoc(doc.get());
     }
-    ~ModelViewTest() override {
-        view.onChanged = nullptr;
-        hints.DisconnectFromDoc();
-    }
+    ~ModelViewTest() override { hints.DisconnectFromDoc(); }
     void Click(const Vec3& place, MouseKeys keys = {}) {
         mouse.Press(MouseButton::Left, keys, PlaceOf(place));
         mouse.Release(MouseButton::Left, PlaceOf(place));
