@@ -8,6 +8,7 @@
 
 #include "zt_db/geometry/member_geometry.h"
 #include "zt_db/records/sect.h"
+#include "zt_db/units/exact_units.h"
 
 namespace zt {
 
@@ -17,9 +18,6 @@ inline constexpr std::size_t kFreedoms = 6;
 using NodeVector = std::array<double, kFreedoms>;
 /// Values of both ends of an element: those of end i, then those of end j.
 using EndVector = std::array<double, 2 * kFreedoms>;
-
-/// Standard gravity in m/s2 (CGPM 1901).
-inline constexpr double kGravity = 9.80665;
 
 struct FrameNode {
     std::uint32_t key = 0;

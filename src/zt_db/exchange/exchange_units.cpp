@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "zt_db/units/exact_units.h"
+
 namespace zt {
 namespace {
 
@@ -31,11 +33,7 @@ struct Symbol {
     Dimension dimension;
 };
 
-// Exact by definition: inch 25.4 mm, pound 0.45359237 kg, standard gravity 9.80665 m/s2.
-constexpr double kInch = 0.0254;
 constexpr double kFoot = 12.0 * kInch;
-constexpr double kPound = 0.45359237;
-constexpr double kGravity = 9.80665;
 constexpr double kPoundForce = kPound * kGravity;
 constexpr Dimension kNone{};
 constexpr Dimension kLength{1, 0, 0, 0};

@@ -5,14 +5,10 @@
 #include <vector>
 
 #include "zt_db/doc/doc.h"
+#include "zt_db/units/exact_units.h"
 
 namespace zt {
 namespace {
-
-// Exact by definition: standard gravity 9.80665 m/s2 (CGPM 1901), pound 0.45359237 kg and inch 25.4 mm (1959).
-constexpr double kGravity = 9.80665;
-constexpr double kPound = 0.45359237;
-constexpr double kInch = 0.0254;
 
 constexpr UnitChoice kMass[] = {{"kg", 1.0}, {"t", 1000.0}, {"lb", kPound}};
 constexpr UnitChoice kLength[] = {{"m", 1.0}, {"mm", 0.001}, {"cm", 0.01}, {"in", kInch}, {"ft", 12.0 * kInch}};

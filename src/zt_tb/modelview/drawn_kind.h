@@ -1,6 +1,8 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <string_view>
 
 #include "zt_db/records/memb_type.h"
@@ -21,6 +23,7 @@ constexpr std::string_view DrawnKindName(DrawnKind kind) {
 
 /// The kind of a member type.
 constexpr DrawnKind DrawnKindOf(int type) {
+    if (std::find(std::begin(kSlabTypes), std::end(kSlabTypes), type) != std::end(kSlabTypes)) return DrawnKind::Slab;
     switch (type) {
         case 101:
         case 207: return DrawnKind::Column;
@@ -37,10 +40,6 @@ constexpr DrawnKind DrawnKindOf(int type) {
         case 217:
         case 218:
         case 219: return DrawnKind::Wall;
-        case 301:
-        case 314:
-        case 315:
-        case 316: return DrawnKind::Slab;
         case 302: return DrawnKind::Opening;
         default: return DrawnKind::Other;
     }
