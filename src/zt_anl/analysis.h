@@ -65,10 +65,47 @@ struct ModalResult {
     Vector3 totalMass{};              ///< that can move, in kg
 };
 
+/// The results of a response spectrum load case: greatest magnitudes, without signs.
+struct SpectrumResult {
+    std::uint32_t splc = 0;  ///< key
+    std::string name{};
+    std::vector<NodeVector> displacements{};
+    std::vector<NodeVector> reactions{};
+    std::vector<ElementForces> elements{};
+};
+
+/// The greatest and least value of each component over time, and when they came, in s.
+struct NodeEnvelope {
+    NodeVector max{};
+    NodeVector maxTime{};
+    NodeVector min{};
+    NodeVector minTime{};
+};
+
+/// The results of a time-history load case. Displacements and velocities are relative to the ground.
+struct HistoryResult {
+    std::uint32_t thlc = 0;  ///< key
+    std::string name{};
+    double step = 0.0;      ///< s between two stored states
+    std::size_t steps = 0;  ///< stored states, that at time 0 among them
+    /// The modal coordinates and their second derivatives, for each state those of all modes.
+    std::vector<double> coordinates{};
+    std::vector<double> accelerations{};
+    std::vector<Vector3> ground{};  ///< acceleration of the ground in each state, in m/s2
+    std::vector<NodeEnvelope> displacements{};
+    std::vector<NodeEnvelope> velocities{};
+    std::vector<NodeEnvelope> relativeAccelerations{};
+    std::vector<NodeEnvelope> absoluteAccelerations{};
+    std::vector<NodeEnvelope> reactions{};              ///< in the order of the supports
+    std::vector<std::vector<NodeEnvelope>> stations{};  ///< of each span, at its stations
+};
+
 struct AnalysisResult {
     FrameModel model{};
     std::vector<CaseResult> cases{};  ///< in the order of their keys
     ModalResult modal{};
+    std::vector<SpectrumResult> spectra{};   ///< in the order of their keys
+    std::vector<HistoryResult> histories{};  ///< in the order of their keys
 };
 
 /// Analyses a model: all its static load cases, and its modes. Refused, with the reason, when the model cannot be

@@ -1,0 +1,7 @@
+#include "zt_db/records/sdsp.h"
+
+namespace zt {
+
+ZT_DEFINE_RECORD(SDSP)
+
+}  // namespace zt
