@@ -91,6 +91,23 @@ void FillSmallModelWithLoads(const Add& add, const CDataBase& database) {
     add(database.GetClass<CClassSwgt>(), {weight});
 }
 
+/// What an analysis needs besides the structure and its loads.
+template <class Add>
+void FillSmallModelForAnalysis(Add add, CDataBase& database) {
+    add(database.GetClass<CClassActl>(), {{.modes = 9, .massLoads = {{1, 0.25}}}});
+    add(database.GetClass<CClassSpfc>(), {{.name = "S", .points = {{0.0, 0.4}, {1.0, 0.2}}}});
+    add(database.GetClass<CClassSplc>(), {{.name = "RX", .spfc = 1}});
+    add(database.GetClass<CClassThfc>(), {{.name = "EQ", .points = {{0.0, 0.0}, {0.02, 0.1}}}});
+    add(database.GetClass<CClassThlc>(), {{.name = "TH", .items = {{.thfc = 1}}}});
+    add(database.GetClass<CClassStmp>(), {{.stld = 1, .temperature = 20.0}});
+    add(database.GetClass<CClassPtmp>(), {{.node = 2, .stld = 1, .temperature = 5.0}});
+    add(database.GetClass<CClassSdsp>(), {{.node = 1, .stld = 2, .flags = "001000"}});
+    add(database.GetClass<CClassOffs>(), {{.mode = T_OFFS_D::kByValue, .vertical = -0.1}});
+    add(database.GetClass<CClassRgde>(), {{.lengthI = 0.3}});
+    add(database.GetClass<CClassRstp>(), {{.verticalLoads = {{LoadCaseKind::Static, 1, 1.0}}, .betas = {{1, 0.8}}}});
+    add(database.GetClass<CClassRslt>(), {{.run = "0123"}});
+}
+
 /// Puts two or more records of most classes into an empty model, with references of every kind between them.
 inline void FillSmallModel(CDBDoc& doc) {
     CDataBase& database = *doc.GetMDBCtrl()->GetCurrentDB();
@@ -158,6 +175,7 @@ inline void FillSmallModel(CDBDoc& doc) {
     standards.concrete = "GB50010";
     add(database.GetClass<CClassStnd>(), {standards});
     FillSmallModelWithLoads(add, database);
+    FillSmallModelForAnalysis(add, database);
 }
 
 inline std::string ReadBytes(const std::string& path) {

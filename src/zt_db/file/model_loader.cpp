@@ -379,6 +379,17 @@ int OpenToRead(SqliteHandle& lock, SqliteHandle& db, const std::string& path, st
     return QueryVersion(db, applicationId, version);
 }
 
+/// Whether a damaged file is still known as a model, so that it can be offered for reading.
+bool CanBeRead(const std::string& path) {
+    SqliteHandle lock;
+    SqliteHandle db;
+    std::int64_t applicationId = 0;
+    std::int64_t version = 0;
+    OpenReport report;
+    return OpenToRead(lock, db, path, applicationId, version) == SQLITE_OK &&
+           (CheckVersion(applicationId, version, path, report) || report.canOpenReadOnly);
+}
+
 /// Whether the pages of a file that lie free are told rightly. They are not met when the records are read, but the next
 /// transactions write to them. A file without free pages costs no look.
 int CheckFreePages(SqliteHandle& db) {
@@ -441,7 +452,9 @@ SqliteHandle OpenToWork(const std::string& path, OpenReport& report) {
     if (result == SQLITE_OK) result = db.Execute("BEGIN IMMEDIATE; ROLLBACK");
     if (result == SQLITE_OK) return db;
     const bool damaged = (result & 0xff) == SQLITE_CORRUPT;
-    Refuse(report, FileMessage(result, db, path), damaged);
+    const std::string message = FileMessage(result, db, path);
+    db.Close();
+    Refuse(report, message, damaged && CanBeRead(path));
     return {};
 }
 
