@@ -2,7 +2,7 @@
 # README.md says what each is for.
 
 packages_build="g++ cmake ninja-build ccache mold gettext libmuparser-dev libsqlite3-dev \
-    libexpat1-dev libxlsxwriter-dev libzip-dev libeigen3-dev libspectra-dev pkg-config"
+    libexpat1-dev libhdf5-dev libxlsxwriter-dev libzip-dev libeigen3-dev libspectra-dev pkg-config"
 packages_test="libgtest-dev libgmock-dev libbenchmark-dev zlib1g-dev"
 packages_desktop="qt6-base-dev libqt6opengl6-dev libqt6svg6-dev qt6-charts-dev libxkbcommon-dev xvfb xauth fonts-nanum"
 packages_fuzz="clang libclang-rt-dev"

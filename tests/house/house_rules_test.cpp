@@ -50,8 +50,8 @@ struct Library {
 const std::vector<Library>& Libraries() {
     static const std::vector<Library> libraries = {
         {"sqlite3.h", {"src/zt_db/file/", "tests/zt_db/", "bench/", "fuzz/"}},
-        {"H5", {"src/zt_db/file/", "tests/zt_db/"}},
-        {"hdf5", {"src/zt_db/file/", "tests/zt_db/"}},
+        
+        {"hdf5", {"src/zt_db/post/hdf5_handle.h", "tests/zt_db/post/"}},
         {"pugixml", {"src/zt_db/file/"}},
         {"xlsxwriter", {"src/velda_util/export/xlsx_file.cpp", "bench/"}},
         {"zip.h", {"src/zt_db/exchange/zip_archive.cpp", "tests/zt_db/exchange/"}},

@@ -101,6 +101,9 @@ int DB_CDataBase::Modify(std::uint16_t classIndex, const std::vector<std::uint32
 // Applies a planned batch as a step of its own, or as a part of the open group. A batch of nothing is no step.
 Outcome DB_CDataBase::Run(Batch batch, StepAction action, std::uint16_t classIndex) {
     if (batch.changes.empty()) return Outcome::Done();
+    if (lock_) {
+        if (Outcome outcome = lock_(batch); !outcome) return outcome;
+    }
     if (InGroup()) return RunInGroup(batch);
 
     if (Outcome outcome = storage_ ? storage_->Begin() : Outcome::Done(); !outcome) return outcome;

@@ -77,6 +77,9 @@ public:
     /// Keeps transactions in a storage from now on; null for memory only.
     void SetStorage(ModelStorage* storage) { storage_ = storage; }
     void SetReadOnly(bool readOnly) { readOnly_ = readOnly; }
+    /// Asked before the changes of a transaction are applied; what it refuses does not happen. Undo and redo are not
+    /// asked about, since they lead to states that were allowed.
+    void SetLock(std::function<velda::Outcome(const Batch&)> lock) { lock_ = std::move(lock); }
     bool IsReadOnly() const { return readOnly_; }
 
     std::uint16_t ClassCount() const { return static_cast<std::uint16_t>(stores_.size()); }
@@ -120,6 +123,7 @@ private:
 
     ModelStorage* storage_ = nullptr;
     std::function<void()> listener_;
+    std::function<velda::Outcome(const Batch&)> lock_;
     bool readOnly_ = false;
     bool telling_ = false;
 

@@ -4,8 +4,12 @@
 #include <utility>
 
 #include "velda_lib/msg_dll.h"
+#include "zt_db/core/change_test.h"
 #include "zt_db/file/model_file.h"
 #include "zt_db/library/matl_db.h"
+#include "zt_db/post/post_ctrl.h"
+#include "zt_db/post/result_keeper.h"
+#include "zt_db/records/rslt.h"
 
 namespace zt {
 
@@ -20,14 +24,16 @@ void CDBUpdateConnector::DisconnectFromDoc() {
     if (doc_) doc_->RemoveView(this);
 }
 
-CDBDoc::CDBDoc(const CInitCtrl& init) : init_(init), databases_(units_), matlDb_(&CMatlDB::Shared()) {
+CDBDoc::CDBDoc(const CInitCtrl& init)
+    : init_(init),
+      databases_(units_),
+      postCtrl_(std::make_unique<CPostCtrl>(databases_, units_)),
+      results_(std::make_unique<ResultKeeper>(*databases_.GetCurrentDB())),
+      matlDb_(&CMatlDB::Shared()) {
     units_.SetUnitIndexCurrent(init.units);
     units_.SetListener([this] { UpdateAllViews(nullptr, HintCode::Unit, nullptr); });
-    databases_.GetCurrentDB()->SetListener([this] {
-        T_UPDATE_HINT hint;
-        hint.dbIndex = CMDBCtrl::kModel;
-        UpdateAllViews(nullptr, HintCode::Changed, &hint);
-    });
+    databases_.GetCurrentDB()->SetListener([this] { TellChange(); });
+    databases_.GetCurrentDB()->SetLock([this](const Batch& batch) { return results_->MayChange(batch); });
     databases_.GetCurrentDB()->GetViewCtrl()->SetListener([this](CDBUpdateConnector* sender, int code) {
         T_UPDATE_HINT hint;
         hint.dbIndex = CMDBCtrl::kModel;
@@ -54,12 +60,37 @@ std::unique_ptr<CDBDoc> CDBDoc::Open(const std::string& path, OpenMode mode, Ope
         doc->readOnly_ = true;
         doc->path_ = path;
         database.SetReadOnly(true);
+        doc->OpenResults();
         return doc;
     }
     std::unique_ptr<ModelFile> file = ModelFile::Open(path, init.fileSafety, database, report);
     if (!file) return nullptr;
     doc->UseFile(std::move(file), path);
+    doc->OpenResults();
     return doc;
+}
+
+/// Makes the results current that the model names. Whether that changed something.
+bool CDBDoc::TakeResults() {
+    const auto before = results_->Current();
+    results_->Refresh();
+    if (results_->Current() == before) return false;
+    databases_.SetResults(results_->Current());
+    executed_ = results_->Current() ? 1 : 0;
+    return true;
+}
+
+/// A step that touches the record of the results may lock the tables or open them.
+void CDBDoc::TellChange() {
+    T_UPDATE_HINT hint;
+    hint.dbIndex = CMDBCtrl::kModel;
+    if (!Touches<T_RSLT_D>(*databases_.GetCurrentDB()->GetViewBuff()))
+        return UpdateAllViews(nullptr, HintCode::Changed, &hint);
+    const bool isOther = TakeResults();
+    UpdateAllViews(nullptr, HintCode::Changed0, &hint);
+    if (!isOther) return;
+    UpdateAllViews(nullptr, HintCode::PostDatabaseChanged, nullptr);
+    if (!executed_ && postMode_) SetModePre();
 }
 
 void CDBDoc::UseFile(std::unique_ptr<ModelFile> file, const std::string& path) {
@@ -78,8 +109,15 @@ velda::Outcome CDBDoc::SaveAs(const std::string& path) {
     velda::Outcome outcome = velda::Outcome::Done();
     const std::string current = file_ ? path_ : std::string{};
     std::unique_ptr<ModelFile> file = ModelFile::Create(path, current, init_.fileSafety, database, outcome);
-    if (file) UseFile(std::move(file), path);
-    return outcome;
+    if (!file) return outcome;
+    UseFile(std::move(file), path);
+    return results_->MoveTo(path);
+}
+
+void CDBDoc::OpenResults() {
+    // A model that was just opened has no results that could be lost on the way.
+    (void)results_->MoveTo(path_);
+    TakeResults();
 }
 
 // ---- views ----

@@ -18,6 +18,7 @@ class CCheckerCtrl;
 class CMatlDB;
 class CPostCtrl;
 class ModelFile;
+class ResultKeeper;
 
 /// Settings that a document starts with.
 struct CInitCtrl {
@@ -56,11 +57,13 @@ public:
     CUnitCtrl* GetUnitCtrl() { return &units_; }
     CInitCtrl* GetInitCtrl() { return &init_; }
     CMatlDB* GetMatlDB() { return matlDb_; }
-    // Services that other stages bring to a document; null until they do.
-    CPostCtrl* GetPostCtrl() { return postCtrl_; }
+    CPostCtrl* GetPostCtrl() { return postCtrl_.get(); }
+    // A service that another stage brings to a document; null until it does.
     CCheckerCtrl* GetChekCtrl() { return checkerCtrl_; }
-    void SetPostCtrl(CPostCtrl* control) { postCtrl_ = control; }
     void SetChekCtrl(CCheckerCtrl* control) { checkerCtrl_ = control; }
+
+    /// The results of the model: their file, whether they are current, how they are discarded.
+    ResultKeeper& GetResults() { return *results_; }
 
     // ---- views
 
@@ -96,6 +99,9 @@ public:
 private:
     explicit CDBDoc(const CInitCtrl& init);
     void UseFile(std::unique_ptr<ModelFile> file, const std::string& path);
+    void TellChange();
+    bool TakeResults();
+    void OpenResults();
 
     CInitCtrl init_;
     CUnitCtrl units_;
@@ -104,7 +110,8 @@ private:
     std::string path_;
     bool readOnly_ = false;
 
-    CPostCtrl* postCtrl_ = nullptr;
+    std::unique_ptr<CPostCtrl> postCtrl_;
+    std::unique_ptr<ResultKeeper> results_;
     CMatlDB* matlDb_;
     CCheckerCtrl* checkerCtrl_ = nullptr;
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "zt_db/core/database.h"
+#include "zt_db/post/post_database.h"
 
 namespace zt {
 
@@ -16,12 +17,21 @@ public:
     CDataBase* GetDB(int index) { return index == kModel ? &model_ : nullptr; }
     /// The model database.
     CDataBase* GetCurrentDB() { return &model_; }
-    /// The result databases; null while the document has no results.
-    CDataBase* GetDBPost() { return nullptr; }
-    CDataBase* GetDBPost3D() { return nullptr; }
+    /// The result database; empty while the document has no results. Frames are analysed in space, so that it is that
+    /// of the analysis in space as well.
+    const CPostDataBase* GetDBPost() const { return &post_; }
+    const CPostDataBase* GetDBPost3D() const { return &post_; }
+    /// The model as a result database without results, for tables that work before any analysis.
+    const CPostDataBase* GetDBPre() const { return &pre_; }
+    /// Makes results the current ones; null for none.
+    void SetResults(std::shared_ptr<const ResultSource> results) {
+        post_ = results ? CPostDataBase(&model_, std::move(results)) : CPostDataBase();
+    }
 
 private:
     CDataBase model_;
+    CPostDataBase pre_{&model_, nullptr};
+    CPostDataBase post_;
 };
 
 }  // namespace zt

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <array>
+
+#include "zt_db/post/post_classes.h"
+
+namespace zt {
+
+/// Quantities that load cases have rows of.
+enum class ResultQuantity { Displacement, Reaction, ReactionSum, ElementForce, LinkForce, SlabForce };
+
+/// The greatest and the least of a value; equal where it has no envelope.
+struct Bounds {
+    double max = 0.0;
+    double min = 0.0;
+
+    /// The one of greater magnitude.
+    double Governing() const { return std::abs(max) >= std::abs(min) ? max : min; }
+};
+
+/// Reads rows of a load case or a combination: cases are superposed as they are asked for. Of a spectrum case, which
+/// has magnitudes only, both signs count; of a time history the greatest and the least value.
+class LoadCursor {
+public:
+    static constexpr std::size_t kMostColumns = 12;
+    using Row = std::array<Bounds, kMostColumns>;
+
+    /// Opens a combination; false when one of its cases has no results, or it holds none.
+    bool Open(const CPostDataBase& database, const T_PLCOM_D& combination);
+    /// The bounds of the first `columns` values of a row; false when there is none.
+    bool Read(ResultQuantity quantity, std::size_t row, std::size_t columns, Row& bounds) const;
+    /// Whether the cases have rows of a quantity.
+    bool Has(ResultQuantity quantity) const;
+    std::size_t Rows(ResultQuantity quantity) const;
+    /// Whether values have a greatest and a least.
+    bool HasEnvelope() const { return hasEnvelope_; }
+
+private:
+    static constexpr std::size_t kQuantities = 6;
+
+    /// The arrays of a case: its values or, of a time history, the greatest and the least.
+    struct Arrays {
+        ResultArray first;
+        ResultArray second;
+    };
+    struct Leaf {
+        int kind = 0;
+        std::uint32_t key = 0;
+        std::array<Arrays, kQuantities> arrays{};
+    };
+    /// A case, or the sum or envelope of what follows it.
+    struct Node {
+        double factor = 1.0;
+        bool isEnvelope = false;
+        int leaf = -1;
+        std::vector<Node> parts{};
+    };
+
+    bool Build(const CPostDataBase& database, const T_PLCOM_D& combination, Node& node, std::size_t depth);
+    int LeafOf(const CPostDataBase& database, int kind, std::uint32_t key);
+    bool Add(const Node& node, std::size_t quantity, std::size_t row, std::size_t columns, Row& bounds) const;
+    bool ReadLeaf(const Leaf& leaf, std::size_t quantity, std::size_t row, std::size_t columns, double factor,
+                  Row& bounds) const;
+
+    Node root_;
+    std::vector<Leaf> leaves_;
+    bool hasEnvelope_ = false;
+};
+
+}  // namespace zt
