@@ -40,7 +40,13 @@ TEST_F(Document, IsPublishedUntilItIsClosed) {
 TEST_F(Document, AnIndexLeadsToItsDatabase) {
     EXPECT_EQ(doc->GetMDBCtrl()->GetDB(CMDBCtrl::kModel), doc->GetMDBCtrl()->GetCurrentDB());
     EXPECT_EQ(doc->GetMDBCtrl()->GetDB(5), nullptr);
-    EXPECT_EQ(doc->GetMDBCtrl()->GetDBPost(), nullptr);
+}
+
+TEST_F(Document, TheResultDatabaseIsEmptyAndHarmlessWithoutResults) {
+    const CPostDataBase& post = *doc->GetMDBCtrl()->GetDBPost();
+    EXPECT_EQ(post.Model(), nullptr);
+    EXPECT_EQ(post.Results(), nullptr);
+    EXPECT_FALSE(doc->GetPostCtrl()->IsPostEnable());
 }
 
 TEST_F(Document, ViewsAreToldInsideTheTransactionInTheOrderInWhichTheyCame) {

@@ -22,6 +22,7 @@ void CTBBrowserWnd::RememberFormulas(RowId row) {
 
 bool CTBBrowserWnd::Told(const EditReply& reply) {
     if (reply) return true;
+    if (reply.refusal == EditRefusal::Locked && OnLockedEdit()) return false;
     // What a check found was told by the check itself.
     if (reply.refusal == EditRefusal::NotWritten && !session_.Findings().empty()) {
         SetWarningText(session_.Findings().front().message);

@@ -104,6 +104,8 @@ public:
     /// While set, no cell of the table can be edited.
     void LockEditMode(bool lock) { session_.Lock(lock); }
     bool IsEditModeLocked() const { return session_.IsLocked(); }
+    /// A change was refused because the table is locked. True when the table deals with that, so that no warning is due.
+    virtual bool OnLockedEdit() { return false; }
     /// Whether the row may be written to the database now.
     virtual bool CanSaveData() { return !IsEditModeLocked(); }
     virtual bool CanInsertRowByPressingKey() const { return insertEnabled_ && !IsEditModeLocked(); }

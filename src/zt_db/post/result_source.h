@@ -122,6 +122,14 @@ inline constexpr std::string_view Coordinate = "coordinate";       ///< of the m
 inline constexpr std::string_view CoordinateAcceleration = "coordinate_acceleration";
 inline constexpr std::string_view Ground = "ground";  ///< acceleration, a row a state
 inline constexpr std::string_view Step = "step";      ///< one value: s between two states
+/// The peak of each mode in a spectrum case, with its sign, one row; and how modes go together, absent where not at
+/// all.
+inline constexpr std::string_view ModalCoordinate = "modal_coordinate";
+inline constexpr std::string_view ModalCorrelation = "modal_correlation";
+/// Of loads that drive a history: how much of each acts, a row a state; and, behind it the number of the load, what the
+/// modes leave of its static displacements.
+inline constexpr std::string_view LoadFactor = "load_factor";
+inline constexpr std::string_view Remainder = "remainder/";
 
 // Behind the name of a quantity that has a greatest and a least value.
 inline constexpr std::string_view Max = "_max";

@@ -1,5 +1,7 @@
 #include "zt_tb/core/tb_common_wnd.h"
 
+#include "zt_tb/core/discard_results.h"
+
 namespace zt {
 
 CDataBase* CTBCommonWnd::GetDB() {
@@ -20,6 +22,8 @@ bool CTBCommonWnd::SetCurrentCell(int row, int col, int flags) {
     if (last >= row || last < 1) return false;
     return CTBCommon::SetCurrentCell(last, col, flags) || SetLeftValidCell(last, col) || SetRightValidCell(last, col);
 }
+
+bool CTBCommonWnd::OnLockedEdit() { return AskToDiscardResults(); }
 
 bool CTBCommonWnd::CanSaveData() {
     const CDataBase* db = GetDB();

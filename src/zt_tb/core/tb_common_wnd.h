@@ -44,6 +44,7 @@ public:
     void OnAfterOpen() override;
     bool SetCurrentCell(int row, int col, int flags = 0) override;
     bool CanSaveData() override;
+    bool OnLockedEdit() override;
     std::string GetRefusalReason() const override;
 
     // ---- reference columns: make a grid column a list of what can be referred to. Called again when that changed.
