@@ -7,7 +7,8 @@
 namespace zt {
 
 /// A load on a span, in its local axes: a single one at `from`, or one that runs along a line from `from` to `to`, in
-/// shares of the length of the span.
+/// shares of the length of the span. A strain is what the span would lengthen by if nothing held it, as a share of its
+/// length.
 struct SpanLoad {
     std::size_t span = 0;
     bool isMoment = false;
@@ -16,6 +17,7 @@ struct SpanLoad {
     double to = 1.0;
     Vector3 first{};  ///< N, N/m, Nm or Nm/m
     Vector3 last{};
+    double strain = 0.0;
 };
 
 }  // namespace zt

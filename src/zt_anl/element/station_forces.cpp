@@ -58,4 +58,14 @@ std::vector<StationForces> ForcesAtStations(const FrameSpan& span, const EndVect
     return all;
 }
 
+void AddDeflection(const FrameElement& element, const Vector12& ownEnds, std::vector<StationForces>& stations) {
+    const double length = stations.back().position;
+    const auto begin = element.Deflection(0.0, ownEnds);
+    for (StationForces& station : stations) {
+        const auto here = element.Deflection(station.position / length, ownEnds);
+        station.forces[4] -= element.AxialForce() * (here[1] - begin[1]);
+        station.forces[5] += element.AxialForce() * (here[0] - begin[0]);
+    }
+}
+
 }  // namespace zt
