@@ -1,7 +1,9 @@
-#include <optional>
-#include <utility>
+#include <map>
+#include <string>
+#include <vector>
 
 #include "zt_anl/real_frame_fixture.h"
+#include "zt_db/core/record_walk.h"
 #include "zt_db/records/offs.h"
 
 namespace zt {
@@ -16,7 +18,7 @@ protected:
         options.selfWeightMass = false;
         options.modes = 9;
     }
-    std::map<std::string, std::uint32_t> NodesByName() const {
+    std::map<std::string, std::uint32_t> NodesByName() {
         std::map<std::string, std::uint32_t> nodes;
         for (const std::uint32_t key : KeysOf<CClassPont>(Db())) {
             T_PONT_D node;
@@ -47,8 +49,16 @@ TEST_F(ConcreteBuilding, SwingsLikeOneOfItsFrames) {
     PutRigidLengths();
     Solve();
     ASSERT_EQ(result.modal.modes.size(), 9u);
-    for (std::size_t mode = 0; mode < 3; ++mode) std::printf("T %g\n", result.modal.modes[mode].period);
-    EXPECT_NEAR(result.modal.modes[0].period, 0.673, 0.02 * 0.673);
+    // Recalculated for one of the five equal frames; in the building columns of the edges belong to two frames.
+    constexpr double kPeriodOfFrame = 0.673;
+    EXPECT_NEAR(result.modal.modes[0].period, kPeriodOfFrame, 0.02 * kPeriodOfFrame);
+    // It is alike in both directions.
+    EXPECT_NEAR(result.modal.modes[1].period, result.modal.modes[0].period, 1.0e-6);
+}
+
+TEST_F(ConcreteBuilding, SwingsMoreSlowlyWithoutRigidJoints) {
+    Solve();
+    EXPECT_GT(result.modal.modes[0].period, 0.72);
 }
 
 }  // namespace

@@ -27,7 +27,10 @@ inline std::vector<TableRow> ReadTable(const std::filesystem::path& path) {
     const auto cellsOf = [](const std::string& line) {
         std::vector<std::string> cells;
         std::istringstream stream(line);
-        for (std::string cell; std::getline(stream, cell, ',');) cells.push_back(cell);
+        for (std::string cell; std::getline(stream, cell, ',');) {
+            if (!cell.empty() && cell.back() == '\r') cell.pop_back();
+            cells.push_back(cell);
+        }
         return cells;
     };
     std::string line;
