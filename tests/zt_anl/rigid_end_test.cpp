@@ -114,6 +114,12 @@ TEST_F(RigidEnds, RigidLengthsThatLeaveNothingAreRefused) {
     EXPECT_THAT(Run().Reason(), testing::HasSubstr("The rigid lengths of member 1"));
 }
 
+TEST_F(RigidEnds, NegativeRigidLengthsAreNone) {
+    Build("111111", -1.0, 0.0);
+    Solve();
+    ExpectClose(result.model.spans[0].length, kWhole);
+}
+
 TEST_F(RigidEnds, MembersOfSeveralSpansHaveRigidLengthsAtTheirEndsAlone) {
     const std::uint32_t a = Node(0.0, 0.0, 0.0);
     const std::uint32_t b = Node(2.0, 0.0, 0.0);

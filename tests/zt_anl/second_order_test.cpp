@@ -193,6 +193,29 @@ TEST_F(PressedColumn, RigidPartsLeanToo) {
     EXPECT_LT(rigid, Displacement(top, kDx));
 }
 
+TEST_F(FrameTest, RigidLengthLeansAlikeAtEitherEndOfAMember) {
+    constexpr double kHeight = 4.0;
+    std::array<std::uint32_t, 2> tops{};
+    for (std::size_t i = 0; i < tops.size(); ++i) {
+        const std::uint32_t foot = Node(9.0 * static_cast<double>(i), 0.0, 0.0);
+        tops[i] = Node(9.0 * static_cast<double>(i), 0.0, kHeight);
+        const std::uint32_t column =
+            Member(i == 0 ? std::vector{foot, tops[i]} : std::vector{tops[i], foot}, 2, MembType::Column);
+        i == 0 ? Add<CClassRgde>(column, {.lengthJ = 1.0}) : Add<CClassRgde>(column, {.lengthI = 1.0});
+        Support(foot, "111111");
+        Support(tops[i], "010101");
+        Force(tops[i], kDz, -4.0e3);
+        Force(tops[i], kDx, 10.0);
+    }
+    Solve();
+    const double straight = Displacement(tops[0], kDx);
+    options.secondOrder = SecondOrder::EachCase;
+    Solve();
+    EXPECT_TRUE(result.cases[0].hasSettled);
+    EXPECT_GT(Displacement(tops[0], kDx), 1.1 * straight);
+    ExpectClose(Displacement(tops[1], kDx), Displacement(tops[0], kDx));
+}
+
 TEST_F(FrameTest, LeaningColumnIsHeldByTheOther) {
     // A hinged column under P leans on a cantilever: H / (3 E I / h3 - P / h).
     constexpr double kHeight = 4.0;

@@ -50,12 +50,11 @@ private:
         part.last = ValueAt(to);
         loads_.spans.push_back(part);
     }
-    /// A trapezium is the sum of two triangles, each acting at a third of its length.
     void PutStretch(std::size_t end, double from, double to) {
         if (to <= from) return;
-        const double run = to - from;
-        PutOnNode(end, from + run / 3.0, Times(ValueAt(from), 0.5 * run));
-        PutOnNode(end, from + 2.0 * run / 3.0, Times(ValueAt(to), 0.5 * run));
+        for (const auto& [at, value] : SinglesOf(to - from, ValueAt(from), ValueAt(to))) {
+            PutOnNode(end, from + at, value);
+        }
     }
     void PutOnNode(std::size_t end, double distance, const Vector3& local) {
         const Vector3 value = GlobalOf(span_.axes, local);

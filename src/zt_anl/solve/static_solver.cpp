@@ -38,13 +38,12 @@ Outcome StaticSolver::Prepare() {
 Outcome StaticSolver::HoldAxialForces(const CaseLoads& loads) {
     CaseResult result{.name = velda::FormatText("IDS_ANL_SECOND_ORDER_LOADS", {})};
     const Settled how = Settle(loads, true, result);
-    const StructureState settled = structure_.State();
     if (how == Settled::Buckles) {
         const std::vector<std::string> values = BucklingValues(result.name);
         return Outcome::Refused(velda::FormatText("IDS_ANL_BUCKLES", {values[0], values[1], values[2]}));
     }
     if (how != Settled::Well) TellUnsettled(how, result);
-    for (std::size_t i = 0; i < base_.axial.size(); ++i) base_.axial[i].force = settled.axial[i].force;
+    for (std::size_t i = 0; i < base_.axial.size(); ++i) base_.axial[i].force = structure_.State().axial[i].force;
     structure_.SetState(base_);
     return structure_.Decompose(structure_.Stiffness(), whole_);
 }

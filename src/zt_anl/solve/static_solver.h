@@ -26,10 +26,10 @@ public:
 private:
     static constexpr int kMostRounds = 20;
 
-    void TellOfLooseLoads(const CaseLoads& loads, const std::vector<NodeVector>& nodal);
     /// How the settling of a case ended: well, after too many rounds, or where the structure gives way.
     enum class Settled { Well, TooLate, MovesFreely, Buckles };
 
+    void TellOfLooseLoads(const CaseLoads& loads, const std::vector<NodeVector>& nodal);
     Settled Settle(const CaseLoads& loads, bool secondOrder, CaseResult& result);
     void SolveRound(const Factor& factor, const CaseLoads& loads, CaseResult& result) const;
     void TellUnsettled(Settled how, CaseResult& result);
