@@ -24,8 +24,10 @@ struct AnalysisOptions {
     bool modal = true;
     bool selfWeightMass = true;   ///< the masses of members count besides those of nodes
     bool consistentMass = false;  ///< masses of members follow the curves of their elements and are not lumped
+    /// By which axial forces the deformed shape counts; a value of SecondOrder. The loads are those of
+    /// SecondOrder::GivenLoads.
     int secondOrder = SecondOrder::None;
-    std::vector<T_STLD_FACTOR> secondOrderLoads{};  ///< for SecondOrder::GivenLoads
+    std::vector<T_STLD_FACTOR> secondOrderLoads{};
     std::size_t modes = 12;
     std::size_t stations = 9;  ///< along each element, its ends included; at least 2
     AnalysisProgress progress{};

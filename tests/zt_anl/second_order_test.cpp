@@ -265,6 +265,29 @@ TEST_F(FrameTest, PressedBeamBendsMoreUnderItsLoad) {
     ExpectClose(Forces(beam, kElements / 2).stations.front().forces[4], -moment, 1.0e-4);
 }
 
+TEST_F(FrameTest, HingesTurnAsTheLoadBetweenThemBendsThePressedBeam) {
+    // One element by hand: its ends turn by (w L2 / 12) / (2 E I / L - P L / 6), and its curve rises by a quarter of
+    // the length times that in the middle.
+    constexpr double kLength = 8.0;
+    constexpr double kPress = 2.0e6;
+    const std::uint32_t left = Node(0.0, 0.0, 0.0);
+    const std::uint32_t right = Node(kLength, 0.0, 0.0);
+    const std::uint32_t beam = Member({left, right}, 2);
+    Add<CClassFrls>(beam, {.flagsI = "000010", .flagsJ = "000010"});
+    Support(left, "111111");
+    Support(right, "011111");
+    Uniform(beam, -6.0);
+    Force(right, kDx, -kPress / 1000.0);
+    options.secondOrder = SecondOrder::EachCase;
+    Solve();
+    const double load = 6.0e3 * kLength * kLength;
+    const double turn = load / 12.0 / (2.0 * kE * kIyy / kLength - kPress * kLength / 6.0);
+    const std::vector<StationForces>& stations = Forces(beam).stations;
+    ExpectClose(stations[4].forces[4], -(load / 8.0 + kPress * turn * kLength / 4.0));
+    EXPECT_NEAR(stations.front().forces[4], 0.0, 1.0e-6);
+    EXPECT_NEAR(stations.back().forces[4], 0.0, 1.0e-6);
+}
+
 TEST_F(FrameTest, PressedBeamSwingsMoreSlowly) {
     // f = f0 sqrt(1 - P / Pe) (Timoshenko and Gere, section 2.10, and all texts of vibrations).
     constexpr double kLength = 8.0;
