@@ -53,23 +53,23 @@ private:
     }
     Outcome Factorise() {
         if (!Goes(AnalysisStep::Factor)) return Stopped();
-        return solver_.Prepare();
+        Outcome outcome = solver_.Prepare();
+        if (!outcome || options_.secondOrder != SecondOrder::GivenLoads) return outcome;
+        if (options_.secondOrderLoads.empty()) log_.Warn("IDS_ANL_NO_SECOND_ORDER_LOADS");
+        return solver_.HoldAxialForces(SumOfCases(loads_, options_.secondOrderLoads));
     }
     Outcome SolveCases() {
         for (std::size_t i = 0; i < loads_.size(); ++i) {
             if (!Goes(AnalysisStep::Static, i, loads_.size())) return Stopped();
-            result_.cases.push_back(solver_.Solve(loads_[i]));
+            result_.cases.push_back(solver_.Solve(loads_[i], options_.secondOrder == SecondOrder::EachCase));
         }
         return Outcome::Done();
     }
     Outcome SolveShapes() {
         if (!options_.modal) return Outcome::Done();
         if (!Goes(AnalysisStep::Modal)) return Stopped();
-        const SparseMatrix mass = structure_.Mass(options_.selfWeightMass);
-        const auto& spans = result_.model.spans;
-        if (std::any_of(spans.begin(), spans.end(), [](const FrameSpan& span) { return span.isTensionOnly; })) {
-            log_.Note("IDS_ANL_MODES_WITH_ALL");
-        }
+        const SparseMatrix mass = structure_.Mass(options_.selfWeightMass, options_.consistentMass);
+        if (result_.model.HasOneWayParts()) log_.Note("IDS_ANL_MODES_WITH_ALL");
         Outcome outcome = SolveModes(structure_, solver_.WholeFactor(), mass, options_.modes, result_.modal);
         if (outcome) TellMasses();
         return outcome;

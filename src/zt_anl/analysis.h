@@ -9,6 +9,7 @@
 #include "zt_anl/analysis_log.h"
 #include "zt_anl/model/frame_model.h"
 #include "zt_db/core/database.h"
+#include "zt_db/records/actl.h"
 
 namespace zt {
 
@@ -21,7 +22,12 @@ using AnalysisProgress = std::function<bool(AnalysisStep step, std::size_t done,
 struct AnalysisOptions {
     bool shearDeformation = true;
     bool modal = true;
-    bool selfWeightMass = true;  ///< the masses of members count besides those of nodes
+    bool selfWeightMass = true;   ///< the masses of members count besides those of nodes
+    bool consistentMass = false;  ///< masses of members follow the curves of their elements and are not lumped
+    /// By which axial forces the deformed shape counts; a value of SecondOrder. The loads are those of
+    /// SecondOrder::GivenLoads.
+    int secondOrder = SecondOrder::None;
+    std::vector<T_STLD_FACTOR> secondOrderLoads{};
     std::size_t modes = 12;
     std::size_t stations = 9;  ///< along each element, its ends included; at least 2
     AnalysisProgress progress{};
@@ -48,7 +54,7 @@ struct CaseResult {
     std::vector<ElementForces> elements{};
     Vector3 loadSum{};
     Vector3 reactionSum{};
-    int rounds = 1;  ///< of the members that carry tension only
+    int rounds = 1;  ///< until what acts in one sense only and the axial forces settled
     bool hasSettled = true;
 };
 

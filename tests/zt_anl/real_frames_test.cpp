@@ -1,71 +1,15 @@
-#include <filesystem>
-#include <fstream>
-#include <map>
-#include <sstream>
-#include <string>
-#include <vector>
-
-#include "zt_anl/analysis.h"
-#include "zt_db/exchange/model_exchange.h"
-#include "zt_db/test_support.h"
+#include "zt_anl/real_frame_fixture.h"
 
 namespace zt {
 namespace {
 
-/// The rows of a table of results, by the names of its columns.
-std::vector<std::map<std::string, std::string>> ReadTable(const std::filesystem::path& path) {
-    std::ifstream file(path);
-    EXPECT_TRUE(file) << path;
-    const auto cellsOf = [](const std::string& line) {
-        std::vector<std::string> cells;
-        std::istringstream stream(line);
-        for (std::string cell; std::getline(stream, cell, ',');) cells.push_back(cell);
-        return cells;
-    };
-    std::string line;
-    std::getline(file, line);
-    const std::vector<std::string> names = cellsOf(line);
-    std::vector<std::map<std::string, std::string>> rows;
-    while (std::getline(file, line)) {
-        const std::vector<std::string> cells = cellsOf(line);
-        auto& row = rows.emplace_back();
-        for (std::size_t i = 0; i < cells.size() && i < names.size(); ++i) row[names[i]] = cells[i];
-    }
-    EXPECT_FALSE(rows.empty()) << path;
-    return rows;
-}
-
 /// Real frames against results of others. Those were computed without shear deformation and with lumped masses.
-class RealFrames : public ModelTest {
+class RealFrames : public RealFrameTest {
 protected:
-    void Load(const std::string& model) {
-        const std::filesystem::path data = std::filesystem::path(ZT_SOURCE_DIR) / "tests/data";
-        results = data / "analysis" / model;
-        ExchangeReport report;
-        ASSERT_TRUE(ImportModel(Db(), data / "exchange" / model, {}, report)) << report.Text();
-        options.shearDeformation = false;
-    }
-    void Solve() {
-        const velda::Outcome outcome = Analyse(Db(), options, result, log);
-        ASSERT_TRUE(outcome) << outcome.Reason();
-        EXPECT_EQ(log.Warnings(), 0u) << log.Text();
-        std::vector<std::uint32_t> keys;
-        Records<CClassPont>().GetKeyList(keys);
-        for (const std::uint32_t key : keys) {
-            T_PONT_D node;
-            Records<CClassPont>().Get(key, node);
-            placeOfName[node.name.empty() ? std::to_string(node.no) : node.name] = result.model.nodeOfKey.at(key);
-        }
-    }
-    const CaseResult& CaseOf(const std::string& name) const {
-        for (const CaseResult& loadCase : result.cases) {
-            if (loadCase.name == name) return loadCase;
-        }
-        throw std::runtime_error("no load case " + name);
-    }
+    RealFrames() { options.shearDeformation = false; }
     /// Expects the values of a table of displacements, up to a share of the greatest of their kind.
     void ExpectDisplacements(const std::string& table) {
-        constexpr const char* kColumns[] = {"ux_m", "uy_m", "uz_m", "rx_rad", "ry_rad", "rz_rad"};
+        constexpr TableColumns kColumns{"ux_m", "uy_m", "uz_m", "rx_rad", "ry_rad", "rz_rad"};
         const auto rows = ReadTable(results / table);
         for (const auto& row : rows) {
             const NodeVector& values = CaseOf(row.at("load_case")).displacements[placeOfName.at(row.at("node"))];
@@ -77,23 +21,20 @@ protected:
         }
     }
     void ExpectReactions(const std::string& table) {
-        constexpr const char* kColumns[] = {"Fx_kN", "Fy_kN", "Fz_kN", "Mx_kNm", "My_kNm", "Mz_kNm"};
+        constexpr TableColumns kColumns{"Fx_kN", "Fy_kN", "Fz_kN", "Mx_kNm", "My_kNm", "Mz_kNm"};
         const auto rows = ReadTable(results / table);
         for (const auto& row : rows) {
-            const std::size_t node = placeOfName.at(row.at("node"));
-            for (std::size_t s = 0; s < result.model.supports.size(); ++s) {
-                if (result.model.supports[s].node != node) continue;
-                for (std::size_t i = 0; i < kFreedoms; ++i) {
-                    EXPECT_NEAR(CaseOf(row.at("load_case")).reactions[s][i] / 1000.0, std::stod(row.at(kColumns[i])),
-                                kStaticTolerance * Greatest(rows, kColumns, i < 3 ? 0 : 3))
-                        << table << " node " << row.at("node") << ' ' << kColumns[i];
-                }
+            const NodeVector& values = ReactionOf(CaseOf(row.at("load_case")), row.at("node"));
+            for (std::size_t i = 0; i < kFreedoms; ++i) {
+                EXPECT_NEAR(values[i] / 1000.0, std::stod(row.at(kColumns[i])),
+                            kStaticTolerance * Greatest(rows, kColumns, i < 3 ? 0 : 3))
+                    << table << " node " << row.at("node") << ' ' << kColumns[i];
             }
         }
     }
     /// Expects the end forces of a table whose members are known by number.
     void ExpectEndForces(const std::string& table) {
-        constexpr const char* kColumns[] = {"N_kN", "Vy_kN", "Vz_kN", "T_kNm", "My_kNm", "Mz_kNm"};
+        constexpr TableColumns kColumns{"N_kN", "Vy_kN", "Vz_kN", "T_kNm", "My_kNm", "Mz_kNm"};
         const auto rows = ReadTable(results / table);
         for (const auto& row : rows) {
             const auto number = static_cast<std::uint32_t>(std::stoul(row.at("member")));
@@ -106,17 +47,6 @@ protected:
                     << table << " member " << number << ' ' << kColumns[i];
             }
         }
-    }
-    template <class Columns>
-    static double Greatest(const std::vector<std::map<std::string, std::string>>& rows, const Columns& columns,
-                           std::size_t first) {
-        double greatest = 0.0;
-        for (const auto& row : rows) {
-            for (std::size_t i = first; i < first + 3; ++i) {
-                greatest = std::max(greatest, std::abs(std::stod(row.at(columns[i]))));
-            }
-        }
-        return greatest;
     }
     void ExpectFrequencies(const std::string& table, const std::string& column, double tolerance) {
         const auto rows = ReadTable(results / table);
@@ -136,12 +66,6 @@ protected:
 
     static constexpr double kStaticTolerance = 1.0e-5;
     static constexpr double kModalTolerance = 1.0e-4;
-
-    std::filesystem::path results;
-    std::map<std::string, std::size_t> placeOfName;
-    AnalysisOptions options;
-    AnalysisResult result;
-    AnalysisLog log;
 };
 
 TEST_F(RealFrames, BracedFrameOfFourStoreysUnderItsLateralLoads) {
@@ -177,17 +101,6 @@ TEST_F(RealFrames, SteelFrameOfThreeStoreysHasItsPublishedFrequencies) {
     ExpectFrequencies("results_modal.csv", "recalculated_frequency_Hz", kModalTolerance);
     ExpectFrequencies("results_modal.csv", "published_frequency_Hz", 1.3e-3);
     ExpectMassShares("results_modal.csv", "eff_mass_ratio_x_pct", 0, 0.01);
-}
-
-TEST_F(RealFrames, TowerWithShearDeformationSwaysAsFarAsOthersFound) {
-    Load("setback_tower_3d");
-    options.shearDeformation = true;
-    ASSERT_TRUE(Records<CClassSwgt>().TR_Add(1, {.stld = 1, .z = -1.0}));
-    options.modal = false;
-    Solve();
-    constexpr double kInch = 0.0254;
-    // Without effects of the second order; told with four digits.
-    EXPECT_NEAR(CaseOf("1").displacements[placeOfName.at("15")][1] / kInch, 8.948, 5.0e-4);
 }
 
 TEST_F(RealFrames, ConcreteFrameOfThreeStoreysUnderItsLateralLoad) {

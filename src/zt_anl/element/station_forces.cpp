@@ -29,17 +29,10 @@ void AddLoad(NodeVector& sum, const SpanLoad& load, double station, double lengt
     const double to = load.to * length;
     const double end = std::min(to, station);
     if (end <= from) return;
-    // A trapezium is the sum of two triangles, each acting at a third of its length.
-    const double run = end - from;
-    const double way = run / (to - from);
-    Vector3 first{};
+    const double way = (end - from) / (to - from);
     Vector3 last{};
-    for (std::size_t i = 0; i < 3; ++i) {
-        first[i] = 0.5 * run * load.first[i];
-        last[i] = 0.5 * run * std::lerp(load.first[i], load.last[i], way);
-    }
-    add(from + run / 3.0, first);
-    add(from + 2.0 * run / 3.0, last);
+    for (std::size_t i = 0; i < 3; ++i) last[i] = std::lerp(load.first[i], load.last[i], way);
+    for (const auto& [at, value] : SinglesOf(end - from, load.first, last)) add(from + at, value);
 }
 
 }  // namespace
@@ -56,6 +49,16 @@ std::vector<StationForces> ForcesAtStations(const FrameSpan& span, const EndVect
         all.push_back(station);
     }
     return all;
+}
+
+void AddDeflection(const FrameElement& element, const Vector12& ownEnds, std::vector<StationForces>& stations) {
+    const double length = stations.back().position;
+    const auto begin = element.Deflection(0.0, ownEnds);
+    for (StationForces& station : stations) {
+        const auto here = element.Deflection(station.position / length, ownEnds);
+        station.forces[4] -= element.AxialForce() * (here[1] - begin[1]);
+        station.forces[5] += element.AxialForce() * (here[0] - begin[0]);
+    }
 }
 
 }  // namespace zt

@@ -6,18 +6,15 @@
 #include <unordered_map>
 
 #include "velda_lib/number_text.h"
+#include "zt_anl/model/imposed_loads.h"
+#include "zt_anl/model/rigid_parts.h"
+#include "zt_anl/model/vector_math.h"
 #include "zt_db/core/record_walk.h"
 #include "zt_db/records/member_load.h"
 #include "zt_db/records/record_list.h"
 
 namespace zt {
 namespace {
-
-Vector3 Times(const Vector3& a, double factor) { return {a[0] * factor, a[1] * factor, a[2] * factor}; }
-
-Vector3 LocalOf(const MemberAxes& axes, const Vector3& global) {
-    return {Dot(axes.x, global), Dot(axes.y, global), Dot(axes.z, global)};
-}
 
 /// The direction of a load in global axes.
 Vector3 DirectionOf(int direction, const MemberAxes& axes) {
@@ -41,6 +38,11 @@ double ShareOfShadow(const Vector3& along, const Vector3& direction) {
 /// A position along a member as a share of one of its spans.
 double ShareOfSpan(const FrameSpan& span, double place) {
     return std::clamp((place - span.start) / (span.end - span.start), 0.0, 1.0);
+}
+
+void SortBySpan(CaseLoads& loads) {
+    std::stable_sort(loads.spans.begin(), loads.spans.end(),
+                     [](const SpanLoad& a, const SpanLoad& b) { return a.span < b.span; });
 }
 
 class CaseLoadReader {
@@ -93,11 +95,10 @@ std::vector<CaseLoads> CaseLoadReader::Read() {
     ReadMemberLoads<CClassCmld>();
     ReadSelfWeights();
     ReadSlabLoads();
+    ReadTemperatures(database_, model_, cases_);
+    ReadSupportMoves(database_, model_, cases_, log_);
     TellOfOtherLoads();
-    for (CaseLoads& loads : cases_) {
-        std::stable_sort(loads.spans.begin(), loads.spans.end(),
-                         [](const SpanLoad& a, const SpanLoad& b) { return a.span < b.span; });
-    }
+    for (CaseLoads& loads : cases_) SortBySpan(loads);
     return std::move(cases_);
 }
 
@@ -153,7 +154,7 @@ void CaseLoadReader::PutPoints(CaseLoads& loads, SpanLoad part, const Vector3& d
         if (!isHere) continue;
         part.from = part.to = ShareOfSpan(span, point.at);
         part.first = part.last = Times(direction, point.value);
-        loads.spans.push_back(part);
+        PutOnWholeSpan(model_, part, loads);
     }
 }
 
@@ -171,7 +172,7 @@ void CaseLoadReader::PutStretches(CaseLoads& loads, SpanLoad part, const Vector3
         part.to = ShareOfSpan(span, to);
         part.first = Times(direction, valueAt(from));
         part.last = Times(direction, valueAt(to));
-        loads.spans.push_back(part);
+        PutOnWholeSpan(model_, part, loads);
     }
 }
 
@@ -220,7 +221,7 @@ void CaseLoadReader::PutWeight(CaseLoads& loads, const T_SWGT_D& weight) {
 void CaseLoadReader::PutWeightOfSpan(CaseLoads& loads, std::size_t at, const Vector3& factors) {
     const FrameSpan& span = model_.spans[at];
     const Vector3 value = LocalOf(span.axes, Times(factors, span.weight));
-    loads.spans.push_back({.span = at, .first = value, .last = value});
+    PutOnWholeSpan(model_, {.span = at, .first = value, .last = value}, loads);
 }
 
 /// Loads of slabs stand in no load case: their dead part belongs to all cases of dead loads, their live part to all of
@@ -259,6 +260,37 @@ void CaseLoadReader::TellOfOtherLoads() {
 
 std::vector<CaseLoads> ReadCaseLoads(const CDataBase& database, const FrameModel& model, AnalysisLog& log) {
     return CaseLoadReader(database, model, log).Read();
+}
+
+std::span<const SpanLoad> CaseLoads::OfSpan(std::size_t span) const {
+    const auto range = std::equal_range(spans.begin(), spans.end(), SpanLoad{.span = span},
+                                        [](const SpanLoad& a, const SpanLoad& b) { return a.span < b.span; });
+    return {range.first, range.second};
+}
+
+CaseLoads SumOfCases(std::span<const CaseLoads> cases, std::span<const T_STLD_FACTOR> factors) {
+    CaseLoads sum;
+    if (!cases.empty()) sum.nodal.resize(cases.front().nodal.size());
+    for (const auto& [stld, factor] : factors) {
+        const auto loads = std::find_if(cases.begin(), cases.end(),
+                                        [key = stld](const CaseLoads& other) { return other.stld == key; });
+        if (loads == cases.end()) continue;
+        for (std::size_t node = 0; node < sum.nodal.size(); ++node) {
+            for (std::size_t i = 0; i < kFreedoms; ++i) sum.nodal[node][i] += factor * loads->nodal[node][i];
+        }
+        for (SpanLoad load : loads->spans) {
+            load.first = Times(load.first, factor);
+            load.last = Times(load.last, factor);
+            load.strain *= factor;
+            sum.spans.push_back(load);
+        }
+        for (SupportMove move : loads->moves) {
+            move.value *= factor;
+            sum.moves.push_back(move);
+        }
+    }
+    SortBySpan(sum);
+    return sum;
 }
 
 }  // namespace zt

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -33,22 +34,31 @@ struct EndReleases {
     bool isFraction = true;
 };
 
-/// What a member is between two of its nodes: one element of the analysis.
+/// The sense in which a member carries forces along itself.
+enum class AxialSense { Both, TensionOnly, CompressionOnly };
+
+/// What a member is between two of its nodes: one element of the analysis. The element reaches from end to end; rigid
+/// arms join its ends to the nodes.
 struct FrameSpan {
     std::uint32_t member = 0;  ///< key
     std::uint32_t no = 0;      ///< number of the member
     std::array<std::size_t, 2> ends{};
-    double start = 0.0;  ///< relative positions of the ends along the member
+    double start = 0.0;  ///< relative positions along the member, those of its rigid lengths included
     double end = 1.0;
-    double length = 0.0;
+    double length = 0.0;            ///< from end to end
+    std::array<double, 2> rigid{};  ///< lengths of the member before end i and behind end j
+    std::array<Vector3, 2> arms{};  ///< from the nodes to the ends
     MemberAxes axes{};
     double elasticity = 0.0;
     double shearModulus = 0.0;
     T_SECT_STIFFNESS section{};
-    double weight = 0.0;  ///< N/m
+    double weight = 0.0;   ///< N/m
+    double thermal = 0.0;  ///< strain of one degree
     EndReleases releases{};
     bool isTruss = false;  ///< has no stiffness but that along it
-    bool isTensionOnly = false;
+    AxialSense sense = AxialSense::Both;
+
+    double WholeLength() const { return rigid[0] + length + rigid[1]; }
 };
 
 /// A member that is not analysed: a wall, a slab, a line. It gives its weight and its loads to its nodes in equal
@@ -67,6 +77,10 @@ struct FrameSupport {
     std::size_t node = 0;
     std::array<bool, kFreedoms> isFixed{};
     NodeVector spring{};
+    /// 1 or -1 where the support pushes the structure along a displacement in that sense alone.
+    std::array<int, 3> sense{};
+
+    bool Holds(std::size_t freedom) const { return isFixed[freedom] || spring[freedom] > 0.0; }
 };
 
 /// Nodes that follow a master in the tied freedoms.
@@ -95,6 +109,14 @@ struct FrameModel {
     /// Places of the first span of a member and of the one behind its last.
     std::unordered_map<std::uint32_t, std::array<std::size_t, 2>> spansOfMember{};
     std::unordered_map<std::uint32_t, std::size_t> bearerOfMember{};
+
+    /// Whether members or supports act in one sense only.
+    bool HasOneWayParts() const {
+        return std::any_of(spans.begin(), spans.end(),
+                           [](const FrameSpan& span) { return span.sense != AxialSense::Both; }) ||
+               std::any_of(supports.begin(), supports.end(),
+                           [](const FrameSupport& support) { return support.sense != std::array<int, 3>{}; });
+    }
 };
 
 }  // namespace zt

@@ -5,6 +5,8 @@
 
 #include "velda_lib/msg_dll.h"
 #include "velda_lib/number_text.h"
+#include "zt_anl/model/member_ends.h"
+#include "zt_anl/model/vector_math.h"
 #include "zt_db/core/record_walk.h"
 #include "zt_db/library/sect_util.h"
 #include "zt_db/records/record_list.h"
@@ -24,6 +26,18 @@ std::array<bool, kFreedoms> FreedomsOfDigits(int digits) {
 
 bool IsFlagged(const std::string& flags, std::size_t freedom) {
     return freedom < flags.size() && flags[freedom] == '1';
+}
+
+/// A share of the whole length that must be left between rigid lengths.
+constexpr double kLeastLength = 1.0e-6;
+
+/// Of the choices of a brace that carries in one sense: 2 is compression, others are tension.
+constexpr int kCompressionOnly = 2;
+
+/// Of braces alone; other members carry both.
+AxialSense SenseOf(const T_MEMB_D& member) {
+    if (member.type != MembType::Brace || member.tensionOnly == 0) return AxialSense::Both;
+    return member.tensionOnly == kCompressionOnly ? AxialSense::CompressionOnly : AxialSense::TensionOnly;
 }
 
 /// A record without values of its own has those of its sizes.
@@ -52,6 +66,7 @@ private:
     void ReadMember(std::uint32_t key, const T_MEMB_D& member);
     void ReadSpans(std::uint32_t key, const T_MEMB_D& member, const std::vector<std::size_t>& nodes);
     bool PutProperties(const T_MEMB_D& member, FrameSpan& span);
+    bool PutLine(FrameSpan& span, double beta, const MemberEnds& ends, std::size_t at, std::size_t of);
     void PutReleases(std::uint32_t key, std::size_t first, std::size_t last);
     void ReadBearer(std::uint32_t key, const T_MEMB_D& member, std::vector<std::size_t> nodes);
     void ReadSupports();
@@ -67,6 +82,7 @@ private:
     FrameModel& model_;
     AnalysisLog& log_;
     std::string reason_;
+    bool hasOffsetsByMember_ = false;
 };
 
 void ModelReader::ReadNodes() {
@@ -109,6 +125,7 @@ bool ModelReader::PutProperties(const T_MEMB_D& member, FrameSpan& span) {
     span.elasticity = values.elasticity;
     span.shearModulus = values.elasticity / (2.0 * (1.0 + values.poisson));
     span.weight = values.density * span.section.area;
+    span.thermal = values.thermal;
     return true;
 }
 
@@ -116,29 +133,51 @@ void ModelReader::ReadSpans(std::uint32_t key, const T_MEMB_D& member, const std
     FrameSpan span{.member = key, .no = member.no};
     if (!PutProperties(member, span)) return;
     span.isTruss = member.type == MembType::Brace && member.considerBending == 0;
-    span.isTensionOnly = member.type == MembType::Brace && member.tensionOnly != 0;
-    double whole = 0.0;
-    const auto lengthOf = [&](std::size_t i) {
-        return Length(Minus(model_.nodes[nodes[i]].place, model_.nodes[nodes[i - 1]].place));
-    };
-    for (std::size_t i = 1; i < nodes.size(); ++i) {
-        if (lengthOf(i) == 0.0) return Refuse("IDS_ANL_NO_LENGTH", member.no);
-        whole += lengthOf(i);
-    }
+    span.sense = SenseOf(member);
+    std::vector<Vector3> places;
+    for (const std::size_t node : nodes) places.push_back(model_.nodes[node].place);
+    const MemberEnds ends = ReadMemberEnds(database_, key, member, places);
+    hasOffsetsByMember_ = hasOffsetsByMember_ || ends.isByMember;
     const std::size_t first = model_.spans.size();
-    double behind = 0.0;
+    double whole = 0.0;
     for (std::size_t i = 1; i < nodes.size(); ++i) {
         span.ends = {nodes[i - 1], nodes[i]};
-        span.length = lengthOf(i);
-        span.start = behind / whole;
-        behind += span.length;
-        span.end = i + 1 == nodes.size() ? 1.0 : behind / whole;
-        span.axes =
-            TurnedAbout(AxesOfLine(model_.nodes[nodes[i - 1]].place, model_.nodes[nodes[i]].place), member.beta);
+        if (!PutLine(span, member.beta, ends, i - 1, nodes.size() - 1)) return;
+        span.start = whole;
+        whole += span.WholeLength();
+        span.end = whole;
         model_.spans.push_back(span);
     }
+    for (std::size_t at = first; at < model_.spans.size(); ++at) {
+        model_.spans[at].start /= whole;
+        model_.spans[at].end /= whole;
+    }
+    model_.spans.back().end = 1.0;
     model_.spansOfMember[key] = {first, model_.spans.size()};
     PutReleases(key, first, model_.spans.size() - 1);
+}
+
+/// Puts one span of a member where its offsets and rigid lengths let it lie. False when no length is left.
+bool ModelReader::PutLine(FrameSpan& span, double beta, const MemberEnds& ends, std::size_t at, std::size_t of) {
+    const std::array<Vector3, 2> nodes{model_.nodes[span.ends[0]].place, model_.nodes[span.ends[1]].place};
+    span.arms = {ends.offsets[at], ends.offsets[at + 1]};
+    span.rigid = {at == 0 ? ends.rigid[0] : 0.0, at + 1 == of ? ends.rigid[1] : 0.0};
+    const Vector3 from = Plus(nodes[0], span.arms[0]);
+    const Vector3 to = Plus(nodes[1], span.arms[1]);
+    const double whole = Length(Minus(to, from));
+    if (whole == 0.0) {
+        Refuse("IDS_ANL_NO_LENGTH", span.no);
+        return false;
+    }
+    span.length = whole - span.rigid[0] - span.rigid[1];
+    if (span.length <= kLeastLength * whole) {
+        Refuse("IDS_ANL_RIGID_LENGTHS", span.no);
+        return false;
+    }
+    span.axes = TurnedAbout(AxesOfLine(from, to), beta);
+    span.arms[0] = Plus(span.arms[0], Times(span.axes.x, span.rigid[0]));
+    span.arms[1] = Plus(span.arms[1], Times(span.axes.x, -span.rigid[1]));
+    return true;
 }
 
 /// The releases of a member are those of its first and of its last span.
@@ -187,9 +226,9 @@ void ModelReader::ReadSupports() {
             support.isFixed[i] = IsFlagged(record.flags, i);
             if (!support.isFixed[i]) support.spring[i] = std::max(record.value[i], 0.0);
         }
-        const auto isOneWay = [](int sense) { return sense == T_SPTS_D::kPositive || sense == T_SPTS_D::kNegative; };
-        if (std::any_of(record.compressionType.begin(), record.compressionType.end(), isOneWay)) {
-            log_.Warn("IDS_ANL_SUPPORT_ONE_WAY", {FormatLong(model_.nodes[support.node].no)});
+        for (std::size_t i = 0; i < support.sense.size(); ++i) {
+            const int sense = record.compressionType[i];
+            support.sense[i] = sense == T_SPTS_D::kPositive ? 1 : sense == T_SPTS_D::kNegative ? -1 : 0;
         }
         model_.supports.push_back(support);
     });
@@ -220,6 +259,7 @@ void ModelReader::TellSizes() {
     const auto text = [](std::size_t count) { return FormatLong(static_cast<std::int64_t>(count)); };
     log_.Note("IDS_ANL_SIZES", {text(model_.nodes.size()), text(model_.spans.size()), text(model_.supports.size()),
                                 text(model_.links.size())});
+    if (hasOffsetsByMember_) log_.Note("IDS_ANL_OFFSETS_BY_MEMBER");
     if (!model_.bearers.empty()) log_.Note("IDS_ANL_BEARERS", {text(model_.bearers.size())});
 }
 

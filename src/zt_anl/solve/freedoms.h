@@ -30,6 +30,8 @@ public:
     std::span<const Term> TermsOf(std::size_t node, std::size_t freedom) const {
         return terms_[node * kFreedoms + freedom];
     }
+    /// Whether a freedom of a node is an independent one and follows no other.
+    bool IsOwn(std::size_t node, std::size_t freedom) const { return !linkOf_[node * kFreedoms + freedom]; }
     std::size_t Count() const { return independent_.size(); }
     const NodeFreedom& At(std::size_t place) const { return independent_[place]; }
     /// Whether a support holds an independent freedom.

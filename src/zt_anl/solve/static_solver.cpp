@@ -2,10 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
-#include <span>
 
+#include "velda_lib/msg_dll.h"
 #include "velda_lib/number_text.h"
 #include "zt_anl/element/station_forces.h"
+#include "zt_anl/solve/next_state.h"
 
 namespace zt {
 namespace {
@@ -21,12 +22,6 @@ std::string SumText(const Vector3& sum) {
     return "(" + text(sum[0]) + ", " + text(sum[1]) + ", " + text(sum[2]) + ")";
 }
 
-std::span<const SpanLoad> LoadsOf(const CaseLoads& loads, std::size_t span) {
-    const auto range = std::equal_range(loads.spans.begin(), loads.spans.end(), SpanLoad{.span = span},
-                                        [](const SpanLoad& a, const SpanLoad& b) { return a.span < b.span; });
-    return {range.first, range.second};
-}
-
 EndVector ToArray(const Vector12& values) {
     EndVector array{};
     std::copy(values.data(), values.data() + values.size(), array.begin());
@@ -36,27 +31,31 @@ EndVector ToArray(const Vector12& values) {
 }  // namespace
 
 Outcome StaticSolver::Prepare() {
-    tensionOnly_.clear();
-    for (std::size_t i = 0; i < structure_.Model().spans.size(); ++i) {
-        if (structure_.Model().spans[i].isTensionOnly) tensionOnly_.push_back(i);
-    }
-    isSlack_.assign(tensionOnly_.size(), false);
+    base_ = structure_.State();
     return structure_.Decompose(structure_.Stiffness(), whole_);
 }
 
-CaseResult StaticSolver::Solve(const CaseLoads& loads) {
+Outcome StaticSolver::HoldAxialForces(const CaseLoads& loads) {
+    CaseResult result{.name = velda::FormatText("IDS_ANL_SECOND_ORDER_LOADS", {})};
+    const Settled how = Settle(loads, true, result);
+    if (how == Settled::Buckles) {
+        const std::vector<std::string> values = BucklingValues(result.name);
+        return Outcome::Refused(velda::FormatText("IDS_ANL_BUCKLES", {values[0], values[1], values[2]}));
+    }
+    if (how != Settled::Well) TellUnsettled(how, result);
+    for (std::size_t i = 0; i < base_.axial.size(); ++i) base_.axial[i].force = structure_.State().axial[i].force;
+    structure_.SetState(base_);
+    return structure_.Decompose(structure_.Stiffness(), whole_);
+}
+
+CaseResult StaticSolver::Solve(const CaseLoads& loads, bool secondOrder) {
     CaseResult result{.stld = loads.stld, .name = loads.name};
     const std::vector<NodeVector> nodal = structure_.NodalLoads(loads);
     TellOfLooseLoads(loads, nodal);
-    result.displacements = structure_.Spread(whole_.solve(structure_.LoadVector(loads)));
-    if (!tensionOnly_.empty()) SettleTension(loads, result);
-    PutElementForces(loads, result);
-    PutReactions(loads, result);
+    if (const Settled how = Settle(loads, secondOrder, result); how != Settled::Well) TellUnsettled(how, result);
+    PutStations(loads, result);
     PutSums(nodal, result);
-    for (std::size_t i = 0; i < tensionOnly_.size(); ++i) {
-        if (isSlack_[i]) structure_.SetSlack(tensionOnly_[i], false);
-    }
-    isSlack_.assign(tensionOnly_.size(), false);
+    structure_.SetState(base_);
     return result;
 }
 
@@ -69,54 +68,90 @@ void StaticSolver::TellOfLooseLoads(const CaseLoads& loads, const std::vector<No
     }
 }
 
-/// The displacements of the last round that could be solved stay, so that they go with the forces.
-void StaticSolver::SettleTension(const CaseLoads& loads, CaseResult& result) {
-    const Eigen::VectorXd vector = structure_.LoadVector(loads);
-    std::vector<bool> solved = isSlack_;
-    const auto giveUp = [&] {
-        for (std::size_t i = 0; i < tensionOnly_.size(); ++i) structure_.SetSlack(tensionOnly_[i], solved[i]);
-        isSlack_ = solved;
-        result.hasSettled = false;
-        log_.Warn("IDS_ANL_NOT_SETTLED", {loads.name, velda::FormatLong(result.rounds)});
-    };
-    while (SwitchMembers(result.displacements)) {
-        if (result.rounds == kMostRounds) return giveUp();
+/// The displacements of the last round that could be solved stay, with the state that they go with.
+StaticSolver::Settled StaticSolver::Settle(const CaseLoads& loads, bool secondOrder, CaseResult& result) {
+    SolveRound(whole_, loads, result);
+    for (;;) {
+        const StructureState solved = structure_.State();
+        const StructureState next = NextState(structure_, loads, result, secondOrder);
+        if (next == solved) return Settled::Well;
+        if (result.rounds == kMostRounds) return Settled::TooLate;
+        structure_.SetState(next);
         Factor factor;
-        if (!structure_.Decompose(structure_.Stiffness(), factor)) return giveUp();
-        result.displacements = structure_.Spread(factor.solve(vector));
-        solved = isSlack_;
+        if (!structure_.Decompose(structure_.Stiffness(), factor)) {
+            const Settled how = FindBuckling(next);
+            structure_.SetState(solved);
+            return how;
+        }
+        SolveRound(factor, loads, result);
         ++result.rounds;
     }
 }
 
-/// Leaves pressed members out and takes drawn ones back; false when nothing changed.
-bool StaticSolver::SwitchMembers(const std::vector<NodeVector>& displacements) {
-    constexpr double kNoStrain = 1.0e-14;
-    bool hasChanged = false;
-    for (std::size_t i = 0; i < tensionOnly_.size(); ++i) {
-        const std::size_t span = tensionOnly_[i];
-        const double elongation =
-            structure_.Elements()[span].Elongation(structure_.EndDisplacements(displacements, span));
-        const bool isSlack = elongation < -kNoStrain * structure_.Model().spans[span].length;
-        if (isSlack == isSlack_[i]) continue;
-        structure_.SetSlack(span, isSlack);
-        isSlack_[i] = isSlack;
-        hasChanged = true;
+void StaticSolver::SolveRound(const Factor& factor, const CaseLoads& loads, CaseResult& result) const {
+    result.displacements = structure_.Spread(factor.solve(structure_.LoadVector(loads)), loads);
+    PutElementForces(loads, result);
+    PutReactions(loads, result);
+}
+
+void StaticSolver::TellUnsettled(Settled how, CaseResult& result) {
+    result.hasSettled = false;
+    if (how == Settled::Buckles) {
+        log_.Warn("IDS_ANL_BUCKLES", BucklingValues(result.name));
+    } else {
+        log_.Warn("IDS_ANL_NOT_SETTLED", {result.name, velda::FormatLong(result.rounds)});
     }
-    return hasChanged;
+}
+
+std::vector<std::string> StaticSolver::BucklingValues(const std::string& name) const {
+    return {name, NumberText(structure_.Model(), buckling_.node), FreedomText(buckling_.freedom)};
+}
+
+/// Far beyond the critical load the motions that give way are many. Close to it there is one: the share of the axial
+/// forces that the structure just bears not is found by bisection.
+StaticSolver::Settled StaticSolver::FindBuckling(const StructureState& state) {
+    constexpr int kHalvings = 20;
+    const auto isStable = [&](double share, SparseMatrix& stiffness) {
+        StructureState part = state;
+        for (AxialState& axial : part.axial) axial.force *= share;
+        structure_.SetState(part);
+        stiffness = structure_.Stiffness();
+        Factor factor;
+        return static_cast<bool>(structure_.Decompose(stiffness, factor));
+    };
+    SparseMatrix stiffness;
+    if (!isStable(0.0, stiffness)) return Settled::MovesFreely;
+    double stable = 0.0;
+    double unstable = 1.0;
+    for (int i = 0; i < kHalvings; ++i) {
+        const double middle = 0.5 * (stable + unstable);
+        (isStable(middle, stiffness) ? stable : unstable) = middle;
+    }
+    isStable(unstable, stiffness);
+    buckling_ = structure_.FreestOf(stiffness);
+    return Settled::Buckles;
 }
 
 void StaticSolver::PutElementForces(const CaseLoads& loads, CaseResult& result) const {
     result.elements.resize(structure_.Elements().size());
     for (std::size_t i = 0; i < result.elements.size(); ++i) {
         const FrameElement& element = structure_.Elements()[i];
-        const auto own = LoadsOf(loads, i);
         Vector12 forces =
             element.LocalStiffness() * element.ToLocal(structure_.EndDisplacements(result.displacements, i));
-        for (const SpanLoad& load : own) forces -= element.NodalForces(load);
+        for (const SpanLoad& load : loads.OfSpan(i)) forces -= element.NodalForces(load);
         result.elements[i].ends = ToArray(forces);
-        result.elements[i].stations =
-            ForcesAtStations(structure_.Model().spans[i], result.elements[i].ends, own, stations_);
+    }
+}
+
+void StaticSolver::PutStations(const CaseLoads& loads, CaseResult& result) const {
+    for (std::size_t i = 0; i < result.elements.size(); ++i) {
+        ElementForces& forces = result.elements[i];
+        const FrameElement& element = structure_.Elements()[i];
+        const auto own = loads.OfSpan(i);
+        forces.stations = ForcesAtStations(structure_.Model().spans[i], forces.ends, own, stations_);
+        if (element.AxialForce() == 0.0) continue;
+        const Vector12 ends = structure_.EndDisplacements(result.displacements, i);
+        AddDeflection(element, element.OwnEnds(ends, own), forces.stations);
     }
 }
 
@@ -125,15 +160,15 @@ std::vector<NodeVector> StaticSolver::ForcesTaken(const CaseLoads& loads, const 
     const FrameModel& model = structure_.Model();
     std::vector<NodeVector> taken(model.nodes.size());
     for (std::size_t i = 0; i < model.spans.size(); ++i) {
-        const Vector12 global = structure_.Elements()[i].ToGlobal(Vector12(result.elements[i].ends.data()));
+        const Vector12 global = structure_.Elements()[i].NodeForces(
+            Vector12(result.elements[i].ends.data()), structure_.EndDisplacements(result.displacements, i));
         for (std::size_t k = 0; k < 2 * kFreedoms; ++k) {
             taken[model.spans[i].ends[k / kFreedoms]][k % kFreedoms] += global(static_cast<Eigen::Index>(k));
         }
     }
-    for (const FrameSupport& support : model.supports) {
-        for (std::size_t k = 0; k < kFreedoms; ++k) {
-            taken[support.node][k] += support.spring[k] * result.displacements[support.node][k];
-        }
+    const std::vector<NodeVector> springs = SpringReactions(loads, result);
+    for (std::size_t s = 0; s < model.supports.size(); ++s) {
+        for (std::size_t k = 0; k < kFreedoms; ++k) taken[model.supports[s].node][k] -= springs[s][k];
     }
     for (std::size_t node = 0; node < taken.size(); ++node) {
         for (std::size_t k = 0; k < kFreedoms; ++k) taken[node][k] -= loads.nodal[node][k];
@@ -141,19 +176,29 @@ std::vector<NodeVector> StaticSolver::ForcesTaken(const CaseLoads& loads, const 
     return taken;
 }
 
+std::vector<NodeVector> StaticSolver::SpringReactions(const CaseLoads& loads, const CaseResult& result) const {
+    std::vector<NodeVector> reactions(structure_.Model().supports.size());
+    const std::vector<NodeVector> ground = structure_.GroundMoves(loads);
+    for (std::size_t s = 0; s < reactions.size(); ++s) {
+        const NodeVector& node = result.displacements[structure_.Model().supports[s].node];
+        for (std::size_t k = 0; k < kFreedoms; ++k) {
+            reactions[s][k] = structure_.SpringOf(s, k) * (ground[s][k] - node[k]);
+        }
+    }
+    return reactions;
+}
+
 /// A held freedom gives what is taken there. Forces on slaves count at their masters.
 void StaticSolver::PutReactions(const CaseLoads& loads, CaseResult& result) const {
     const Freedoms& freedoms = structure_.NodeFreedoms();
     const Eigen::VectorXd sums = structure_.Gather(ForcesTaken(loads, result));
-    for (const FrameSupport& support : structure_.Model().supports) {
-        NodeVector& reaction = result.reactions.emplace_back();
+    result.reactions = SpringReactions(loads, result);
+    for (std::size_t s = 0; s < result.reactions.size(); ++s) {
+        const FrameSupport& support = structure_.Model().supports[s];
         for (std::size_t k = 0; k < kFreedoms; ++k) {
-            if (!support.isFixed[k]) {
-                reaction[k] = -support.spring[k] * result.displacements[support.node][k];
-                continue;
-            }
-            const Freedoms::Term& term = freedoms.TermsOf(support.node, k)[0];
-            if (freedoms.At(static_cast<std::size_t>(term.place)).node == support.node) reaction[k] = sums(term.place);
+            if (!support.isFixed[k] || structure_.IsLetGo(s, k)) continue;
+            if (freedoms.IsOwn(support.node, k))
+                result.reactions[s][k] = sums(freedoms.TermsOf(support.node, k)[0].place);
         }
     }
 }

@@ -28,24 +28,40 @@ Outcome Structure::Build(const FrameModel& model, bool shearDeformation, Analysi
     shearDeformation_ = shearDeformation;
     elements_.clear();
     for (const FrameSpan& span : model.spans) elements_.emplace_back(span, shearDeformation);
-    const Outcome outcome = freedoms_.Build(model);
-    if (outcome) NumberEquations(log);
+    state_.axial.assign(model.spans.size(), {});
+    state_.isLetGo.assign(model.supports.size(), {});
+    Outcome outcome = freedoms_.Build(model);
+    if (!outcome) return outcome;
+    isMet_.assign(model.nodes.size(), false);
+    for (const FrameSpan& span : model.spans) isMet_[span.ends[0]] = isMet_[span.ends[1]] = true;
+    FindStiffnessless();
+    NumberEquations();
+    TellEquations(log);
     return outcome;
 }
 
-void Structure::SetSlack(std::size_t span, bool isSlack) {
-    elements_[span] = FrameElement(model_->spans[span], shearDeformation_,
-                                   isSlack ? FrameElement::Axial::Slack : FrameElement::Axial::Carried);
+void Structure::SetState(const StructureState& state) {
+    for (std::size_t i = 0; i < elements_.size(); ++i) {
+        if (state.axial[i] != state_.axial[i]) {
+            elements_[i] = FrameElement(model_->spans[i], shearDeformation_, state.axial[i]);
+        }
+    }
+    const bool areSupportsSame = state.isLetGo == state_.isLetGo;
+    state_ = state;
+    if (!areSupportsSame) NumberEquations();
+}
+
+double Structure::SpringOf(std::size_t support, std::size_t freedom) const {
+    return IsLetGo(support, freedom) ? 0.0 : model_->supports[support].spring[freedom];
 }
 
 // ---- stiffness ----
 
-void Structure::AddElement(const FrameElement& element, const FrameSpan& span, Triplets& triplets) const {
-    const Matrix12 stiffness = element.GlobalStiffness();
+void Structure::AddElement(const Matrix12& values, const FrameSpan& span, Triplets& triplets) const {
     for (std::size_t i = 0; i < 2 * kFreedoms; ++i) {
         for (const Freedoms::Term& row : freedoms_.TermsOf(NodeOf(span, i), i % kFreedoms)) {
             for (std::size_t j = 0; j < 2 * kFreedoms; ++j) {
-                const double value = stiffness(static_cast<Eigen::Index>(i), static_cast<Eigen::Index>(j));
+                const double value = values(static_cast<Eigen::Index>(i), static_cast<Eigen::Index>(j));
                 if (value == 0.0) continue;
                 for (const Freedoms::Term& column : freedoms_.TermsOf(NodeOf(span, j), j % kFreedoms)) {
                     triplets.emplace_back(row.place, column.place, row.factor * column.factor * value);
@@ -66,10 +82,16 @@ void Structure::AddOnNode(std::size_t node, std::size_t freedom, double value, T
 
 SparseMatrix Structure::WholeStiffness() const {
     Triplets triplets;
-    for (std::size_t i = 0; i < elements_.size(); ++i) AddElement(elements_[i], model_->spans[i], triplets);
-    for (const FrameSupport& support : model_->supports) {
-        for (std::size_t i = 0; i < kFreedoms; ++i) AddOnNode(support.node, i, support.spring[i], triplets);
+    for (std::size_t i = 0; i < elements_.size(); ++i) {
+        AddElement(elements_[i].GlobalStiffness(), model_->spans[i], triplets);
     }
+    for (std::size_t s = 0; s < model_->supports.size(); ++s) {
+        for (std::size_t i = 0; i < kFreedoms; ++i) AddOnNode(model_->supports[s].node, i, SpringOf(s, i), triplets);
+    }
+    return WholeOf(triplets);
+}
+
+SparseMatrix Structure::WholeOf(const Triplets& triplets) const {
     const auto count = static_cast<Eigen::Index>(freedoms_.Count());
     SparseMatrix whole(count, count);
     whole.setFromTriplets(triplets.begin(), triplets.end());
@@ -78,7 +100,7 @@ SparseMatrix Structure::WholeStiffness() const {
 
 /// Finds the freedoms that nothing holds. Displacements at nodes with elements are none of them: they make the
 /// equations singular, which is told.
-void Structure::FindStiffnessless(const std::vector<bool>& isMet) {
+void Structure::FindStiffnessless() {
     const Eigen::VectorXd diagonal = WholeStiffness().diagonal();
     std::array<double, 2> greatest{};  // of displacements and of rotations
     const auto kindOf = [&](std::size_t place) -> std::size_t { return freedoms_.At(place).freedom < 3 ? 0 : 1; };
@@ -89,26 +111,35 @@ void Structure::FindStiffnessless(const std::vector<bool>& isMet) {
     }
     isStiffnessless_.assign(freedoms_.Count(), false);
     for (std::size_t place = 0; place < freedoms_.Count(); ++place) {
-        const bool mayStay = kindOf(place) == 1 || !isMet[freedoms_.At(place).node];
+        const bool mayStay = kindOf(place) == 1 || !isMet_[freedoms_.At(place).node];
         isStiffnessless_[place] = mayStay && valueAt(place) <= kNoStiffness * greatest[kindOf(place)];
     }
 }
 
-void Structure::NumberEquations(AnalysisLog& log) {
-    std::vector<bool> isMet(model_->nodes.size(), false);
-    for (const FrameSpan& span : model_->spans) isMet[span.ends[0]] = isMet[span.ends[1]] = true;
-    FindStiffnessless(isMet);
+void Structure::NumberEquations() {
+    std::vector<bool> isHeld(freedoms_.Count());
+    for (std::size_t place = 0; place < isHeld.size(); ++place) isHeld[place] = freedoms_.IsFixed(place);
+    for (std::size_t s = 0; s < model_->supports.size(); ++s) {
+        const FrameSupport& support = model_->supports[s];
+        for (std::size_t i = 0; i < 3; ++i) {
+            if (!support.isFixed[i] || !IsLetGo(s, i)) continue;
+            isHeld[static_cast<std::size_t>(freedoms_.TermsOf(support.node, i)[0].place)] = false;
+        }
+    }
     equationOf_.assign(freedoms_.Count(), -1);
     moving_.clear();
-    std::size_t rotations = 0;
     for (std::size_t place = 0; place < freedoms_.Count(); ++place) {
-        if (freedoms_.IsFixed(place)) continue;
-        if (isStiffnessless_[place]) {
-            rotations += isMet[freedoms_.At(place).node] ? 1 : 0;
-            continue;
-        }
+        if (isHeld[place] || isStiffnessless_[place]) continue;
         equationOf_[place] = static_cast<int>(moving_.size());
         moving_.push_back(place);
+    }
+}
+
+void Structure::TellEquations(AnalysisLog& log) const {
+    std::size_t rotations = 0;
+    for (std::size_t place = 0; place < freedoms_.Count(); ++place) {
+        const bool isLeftOut = isStiffnessless_[place] && !freedoms_.IsFixed(place);
+        rotations += isLeftOut && isMet_[freedoms_.At(place).node] ? 1 : 0;
     }
     const auto text = [](std::size_t count) { return FormatLong(static_cast<std::int64_t>(count)); };
     if (rotations > 0) log.Note("IDS_ANL_FREE_ROTATIONS", {text(rotations)});
@@ -149,7 +180,8 @@ Outcome Structure::Decompose(const SparseMatrix& stiffness, Factor& factor) cons
     if (isRegular) {
         const Eigen::VectorXd pivots = factor.vectorD();
         const Eigen::VectorXd diagonal = factor.permutationP() * Eigen::VectorXd(stiffness.diagonal());
-        for (Eigen::Index i = 0; i < pivots.size(); ++i) isRegular = isRegular && pivots(i) > kNoPivot * diagonal(i);
+        for (Eigen::Index i = 0; i < pivots.size(); ++i)
+            isRegular = isRegular && pivots(i) > kNoPivot * std::abs(diagonal(i));
     }
     if (isRegular) return Outcome::Done();
     const NodeFreedom freest = FreestOf(stiffness);
@@ -190,28 +222,32 @@ NodeFreedom Structure::FreestOf(const SparseMatrix& stiffness) const {
 
 // ---- masses ----
 
-SparseMatrix Structure::Mass(bool selfWeight) const {
+SparseMatrix Structure::Mass(bool selfWeight, bool consistent) const {
     Triplets triplets;
     for (const FrameMass& mass : model_->masses) {
         for (std::size_t i = 0; i < kFreedoms; ++i) AddOnNode(mass.node, i, mass.values[i], triplets);
     }
+    if (selfWeight) AddMassesOfMembers(consistent, triplets);
+    return Moving(WholeOf(triplets));
+}
+
+/// The masses of rigid lengths are lumped at their nodes whatever those of the elements are.
+void Structure::AddMassesOfMembers(bool consistent, Triplets& triplets) const {
     const auto addWeight = [&](std::size_t node, double weight) {
         for (std::size_t i = 0; i < 3; ++i) AddOnNode(node, i, weight / kGravity, triplets);
     };
-    for (const FrameSpan& span : model_->spans) {
-        if (!selfWeight) break;
-        for (const std::size_t node : span.ends) addWeight(node, 0.5 * span.weight * span.length);
+    for (std::size_t at = 0; at < model_->spans.size(); ++at) {
+        const FrameSpan& span = model_->spans[at];
+        if (consistent) AddElement(elements_[at].GlobalMass(span.weight / kGravity), span, triplets);
+        for (std::size_t end = 0; end < 2; ++end) {
+            addWeight(span.ends[end], span.weight * (consistent ? span.rigid[end] : 0.5 * span.WholeLength()));
+        }
     }
     for (const FrameBearer& bearer : model_->bearers) {
-        if (!selfWeight) break;
         for (const std::size_t node : bearer.nodes) {
             addWeight(node, bearer.weight / static_cast<double>(bearer.nodes.size()));
         }
     }
-    const auto count = static_cast<Eigen::Index>(freedoms_.Count());
-    SparseMatrix whole(count, count);
-    whole.setFromTriplets(triplets.begin(), triplets.end());
-    return Moving(whole);
 }
 
 // ---- loads and displacements ----
@@ -247,8 +283,30 @@ Eigen::VectorXd Structure::Gather(const std::vector<NodeVector>& forces) const {
     return sums;
 }
 
+std::vector<NodeVector> Structure::GroundMoves(const CaseLoads& loads) const {
+    std::vector<NodeVector> moves(model_->supports.size());
+    for (const SupportMove& move : loads.moves) moves[move.support][move.freedom] += move.value;
+    return moves;
+}
+
+/// The independent freedoms that supports hold, at the places that the supports move them to.
+Eigen::VectorXd Structure::HeldMoves(const CaseLoads& loads) const {
+    Eigen::VectorXd held = Eigen::VectorXd::Zero(static_cast<Eigen::Index>(freedoms_.Count()));
+    for (const SupportMove& move : loads.moves) {
+        const FrameSupport& support = model_->supports[move.support];
+        if (!support.isFixed[move.freedom] || IsLetGo(move.support, move.freedom)) continue;
+        held(freedoms_.TermsOf(support.node, move.freedom)[0].place) += move.value;
+    }
+    return held;
+}
+
 Eigen::VectorXd Structure::LoadVector(const CaseLoads& loads) const {
-    const Eigen::VectorXd sums = Gather(NodalLoads(loads));
+    std::vector<NodeVector> nodal = NodalLoads(loads);
+    for (const SupportMove& move : loads.moves) {
+        nodal[model_->supports[move.support].node][move.freedom] += SpringOf(move.support, move.freedom) * move.value;
+    }
+    Eigen::VectorXd sums = Gather(nodal);
+    if (!loads.moves.empty()) sums -= WholeStiffness() * HeldMoves(loads);
     Eigen::VectorXd vector(static_cast<Eigen::Index>(moving_.size()));
     for (std::size_t i = 0; i < moving_.size(); ++i) {
         vector(static_cast<Eigen::Index>(i)) = sums(static_cast<Eigen::Index>(moving_[i]));
@@ -256,14 +314,16 @@ Eigen::VectorXd Structure::LoadVector(const CaseLoads& loads) const {
     return vector;
 }
 
-std::vector<NodeVector> Structure::Spread(const Eigen::VectorXd& solution) const {
+std::vector<NodeVector> Structure::Spread(const Eigen::VectorXd& solution, const CaseLoads& loads) const {
+    Eigen::VectorXd moves = HeldMoves(loads);
+    for (std::size_t i = 0; i < moving_.size(); ++i) {
+        moves(static_cast<Eigen::Index>(moving_[i])) = solution(static_cast<Eigen::Index>(i));
+    }
     std::vector<NodeVector> nodes(model_->nodes.size());
     for (std::size_t node = 0; node < nodes.size(); ++node) {
         for (std::size_t i = 0; i < kFreedoms; ++i) {
-            for (const Freedoms::Term& term : freedoms_.TermsOf(node, i)) {
-                const int equation = equationOf_[static_cast<std::size_t>(term.place)];
-                if (equation >= 0) nodes[node][i] += term.factor * solution(equation);
-            }
+            for (const Freedoms::Term& term : freedoms_.TermsOf(node, i))
+                nodes[node][i] += term.factor * moves(term.place);
         }
     }
     return nodes;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <vector>
 
 #include "velda_lib/outcome.h"
@@ -15,6 +16,13 @@ namespace zt {
 using SparseMatrix = Eigen::SparseMatrix<double>;
 using Factor = Eigen::SimplicialLDLT<SparseMatrix>;
 
+/// What of a structure changes while its loads are solved.
+struct StructureState {
+    std::vector<AxialState> axial{};             ///< of each element
+    std::vector<std::array<bool, 3>> isLetGo{};  ///< displacements that a support of one sense does not hold now
+    bool operator==(const StructureState&) const = default;
+};
+
 /// The equations of a structure: its elements, its independent freedoms and which of them move. What is computed for
 /// the moving ones stands in the order of the equations.
 class Structure {
@@ -24,22 +32,34 @@ public:
 
     const FrameModel& Model() const { return *model_; }
     const std::vector<FrameElement>& Elements() const { return elements_; }
-    /// Takes the axial stiffness of an element away, or gives it back. The equations stay as they are.
-    void SetSlack(std::size_t span, bool isSlack);
+    const StructureState& State() const { return state_; }
+    /// Makes the elements and supports act as a state tells. Supports that let go add equations.
+    void SetState(const StructureState& state);
     std::size_t EquationCount() const { return moving_.size(); }
 
     /// The stiffness of the moving freedoms as the elements are now.
     SparseMatrix Stiffness() const;
     /// The masses of the moving freedoms: those of nodes, and half of each member at either end. Members bring no
-    /// rotational masses.
-    SparseMatrix Mass(bool selfWeight) const;
-    /// Factorises a stiffness. Refused, with the node and the direction that can move freely, when it is singular.
+    /// rotational masses. Consistent masses of members follow the curves of their elements instead.
+    SparseMatrix Mass(bool selfWeight, bool consistent = false) const;
+    /// Factorises a stiffness. Refused, with the node and the direction that can move freely, when it is not positive
+    /// definite.
     velda::Outcome Decompose(const SparseMatrix& stiffness, Factor& factor) const;
 
-    /// The loads of the moving freedoms.
+    /// The freedom that moves most when the structure gives way.
+    NodeFreedom FreestOf(const SparseMatrix& stiffness) const;
+
+    /// The loads of the moving freedoms, with what the moves of supports give them.
     Eigen::VectorXd LoadVector(const CaseLoads& loads) const;
-    /// Displacements of all nodes from those of the equations.
-    std::vector<NodeVector> Spread(const Eigen::VectorXd& solution) const;
+    /// Displacements of all nodes from those of the equations, and of the supports that move.
+    std::vector<NodeVector> Spread(const Eigen::VectorXd& solution, const CaseLoads& loads = {}) const;
+    /// How far the ground of each support moves.
+    std::vector<NodeVector> GroundMoves(const CaseLoads& loads) const;
+    /// The spring of a support as it acts now.
+    double SpringOf(std::size_t support, std::size_t freedom) const;
+    bool IsLetGo(std::size_t support, std::size_t freedom) const {
+        return freedom < 3 && state_.isLetGo[support][freedom];
+    }
     /// What a rigid displacement by 1 along a global axis is to the equations.
     Eigen::VectorXd RigidMove(std::size_t axis) const;
     /// Forces in all independent freedoms which are sums of forces on nodes.
@@ -56,18 +76,23 @@ private:
     using Triplets = std::vector<Eigen::Triplet<double>>;
 
     SparseMatrix WholeStiffness() const;
-    void AddElement(const FrameElement& element, const FrameSpan& span, Triplets& triplets) const;
+    void AddElement(const Matrix12& values, const FrameSpan& span, Triplets& triplets) const;
+    SparseMatrix WholeOf(const Triplets& triplets) const;
     void AddOnNode(std::size_t node, std::size_t freedom, double value, Triplets& triplets) const;
-    void FindStiffnessless(const std::vector<bool>& isMet);
-    void NumberEquations(AnalysisLog& log);
+    void FindStiffnessless();
+    void NumberEquations();
+    void TellEquations(AnalysisLog& log) const;
+    Eigen::VectorXd HeldMoves(const CaseLoads& loads) const;
     std::size_t CountLooseNodes() const;
+    void AddMassesOfMembers(bool consistent, Triplets& triplets) const;
     SparseMatrix Moving(const SparseMatrix& whole) const;
-    NodeFreedom FreestOf(const SparseMatrix& stiffness) const;
 
     const FrameModel* model_ = nullptr;
     bool shearDeformation_ = true;
     Freedoms freedoms_;
     std::vector<FrameElement> elements_;
+    StructureState state_;
+    std::vector<bool> isMet_;            ///< nodes that an element meets
     std::vector<int> equationOf_;        ///< of each independent freedom; -1 for those that do not move
     std::vector<std::size_t> moving_;    ///< the independent freedom of each equation
     std::vector<bool> isStiffnessless_;  ///< independent freedoms that nothing holds
