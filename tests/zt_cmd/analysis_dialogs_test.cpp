@@ -312,7 +312,7 @@ TEST_F(AnalysisDialogsTest, TimeHistoryCasesDriveTheGroundOrALoadCase) {
     dialog.AddRow(0);
     EXPECT_THAT(Row(dialog, 0, 0), ElementsAre("Pulse", "Ground, horizontal", "0", "1", "0"));
     EXPECT_THAT(dialog.Row(0, 0)[1].choices, AllOf(Contains("Ground, vertical"), Contains("Loads of EX")));
-    dialog.SetCell(0, 0, 2, "30");
+    dialog.SetCell(0, 0, 2, "90");
     dialog.SetCell(0, 1, 1, "Loads of EX");
     dialog.SetCell(0, 1, 3, "-2");
     dialog.SetCell(0, 1, 4, "0.5");
@@ -320,7 +320,7 @@ TEST_F(AnalysisDialogsTest, TimeHistoryCasesDriveTheGroundOrALoadCase) {
     EXPECT_FALSE(dialog.Row(0, 1)[2].enabled);
     ASSERT_TRUE(dialog.Add());
     const T_THLC_D written = Written<CClassThlc>(dialog.Current());
-    EXPECT_EQ(written.items, (std::vector<T_THLC_ITEM>{{.thfc = 3, .angle = 30.0},
+    EXPECT_EQ(written.items, (std::vector<T_THLC_ITEM>{{.thfc = 3, .angle = 90.0},
                                                        {.thfc = 3, .stld = 4, .scale = -2.0, .arrival = 0.5}}));
     dialog.SetCell(0, 1, 1, "Ground, vertical");
     ASSERT_TRUE(dialog.Change());
