@@ -249,12 +249,28 @@ TEST_F(PropertyWindowTest, EditsPointsInATable) {
     auto* editor = qobject_cast<QLineEdit*>(QApplication::focusWidget());
     ASSERT_NE(nullptr, editor) << "typing opens the cell";
     QTest::keyClick(editor, Qt::Key_Return);
+    QApplication::processEvents();
     EXPECT_EQ(model.index(1, 1).data().toString(), QStringLiteral("5"));
     dialog.AddButton().click();
     EXPECT_TRUE(dialog.Message().isEmpty()) << FromQt(dialog.Message());
     T_THFC_D written;
     ASSERT_TRUE(Db().GetClass<CClassThfc>()->Get(block.Current(), written));
     EXPECT_EQ(written.points, (std::vector<T_THFC_POINT>{{0.0, 0.0}, {0.1, 5.0}}));
+}
+
+TEST_F(PropertyWindowTest, DropsACellThatIsOpenWhenItGoes) {
+    TimeFunctionDialog block(Db());
+    ASSERT_TRUE(block.ImportRows(0, "0 1"));
+    {
+        PropertyWindow dialog(block, nullptr);
+        Activate(dialog);
+        PropertyTable& points = *dialog.Table();
+        points.Table().setFocus();
+        points.Table().setCurrentIndex(points.Table().model()->index(0, 1));
+        QTest::keyClicks(points.Table().viewport(), "5");
+        ASSERT_NE(nullptr, qobject_cast<QLineEdit*>(QApplication::focusWidget()));
+    }
+    EXPECT_EQ(block.Row(0, 0)[1].text, "1");
 }
 
 TEST_F(PropertyWindowTest, PastesCopiesAndRemovesRowsOfATable) {

@@ -68,8 +68,8 @@ void PropertyRows::MakeLines(const std::vector<Fields>& rows) {
     auto* page = new QWidget;
     auto* grid = new QGridLayout(page);
     int column = 0;
-    for (const std::string& title : block_.Lists()[list_].columns)
-        grid->addWidget(new QLabel(ToQt(title)), 0, column++);
+    const std::vector<PropertyDialog::ListInfo> lists = block_.Lists();
+    for (const std::string& title : lists[list_].columns) grid->addWidget(new QLabel(ToQt(title)), 0, column++);
     for (const Fields& fields : rows) {
         const int row = static_cast<int>(lines_.size());
         lines_.push_back(MakeLine(row, fields));

@@ -45,7 +45,7 @@ QVariant PropertyTableModel::data(const QModelIndex& index, int role) const {
 }
 
 bool PropertyTableModel::setData(const QModelIndex& index, const QVariant& value, int role) {
-    if (role != Qt::EditRole || !index.isValid()) return false;
+    if (isSilent_ || role != Qt::EditRole || !index.isValid()) return false;
     block_.SetCell(list_, static_cast<std::size_t>(index.row()), static_cast<std::size_t>(index.column()),
                    FromQt(value.toString()));
     changed_(velda::Outcome::Done());

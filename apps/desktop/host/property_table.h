@@ -23,6 +23,8 @@ public:
     Qt::ItemFlags flags(const QModelIndex& index) const override;
     /// Takes over what the dialog has now.
     void Follow();
+    /// Takes nothing over any more: a cell that is open when its table goes is dropped.
+    void Silence() { isSilent_ = true; }
 
 private:
     PropertyDialog& block_;
@@ -30,6 +32,7 @@ private:
     PropertyListEditor::Changed changed_;
     std::vector<std::string> columns_;
     int rows_ = 0;
+    bool isSilent_ = false;
 };
 
 /// A list of numbers in a property dialog: a table that shows only the rows in sight, with buttons that add and remove
@@ -39,6 +42,7 @@ class PropertyTable : public PropertyListEditor {
 
 public:
     PropertyTable(PropertyDialog& block, std::size_t list, Changed changed);
+    ~PropertyTable() override { model_->Silence(); }
 
     bool ShowRows(TypedText typedText) override;
     std::vector<QWidget*> TabOrder() const override;

@@ -114,6 +114,9 @@ PropertyWindow::PropertyWindow(PropertyDialog& block, QWidget* parent)
     ShowFields(TypedText::Replace);
 }
 
+// The lists tell what is typed in them; they go while there is someone to hear it.
+PropertyWindow::~PropertyWindow() { qDeleteAll(lists_); }
+
 void PropertyWindow::PlaceParts() {
     auto* beside = new QVBoxLayout;
     beside->addWidget(picture_);

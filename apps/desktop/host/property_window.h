@@ -35,6 +35,7 @@ class PropertyWindow : public QDialog {
 
 public:
     PropertyWindow(PropertyDialog& block, QWidget* parent);
+    ~PropertyWindow() override;
 
     QListWidget& List() { return *list_; }
     /// The editor of a field: a line edit or a combo box.
