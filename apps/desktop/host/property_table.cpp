@@ -16,6 +16,7 @@ namespace zt {
 namespace {
 
 constexpr int kLeastHeight = 300;
+constexpr int kRowMargin = 8;
 constexpr int kLeastWidth = 380;
 
 }  // namespace
@@ -95,6 +96,7 @@ PropertyTable::PropertyTable(PropertyDialog& block, std::size_t list, Changed ch
     table_->horizontalHeader()->setHighlightSections(false);
     // Rows of one height need not be measured, however many there are.
     table_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    table_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowMargin);
     MakeShortcut(QKeySequence::Copy, &PropertyTable::Copy);
     MakeShortcut(QKeySequence::Paste, &PropertyTable::Paste);
     MakeShortcut(QKeySequence::Delete, &PropertyTable::RemoveRows);

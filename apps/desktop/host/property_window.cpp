@@ -11,6 +11,7 @@ namespace zt {
 namespace {
 
 constexpr int kListWidth = 210;
+constexpr int kListDistance = 12;
 constexpr int kPictureStretch = 3;
 constexpr int kPictureSide = 220;
 constexpr double kPictureMargin = 18.0;
@@ -129,6 +130,7 @@ void PropertyWindow::PlaceParts() {
         // Where there are no records to choose from, the lists have a place of their own.
         auto* lists = new QVBoxLayout;
         MakeLists(*lists);
+        upper_->addSpacing(kListDistance);
         upper_->addLayout(lists, 3);
     } else {
         MakeLists(*fields);

@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QStyle>
 #include <QTime>
+#include <optional>
 
 #include "desktop/grid/qt_text.h"
 #include "velda_base/host/application_host.h"
@@ -15,24 +16,33 @@ namespace {
 constexpr int kTime = 0;  ///< columns
 constexpr int kText = 1;
 constexpr int kEntry = Qt::UserRole;
+constexpr int kIconSide = 16;
 constexpr int kUsualHeight = 170;
 constexpr int kDarkest = 128;  ///< a background below this lightness is dark
 
 /// How the lines of a kind look, on light and on dark ground.
 struct EntryLook {
     std::string_view nameKey;
-    QStyle::StandardPixmap icon;
+    std::optional<QStyle::StandardPixmap> icon;
     QColor onLight;
     QColor onDark;
 };
 
 const EntryLook& LookOf(LogEntry entry) {
     static const EntryLook looks[] = {
-        {"IDS_DESKTOP_ANALYSIS_NOTE", QStyle::SP_MessageBoxInformation, {}, {}},
+        {"IDS_DESKTOP_ANALYSIS_NOTE", {}, {}, {}},
         {"IDS_DESKTOP_ANALYSIS_WARNING", QStyle::SP_MessageBoxWarning, "#8a5200", "#f0b64a"},
         {"IDS_DESKTOP_ANALYSIS_ERROR", QStyle::SP_MessageBoxCritical, "#b3261e", "#ff8f85"},
     };
     return looks[static_cast<int>(entry)];
+}
+
+/// Notes have a clear icon, so that their texts begin where those of the others begin.
+QIcon IconOf(const EntryLook& look, const QStyle& style) {
+    if (look.icon) return style.standardIcon(*look.icon);
+    QPixmap clear(kIconSide, kIconSide);
+    clear.fill(Qt::transparent);
+    return clear;
 }
 
 LogEntry EntryOf(const QTreeWidgetItem& line) { return static_cast<LogEntry>(line.data(kText, kEntry).toInt()); }
@@ -92,11 +102,21 @@ void AnalysisLogPane::Add(LogEntry entry, const QString& text) {
 
 void AnalysisLogPane::Paint(QTreeWidgetItem& line) const {
     const EntryLook& look = LookOf(EntryOf(line));
-    line.setIcon(kText, style()->standardIcon(look.icon));
+    line.setIcon(kText, IconOf(look, *style()));
     line.setData(kText, Qt::AccessibleTextRole, Word(look.nameKey) + QStringLiteral(": ") + line.text(kText));
     const bool isDark = palette().color(QPalette::Base).lightness() < kDarkest;
     const QColor color = isDark ? look.onDark : look.onLight;
     line.setData(kText, Qt::ForegroundRole, color.isValid() ? QVariant(QBrush(color)) : QVariant());
+}
+
+void AnalysisLogPane::ShowFirstFault() {
+    for (int at = 0; at < lines_->topLevelItemCount(); ++at) {
+        QTreeWidgetItem* line = lines_->topLevelItem(at);
+        if (EntryOf(*line) == LogEntry::Note) continue;
+        lines_->setCurrentItem(line);
+        lines_->scrollToItem(line, QAbstractItemView::PositionAtCenter);
+        return;
+    }
 }
 
 QString AnalysisLogPane::Text() const {

@@ -21,6 +21,8 @@ public:
     /// Adds a line with the time of day, and brings the pane up where it is a warning or an error.
     void Add(LogEntry entry, const QString& text);
     void Clear() { lines_->clear(); }
+    /// Brings the first warning or error into sight, and chooses it.
+    void ShowFirstFault();
     /// The lines as a text, as CopyAll copies them.
     QString Text() const;
     /// Copies the chosen lines to the clipboard, or all of them.

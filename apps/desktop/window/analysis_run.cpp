@@ -77,6 +77,7 @@ velda::Outcome AnalysisRun::Run() {
         pane_.Add(LogEntry::Error, ToQt(outcome.Reason()));
         velda::AfxMessageBox(outcome.Reason());
     }
+    pane_.ShowFirstFault();
     return outcome;
 }
 
