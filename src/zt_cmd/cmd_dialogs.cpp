@@ -2,12 +2,16 @@
 
 #include <memory>
 
+#include "zt_cmd/analysis_control_dialog.h"
+#include "zt_cmd/drift_restriction_dialog.h"
 #include "zt_cmd/load_case_dialog.h"
 #include "zt_cmd/load_combination_dialog.h"
 #include "zt_cmd/load_type_dialogs.h"
 #include "zt_cmd/matl_dialog.h"
 #include "zt_cmd/sect_dialog.h"
+#include "zt_cmd/spectrum_dialogs.h"
 #include "zt_cmd/thik_dialog.h"
+#include "zt_cmd/time_history_dialogs.h"
 #include "zt_db/doc/doc.h"
 
 namespace zt {
@@ -27,8 +31,11 @@ struct Entry {
 template <class Dialog>
 constexpr Entry kEntry{Dialog::kName, &Make<Dialog>};
 constexpr Entry kDialogs[] = {
-    kEntry<CModelPropThikDlg>,     kEntry<CModelPropMatlDlg>,  kEntry<CCMSectItemDlg>,     kEntry<LoadCaseDialog>,
-    kEntry<LoadCombinationDialog>, kEntry<BeamLoadTypeDialog>, kEntry<WallLoadTypeDialog>, kEntry<SlabLoadTypeDialog>,
+    kEntry<CModelPropThikDlg>,     kEntry<CModelPropMatlDlg>,      kEntry<CCMSectItemDlg>,
+    kEntry<LoadCaseDialog>,        kEntry<LoadCombinationDialog>,  kEntry<BeamLoadTypeDialog>,
+    kEntry<WallLoadTypeDialog>,    kEntry<SlabLoadTypeDialog>,     kEntry<AnalysisControlDialog>,
+    kEntry<SpectrumDialog>,        kEntry<SpectrumCaseDialog>,     kEntry<TimeFunctionDialog>,
+    kEntry<TimeHistoryCaseDialog>, kEntry<DriftRestrictionDialog>,
 };
 
 }  // namespace

@@ -38,6 +38,12 @@ public:
         std::string label{};
         std::string text{};
     };
+    /// A list that a record holds.
+    struct ListInfo {
+        std::string title{};  ///< empty where a record has only one
+        std::vector<std::string> columns{};
+        bool isTable = false;  ///< rows of numbers only; there may be thousands, and they may come from a text
+    };
 
     virtual std::string GetTitle() const = 0;
 
@@ -45,6 +51,8 @@ public:
     virtual std::vector<Item> Items() const = 0;
     /// Whether users know the records by their keys, so that the list shows them.
     virtual bool ListsKeys() const { return true; }
+    /// Whether the class has one record that is always there, so that it can only be changed.
+    virtual bool IsSingle() const { return false; }
     /// The record in the fields; 0 for a new one.
     std::uint32_t Current() const { return current_; }
     /// Brings a record into the fields; what was typed and not written is dropped. A key without a record is a new one.
@@ -55,14 +63,22 @@ public:
     /// there until it is mended, and keeps the record from being written.
     virtual void SetField(std::size_t field, const std::string& text) = 0;
 
-    /// The columns of a record that holds a list; empty for records without one.
-    virtual std::vector<std::string> RowTitles() const { return {}; }
-    /// The rows of that list, a field for each cell.
-    virtual std::vector<std::vector<PropertyField>> Rows() const { return {}; }
+    /// The lists that a record holds.
+    virtual std::vector<ListInfo> Lists() const { return {}; }
+    virtual std::size_t RowCount(std::size_t /*list*/) const { return 0; }
+    /// A row of a list, a field for each cell.
+    virtual std::vector<PropertyField> Row(std::size_t /*list*/, std::size_t /*row*/) const { return {}; }
     /// Types a text into a cell, as SetField does.
-    virtual void SetCell(std::size_t /*row*/, std::size_t /*column*/, const std::string& /*text*/) {}
-    virtual void AddRow() {}
-    virtual void RemoveRow(std::size_t /*row*/) {}
+    virtual void SetCell(std::size_t /*list*/, std::size_t /*row*/, std::size_t /*column*/,
+                         const std::string& /*text*/) {}
+    virtual void AddRow(std::size_t /*list*/) {}
+    virtual void RemoveRow(std::size_t /*list*/, std::size_t /*row*/) {}
+    /// Types the cells of a text into those from a row and a column on, and adds the rows that are missing. Refused,
+    /// and nothing typed, where a line has more cells than the list.
+    virtual velda::Outcome PasteRows(std::size_t list, std::size_t row, std::size_t column, const std::string& text);
+    /// Puts the lines of a text in place of all rows of a list of numbers. Headings before the first numbers are passed
+    /// over. Refused, and nothing changed, where a line does not fit.
+    virtual velda::Outcome ImportRows(std::size_t list, const std::string& text);
 
     /// Writes the fields as a new record, as a new one with a free name, into the record that they show, and deletes
     /// that record.

@@ -1,49 +1,20 @@
 #pragma once
 
-#include <functional>
+#include <compare>
 
-#include "velda_lib/msg_dll.h"
-#include "velda_lib/number_text.h"
 #include "velda_util/formula/cell_number.h"
-#include "zt_cmd/property_dialog.h"
-#include "zt_db/units/unit_codes.h"
+#include "zt_cmd/field_declaration.h"
 
 namespace zt {
 
-/// A field of a dialog on records of class R, as data.
-template <class R>
-struct FieldDeclaration {
-    std::string_view labelKey;
-    PropertyField::Kind kind = PropertyField::Kind::Text;
-    int unit = Unit::None;
-    std::function<std::string(const R&)> show{};
-    std::function<void(R&, const std::string& text)> read{};
-    std::function<std::vector<std::string>(const R&)> choices{};  ///< of a choice or a suggestion
-    std::function<bool(const R&)> isEnabled{};                    ///< null for always
-};
-
-/// The field of a text of a record.
-template <class R, std::string R::*Member>
-FieldDeclaration<R> TextField(std::string_view labelKey) {
-    return {labelKey, PropertyField::Kind::Text, Unit::None, [](const R& record) { return record.*Member; },
-            [](R& record, const std::string& text) { record.*Member = text; }};
-}
-
-/// The field of a number of a record.
-template <class R, double R::*Member>
-FieldDeclaration<R> NumberField(std::string_view labelKey, int unit) {
-    return {labelKey, PropertyField::Kind::Number, unit,
-            [](const R& record) { return velda::FormatDouble(record.*Member); },
-            [](R& record, const std::string& text) { record.*Member = velda::wtof(text); }};
-}
-
-/// What all property dialogs share. A dialog derives from it and tells its fields, and the rows where its records hold
-/// a list; `Class` is the record class. Records that have names have each one of its own.
+/// What all property dialogs share. A dialog derives from it and tells its fields, and its lists where
+/// its records hold some; `Class` is the record class. Records that have names have each one of its own.
 template <class Class>
 class PropertyDialogOf : public PropertyDialog {
 public:
     using Record = typename Class::Record;
     using Field = FieldDeclaration<Record>;
+    using List = ListDeclaration<Record>;
 
     explicit PropertyDialogOf(DB_CDataBase& database) : database_(database) { StartAnew(); }
 
@@ -59,30 +30,45 @@ public:
         if (RecordClass().Get(key, record_)) current_ = key;
     }
 
-    std::vector<PropertyField> Fields() const override { return Shown(0, Declared()); }
-    void SetField(std::size_t at, const std::string& text) override { Type({0, at}, Declared(), text); }
+    std::vector<PropertyField> Fields() const override { return Shown({}, Declared()); }
+    void SetField(std::size_t at, const std::string& text) override { Type({.at = at}, Declared(), text); }
 
-    std::vector<std::string> RowTitles() const override {
-        std::vector<std::string> titles;
-        for (const Field& field : DeclaredRow(0)) titles.push_back(FieldLabel(field.labelKey, field.unit));
-        return titles;
+    std::vector<ListInfo> Lists() const override {
+        std::vector<ListInfo> lists;
+        for (const List& list : DeclaredLists()) {
+            const bool hasTitle = !list.titleKey.empty();
+            lists.push_back({hasTitle ? FieldLabel(list.titleKey, Unit::None) : std::string(), {}, list.isTable});
+            for (const Field& field : list.cells(0)) {
+                lists.back().columns.push_back(FieldLabel(field.labelKey, field.unit));
+            }
+        }
+        return lists;
     }
-    std::vector<std::vector<PropertyField>> Rows() const override {
-        std::vector<std::vector<PropertyField>> rows;
-        for (std::size_t row = 0; row < RowCount(record_); ++row) rows.push_back(Shown(row + 1, DeclaredRow(row)));
-        return rows;
+    std::size_t RowCount(std::size_t list) const override {
+        const std::vector<List> lists = DeclaredLists();
+        return list < lists.size() ? lists[list].count(record_) : 0;
     }
-    void SetCell(std::size_t row, std::size_t column, const std::string& text) override {
-        if (row < RowCount(record_)) Type({row + 1, column}, DeclaredRow(row), text);
+    std::vector<PropertyField> Row(std::size_t list, std::size_t row) const override {
+        if (row >= RowCount(list)) return {};
+        return Shown({list + 1, row}, DeclaredLists()[list].cells(row));
     }
-    void AddRow() override { AppendRow(record_); }
-    void RemoveRow(std::size_t row) override {
-        if (row >= RowCount(record_)) return;
-        EraseRow(record_, row);
+    void SetCell(std::size_t list, std::size_t row, std::size_t column, const std::string& text) override {
+        if (row < RowCount(list)) Type({list + 1, row, column}, DeclaredLists()[list].cells(row), text);
+    }
+    void AddRow(std::size_t list) override {
+        const std::vector<List> lists = DeclaredLists();
+        if (list < lists.size()) lists[list].append(record_);
+    }
+    void RemoveRow(std::size_t list, std::size_t row) override {
+        if (row >= RowCount(list)) return;
+        DeclaredLists()[list].erase(record_, row);
         std::map<Place, std::string> kept;
-        for (const auto& [place, text] : typed_) {
-            const auto& [line, at] = place;
-            if (line != row + 1) kept[{line > row + 1 ? line - 1 : line, at}] = text;
+        for (const auto& [typedPlace, text] : typed_) {
+            Place place = typedPlace;
+            const bool isInList = place.list == list + 1;
+            if (isInList && place.row == row) continue;
+            if (isInList && place.row > row) --place.row;
+            kept[place] = text;
         }
         typed_ = std::move(kept);
     }
@@ -109,7 +95,11 @@ public:
         if (current_ == 0) return velda::Outcome::Refused(velda::CMsgDll::pfuncLoadStr("IDS_CMD_NOTHING_CHOSEN", 0));
         if (velda::Outcome fits = Check(current_); !fits) return fits;
         Complete(record_);
-        if (!RecordClass().TR_Modify(current_, current_, record_)) return Refusal();
+        // The one record of a class may have to be made.
+        Record before;
+        const bool written = RecordClass().Get(current_, before) ? RecordClass().TR_Modify(current_, current_, record_)
+                                                                 : RecordClass().TR_Add(current_, record_);
+        if (!written) return Refusal();
         Select(current_);
         return velda::Outcome::Done();
     }
@@ -138,12 +128,8 @@ protected:
         }
     }
 
-    /// The rows of records that hold a list. The fields of a row are asked for their labels also where it does not
-    /// exist.
-    virtual std::size_t RowCount(const Record& /*record*/) const { return 0; }
-    virtual std::vector<Field> DeclaredRow(std::size_t /*row*/) const { return {}; }
-    virtual void AppendRow(Record& /*record*/) const {}
-    virtual void EraseRow(Record& /*record*/, std::size_t /*row*/) const {}
+    /// The lists as they are for the record in the fields.
+    virtual std::vector<List> DeclaredLists() const { return {}; }
 
     const DB_CDataBase& Database() const { return database_; }
     const Record& Edited() const { return record_; }
@@ -151,8 +137,14 @@ protected:
     Class& RecordClass() const { return *database_.template GetClass<Class>(); }
 
 private:
-    /// The line of a field, 0 for the fields of the record and from 1 for its rows, and its place there.
-    using Place = std::pair<std::size_t, std::size_t>;
+    /// Where a field stands: in list 0 the fields of the record, from 1 the cells of its lists.
+    struct Place {
+        std::size_t list = 0;
+        std::size_t row = 0;
+        std::size_t at = 0;
+        auto operator<=>(const Place&) const = default;
+        bool IsInLineOf(const Place& other) const { return list == other.list && row == other.row; }
+    };
 
     void StartAnew() {
         current_ = 0;
@@ -169,10 +161,11 @@ private:
         }
     }
 
-    std::vector<PropertyField> Shown(std::size_t line, const std::vector<Field>& declared) const {
+    std::vector<PropertyField> Shown(Place place, const std::vector<Field>& declared) const {
         std::vector<PropertyField> fields;
         for (const Field& field : declared) {
-            const auto typed = typed_.find({line, fields.size()});
+            place.at = fields.size();
+            const auto typed = typed_.find(place);
             fields.push_back({FieldLabel(field.labelKey, field.unit), field.kind,
                               typed == typed_.end() ? field.show(record_) : typed->second,
                               field.choices ? field.choices(record_) : std::vector<std::string>(),
@@ -181,11 +174,11 @@ private:
         return fields;
     }
     void Type(const Place& place, const std::vector<Field>& declared, const std::string& text) {
-        const auto [line, at] = place;
-        if (at >= declared.size()) return;
-        const Field& field = declared[at];
+        if (place.at >= declared.size()) return;
+        const Field& field = declared[place.at];
         double number = 0.0;
-        if (field.kind == PropertyField::Kind::Number && !velda::IsValidDoubleNumber(text, number)) {
+        if (field.kind == PropertyField::Kind::Number &&
+            (!velda::IsValidDoubleNumber(text, number) || (field.limits && !field.limits->Holds(number)))) {
             typed_[place] = text;
             return;
         }
@@ -193,13 +186,15 @@ private:
         field.read(record_, field.kind == PropertyField::Kind::Number ? velda::FormatDouble(number) : text);
         if (field.kind != PropertyField::Kind::Choice) return;
         // What was typed into fields that a choice replaces is gone with them.
-        std::erase_if(typed_, [line = line](const auto& typed) { return typed.first.first == line; });
+        std::erase_if(typed_, [&](const auto& typed) { return typed.first.IsInLineOf(place); });
     }
 
     velda::Outcome Refusal() const { return velda::Outcome::Refused(database_.GetLastReason()); }
     /// Whether the fields can be written as the record of a key; 0 for a new one.
     velda::Outcome Check(std::uint32_t key) const {
-        for (const auto& [place, text] : typed_) return velda::Outcome::Refused(NotANumber(LabelOf(place), text));
+        for (const auto& [place, text] : typed_) {
+            if (velda::Outcome fits = CheckField(place, FieldAt(place), text); !fits) return fits;
+        }
         if constexpr (HasName<Record>) {
             if (IsBlank(record_.name)) {
                 return velda::Outcome::Refused(velda::CMsgDll::pfuncLoadStr("IDS_CMD_NAME_MISSING", 0));
@@ -208,12 +203,51 @@ private:
                 return velda::Outcome::Refused(velda::FormatText("IDS_CMD_NAME_TAKEN", {record_.name}));
             }
         }
+        if (velda::Outcome fits = CheckLine({}, Declared()); !fits) return fits;
+        const std::vector<List> lists = DeclaredLists();
+        for (std::size_t list = 0; list < lists.size(); ++list) {
+            for (std::size_t row = 0; row < lists[list].count(record_); ++row) {
+                if (velda::Outcome fits = CheckLine({list + 1, row}, lists[list].cells(row)); !fits) return fits;
+            }
+        }
         return CheckRecord();
     }
+    /// Whether what the record holds fits its fields; it may come from elsewhere.
+    velda::Outcome CheckLine(Place place, const std::vector<Field>& declared) const {
+        place.at = 0;
+        for (const Field& field : declared) {
+            const bool isEnabled = !field.isEnabled || field.isEnabled(record_);
+            if (isEnabled && (field.limits || field.isNeeded)) {
+                if (velda::Outcome fits = CheckField(place, field, field.show(record_)); !fits) return fits;
+            }
+            ++place.at;
+        }
+        return velda::Outcome::Done();
+    }
+    velda::Outcome CheckField(const Place& place, const Field& field, const std::string& text) const {
+        if (field.isNeeded && text.empty()) {
+            return velda::Outcome::Refused(velda::FormatText("IDS_CMD_NO_CHOICE", {LabelOf(place)}));
+        }
+        if (field.kind != PropertyField::Kind::Number) return velda::Outcome::Done();
+        double number = 0.0;
+        if (!velda::IsValidDoubleNumber(text, number)) {
+            return velda::Outcome::Refused(NotANumber(LabelOf(place), text));
+        }
+        if (field.limits && !field.limits->Holds(number)) {
+            return velda::Outcome::Refused(field.limits->Reason(LabelOf(place), text));
+        }
+        return velda::Outcome::Done();
+    }
+    Field FieldAt(const Place& place) const {
+        return place.list == 0 ? Declared()[place.at] : DeclaredLists()[place.list - 1].cells(place.row)[place.at];
+    }
     std::string LabelOf(const Place& place) const {
-        const auto& [line, at] = place;
-        if (line == 0) return Fields()[at].label;
-        return velda::FormatText("IDS_CMD_ROW_FIELD", {std::to_string(line), RowTitles()[at]});
+        const Field field = FieldAt(place);
+        const std::string label = FieldLabel(field.labelKey, field.unit);
+        if (place.list == 0) return label;
+        const std::string cell = velda::FormatText("IDS_CMD_ROW_FIELD", {std::to_string(place.row + 1), label});
+        const std::string title = Lists()[place.list - 1].title;
+        return title.empty() ? cell : title + ", " + cell;
     }
     /// Whether a record other than that of a key has a name.
     bool IsTaken(const std::string& name, std::uint32_t key) const {

@@ -8,11 +8,13 @@
 #include "desktop/grid/qt_text.h"
 #include "desktop/host/qt_host.h"
 #include "desktop/window_fixture.h"
+#include "zt_cmd/analysis_control_dialog.h"
 #include "zt_cmd/load_case_dialog.h"
 #include "zt_cmd/load_combination_dialog.h"
 #include "zt_cmd/load_type_dialogs.h"
 #include "zt_cmd/sect_dialog.h"
 #include "zt_cmd/thik_dialog.h"
+#include "zt_cmd/time_history_dialogs.h"
 
 namespace zt {
 namespace {
@@ -203,6 +205,114 @@ TEST_F(PropertyWindowTest, ListsRecordsWithoutKeysWhereUsersKnowThemByTheirPlace
     SlabLoadTypeDialog block(Db());
     PropertyWindow dialog(block, nullptr);
     EXPECT_TRUE(dialog.List().item(1)->text().startsWith(QStringLiteral("Slab Load 1")));
+}
+
+TEST_F(PropertyWindowTest, ShowsASingleRecordWithoutListAndButtonsOfRecords) {
+    AnalysisControlDialog block(Db());
+    PropertyWindow dialog(block, nullptr);
+    Activate(dialog);
+    EXPECT_FALSE(dialog.List().isVisible());
+    for (const QPushButton* button : {&dialog.AddButton(), &dialog.CopyButton(), &dialog.DeleteButton()}) {
+        EXPECT_FALSE(button->isVisible());
+    }
+    ASSERT_NE(nullptr, dialog.Rows(1));
+    EXPECT_EQ(nullptr, dialog.Rows(2));
+    EXPECT_EQ(nullptr, dialog.Table(1));
+    dialog.Rows(1)->AddButton().click();
+    EXPECT_EQ(nullptr, dialog.Rows(0)->EditorOf(0, 0)) << "the other list stays as it is";
+    ASSERT_NE(nullptr, dialog.Rows(1)->EditorOf(0, 0));
+    auto* modes = qobject_cast<QLineEdit*>(dialog.EditorOf(0));
+    modes->selectAll();
+    QTest::keyClicks(modes, "20");
+    dialog.ChangeButton().click();
+    EXPECT_TRUE(dialog.Message().isEmpty()) << FromQt(dialog.Message());
+    T_ACTL_D written;
+    ASSERT_TRUE(Db().GetClass<CClassActl>()->Get(T_ACTL_D::kKey, written));
+    EXPECT_EQ(written.modes, 20);
+    EXPECT_EQ(written.secondOrderLoads.size(), 1u);
+}
+
+TEST_F(PropertyWindowTest, EditsPointsInATable) {
+    TimeFunctionDialog block(Db());
+    PropertyWindow dialog(block, nullptr);
+    Activate(dialog);
+    PropertyTable* points = dialog.Table();
+    ASSERT_NE(nullptr, points);
+    QTest::keyClicks(dialog.EditorOf(0), "Pulse");
+    points->AddButton().click();
+    points->AddButton().click();
+    const QAbstractItemModel& model = *points->Table().model();
+    ASSERT_EQ(model.rowCount(), 2);
+    EXPECT_EQ(points->Table().currentIndex().row(), 1) << "the new row is edited";
+    points->Table().setCurrentIndex(model.index(1, 1));
+    QTest::keyClicks(points->Table().viewport(), "5");
+    auto* editor = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    ASSERT_NE(nullptr, editor) << "typing opens the cell";
+    QTest::keyClick(editor, Qt::Key_Return);
+    QApplication::processEvents();
+    EXPECT_EQ(model.index(1, 1).data().toString(), QStringLiteral("5"));
+    dialog.AddButton().click();
+    EXPECT_TRUE(dialog.Message().isEmpty()) << FromQt(dialog.Message());
+    T_THFC_D written;
+    ASSERT_TRUE(Db().GetClass<CClassThfc>()->Get(block.Current(), written));
+    EXPECT_EQ(written.points, (std::vector<T_THFC_POINT>{{0.0, 0.0}, {0.1, 5.0}}));
+}
+
+TEST_F(PropertyWindowTest, DropsACellThatIsOpenWhenItGoes) {
+    TimeFunctionDialog block(Db());
+    ASSERT_TRUE(block.ImportRows(0, "0 1"));
+    {
+        PropertyWindow dialog(block, nullptr);
+        Activate(dialog);
+        PropertyTable& points = *dialog.Table();
+        points.Table().setFocus();
+        points.Table().setCurrentIndex(points.Table().model()->index(0, 1));
+        QTest::keyClicks(points.Table().viewport(), "5");
+        ASSERT_NE(nullptr, qobject_cast<QLineEdit*>(QApplication::focusWidget()));
+    }
+    EXPECT_EQ(block.Row(0, 0)[1].text, "1");
+}
+
+TEST_F(PropertyWindowTest, PastesCopiesAndRemovesRowsOfATable) {
+    TimeFunctionDialog block(Db());
+    PropertyWindow dialog(block, nullptr);
+    Activate(dialog);
+    PropertyTable& points = *dialog.Table();
+    std::string text;
+    for (int row = 0; row < 1559; ++row) text += std::to_string(row) + "\t" + std::to_string(-row) + "\n";
+    host.clipboard.SetText(text);
+    points.Table().setFocus();
+    QTest::keyClick(&points.Table(), Qt::Key_V, Qt::ControlModifier);
+    const QAbstractItemModel& model = *points.Table().model();
+    ASSERT_EQ(model.rowCount(), 1559);
+    points.Table().selectRow(7);
+    QTest::keyClick(&points.Table(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(host.clipboard.GetText(), "7\t-7\n");
+    QTest::keyClick(&points.Table(), Qt::Key_Delete);
+    ASSERT_EQ(model.rowCount(), 1558);
+    EXPECT_EQ(model.index(7, 0).data().toString(), QStringLiteral("8"));
+    EXPECT_EQ(points.Table().currentIndex().row(), 7);
+    host.clipboard.SetText("1\t2\t3\n");
+    points.PasteButton().click();
+    EXPECT_TRUE(dialog.Message().startsWith(QStringLiteral("Line 1: "))) << FromQt(dialog.Message());
+    points.Table().selectAll();
+    points.RemoveButton().click();
+    EXPECT_EQ(model.rowCount(), 0);
+}
+
+TEST_F(PropertyWindowTest, TakesPointsFromAFileAndTellsWhyNot) {
+    TimeFunctionDialog block(Db());
+    PropertyWindow dialog(block, nullptr);
+    const QString path = folder.filePath("motion.csv");
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("time,value\n0,0\n0.02,0.1\n");
+    file.close();
+    dialog.Table()->ImportFile(path);
+    EXPECT_EQ(dialog.Table()->Table().model()->rowCount(), 2);
+    dialog.Table()->ImportFile(folder.filePath("missing.csv"));
+    EXPECT_TRUE(dialog.Message().contains(QStringLiteral("missing.csv")));
+    EXPECT_EQ(dialog.Table()->Table().model()->rowCount(), 2);
 }
 
 TEST_F(PropertyWindowTest, OpensFromTheMenuOfLoads) {

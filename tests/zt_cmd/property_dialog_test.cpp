@@ -67,11 +67,12 @@ TEST_F(PropertyDialogTest, CopiesARecordUnderAFreeName) {
 
 TEST_F(PropertyDialogTest, HasNoRowsWhereItsRecordsHoldNoList) {
     CModelPropThikDlg dialog(Db());
-    dialog.AddRow();
-    dialog.SetCell(0, 0, "x");
-    dialog.RemoveRow(0);
-    EXPECT_THAT(dialog.RowTitles(), IsEmpty());
-    EXPECT_THAT(dialog.Rows(), IsEmpty());
+    dialog.AddRow(0);
+    dialog.SetCell(0, 0, 0, "x");
+    dialog.RemoveRow(0, 0);
+    EXPECT_THAT(dialog.Lists(), IsEmpty());
+    EXPECT_EQ(dialog.RowCount(0), 0u);
+    EXPECT_THAT(dialog.Row(0, 0), IsEmpty());
 }
 
 TEST_F(PropertyDialogTest, RefusesWhatDoesNotFitAndKeepsTheTypedText) {

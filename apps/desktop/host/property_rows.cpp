@@ -20,8 +20,9 @@ constexpr int kWidest = 640;
 
 }  // namespace
 
-PropertyRows::PropertyRows(PropertyDialog& block, std::function<void()> changed)
+PropertyRows::PropertyRows(PropertyDialog& block, std::size_t list, Changed changed)
     : block_(block),
+      list_(list),
       changed_(std::move(changed)),
       area_(new QScrollArea),
       add_(new QPushButton(Word("IDS_DESKTOP_ADD_ROW"))) {
@@ -37,8 +38,14 @@ PropertyRows::PropertyRows(PropertyDialog& block, std::function<void()> changed)
     area_->setMinimumHeight((kVisibleRows + 1) * (add_->sizeHint().height() + layout->spacing()));
 }
 
+std::vector<PropertyRows::Fields> PropertyRows::Rows() const {
+    std::vector<Fields> rows;
+    for (std::size_t row = 0; row < block_.RowCount(list_); ++row) rows.push_back(block_.Row(list_, row));
+    return rows;
+}
+
 bool PropertyRows::ShowRows(TypedText typedText) {
-    const std::vector<std::vector<PropertyField>> rows = block_.Rows();
+    const std::vector<Fields> rows = Rows();
     const bool areOthers = rows.size() != lines_.size();
     if (areOthers) MakeLines(rows);
     for (std::size_t row = 0; row < rows.size(); ++row) {
@@ -51,7 +58,7 @@ bool PropertyRows::ShowRows(TypedText typedText) {
     return areOthers;
 }
 
-void PropertyRows::MakeLines(const std::vector<std::vector<PropertyField>>& rows) {
+void PropertyRows::MakeLines(const std::vector<Fields>& rows) {
     // The button that reports may be one of those that go.
     if (QWidget* old = area_->takeWidget()) {
         old->hide();
@@ -61,8 +68,9 @@ void PropertyRows::MakeLines(const std::vector<std::vector<PropertyField>>& rows
     auto* page = new QWidget;
     auto* grid = new QGridLayout(page);
     int column = 0;
-    for (const std::string& title : block_.RowTitles()) grid->addWidget(new QLabel(ToQt(title)), 0, column++);
-    for (const std::vector<PropertyField>& fields : rows) {
+    const std::vector<PropertyDialog::ListInfo> lists = block_.Lists();
+    for (const std::string& title : lists[list_].columns) grid->addWidget(new QLabel(ToQt(title)), 0, column++);
+    for (const Fields& fields : rows) {
         const int row = static_cast<int>(lines_.size());
         lines_.push_back(MakeLine(row, fields));
         int at = 0;
@@ -73,15 +81,15 @@ void PropertyRows::MakeLines(const std::vector<std::vector<PropertyField>>& rows
     area_->setWidget(page);
 }
 
-PropertyRows::Line PropertyRows::MakeLine(int row, const std::vector<PropertyField>& fields) {
+PropertyRows::Line PropertyRows::MakeLine(int row, const Fields& fields) {
     Line line{{}, new QPushButton(Word("IDS_DESKTOP_REMOVE_ROW"))};
     line.remove->setAutoDefault(false);
     connect(line.remove, &QPushButton::clicked, this, [this, row] { RemoveRow(row); });
     for (const PropertyField& field : fields) {
         const std::size_t column = line.editors.size();
         line.editors.push_back(MakePropertyEditor(field, [this, row, column](const QString& text) {
-            block_.SetCell(static_cast<std::size_t>(row), column, FromQt(text));
-            changed_();
+            block_.SetCell(list_, static_cast<std::size_t>(row), column, FromQt(text));
+            Tell();
         }));
         const std::string name = velda::FormatText("IDS_CMD_ROW_FIELD", {std::to_string(row + 1), field.label});
         line.editors.back()->setAccessibleName(ToQt(name));
@@ -111,8 +119,8 @@ std::vector<QWidget*> PropertyRows::TabOrder() const {
 }
 
 void PropertyRows::AddRow() {
-    block_.AddRow();
-    changed_();
+    block_.AddRow(list_);
+    Tell();
     QWidget* editor = EditorOf(static_cast<int>(lines_.size()) - 1, 0);
     if (!editor) return;
     editor->setFocus();
@@ -123,8 +131,8 @@ void PropertyRows::AddRow() {
 }
 
 void PropertyRows::RemoveRow(int row) {
-    block_.RemoveRow(static_cast<std::size_t>(row));
-    changed_();
+    block_.RemoveRow(list_, static_cast<std::size_t>(row));
+    Tell();
     QPushButton* next = RemoveButton(std::min(row, static_cast<int>(lines_.size()) - 1));
     (next ? next : add_)->setFocus();
 }

@@ -2,30 +2,25 @@
 
 #include <QPushButton>
 #include <QScrollArea>
-#include <QWidget>
-#include <functional>
 
-#include "desktop/host/property_editor.h"
+#include "desktop/host/property_list_editor.h"
 
 namespace zt {
 
-/// The rows of the record in a property dialog: an editor for each cell, a button that removes the row, and one that
-/// adds a row.
-class PropertyRows : public QWidget {
+/// The rows of a list of the record in a property dialog: an editor for each cell, a button that removes the row, and
+/// one that adds a row.
+class PropertyRows : public PropertyListEditor {
     Q_OBJECT
 
 public:
-    /// `changed` hears each change of a row, after the dialog has it.
-    PropertyRows(PropertyDialog& block, std::function<void()> changed);
+    PropertyRows(PropertyDialog& block, std::size_t list, Changed changed);
 
-    /// Shows the rows as they are now; true when they are others than before, with other editors.
-    bool ShowRows(TypedText typedText);
+    bool ShowRows(TypedText typedText) override;
     /// Null for cells that do not exist.
     QWidget* EditorOf(int row, int column) const;
     QPushButton* RemoveButton(int row) const;
     QPushButton& AddButton() { return *add_; }
-    /// All that takes the focus, in the order of the tab key.
-    std::vector<QWidget*> TabOrder() const;
+    std::vector<QWidget*> TabOrder() const override;
 
 private:
     struct Line {
@@ -33,13 +28,18 @@ private:
         QPushButton* remove;
     };
 
-    void MakeLines(const std::vector<std::vector<PropertyField>>& rows);
-    Line MakeLine(int row, const std::vector<PropertyField>& fields);
+    using Fields = std::vector<PropertyField>;
+
+    std::vector<Fields> Rows() const;
+    void MakeLines(const std::vector<Fields>& rows);
+    Line MakeLine(int row, const Fields& fields);
+    void Tell() { changed_(velda::Outcome::Done()); }
     void AddRow();
     void RemoveRow(int row);
 
     PropertyDialog& block_;
-    std::function<void()> changed_;
+    std::size_t list_;
+    Changed changed_;
     QScrollArea* area_;
     QPushButton* add_;
     std::vector<Line> lines_;

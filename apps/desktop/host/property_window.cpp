@@ -3,7 +3,6 @@
 #include <QHeaderView>
 #include <QPainter>
 #include <QPainterPath>
-#include <QVBoxLayout>
 #include <algorithm>
 
 #include "desktop/grid/qt_text.h"
@@ -12,6 +11,7 @@ namespace zt {
 namespace {
 
 constexpr int kListWidth = 210;
+constexpr int kListDistance = 12;
 constexpr int kPictureStretch = 3;
 constexpr int kPictureSide = 220;
 constexpr double kPictureMargin = 18.0;
@@ -79,7 +79,6 @@ PropertyWindow::PropertyWindow(PropertyDialog& block, QWidget* parent)
       upper_(new QHBoxLayout),
       list_(new QListWidget),
       form_(new QFormLayout),
-      rows_(block.RowTitles().empty() ? nullptr : new PropertyRows(block, [this] { AfterTyping(); })),
       picture_(new SectionPicture),
       results_(new QTableWidget(0, 2)),
       uses_(new QLabel),
@@ -93,16 +92,7 @@ PropertyWindow::PropertyWindow(PropertyDialog& block, QWidget* parent)
     uses_->setWordWrap(true);
     uses_->setForegroundRole(QPalette::PlaceholderText);
     message_->setWordWrap(true);
-    auto* beside = new QVBoxLayout;
-    beside->addWidget(picture_);
-    beside->addWidget(results_, 1);
-    auto* fields = new QVBoxLayout;
-    fields->addLayout(form_);
-    if (rows_) fields->addWidget(rows_, 1);
-    fields->addStretch(0);
-    upper_->addWidget(list_, 2);
-    upper_->addLayout(fields, 3);
-    upper_->addLayout(beside);
+    PlaceParts();
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(add_ = MakeButton("IDS_DESKTOP_ADD", &PropertyDialog::Add));
     buttons->addWidget(copy_ = MakeButton("IDS_DESKTOP_COPY_RECORD", &PropertyDialog::Copy));
@@ -117,8 +107,52 @@ PropertyWindow::PropertyWindow(PropertyDialog& block, QWidget* parent)
     layout->addLayout(buttons);
     connect(close_, &QPushButton::clicked, this, &QDialog::accept);
     connect(list_, &QListWidget::currentRowChanged, this, &PropertyWindow::Choose);
+    for (QWidget* part : {static_cast<QWidget*>(list_), static_cast<QWidget*>(add_), static_cast<QWidget*>(copy_),
+                          static_cast<QWidget*>(delete_), static_cast<QWidget*>(uses_)}) {
+        part->setVisible(!block.IsSingle());
+    }
     ShowList();
     ShowFields(TypedText::Replace);
+}
+
+// The lists tell what is typed in them; they go while there is someone to hear it.
+PropertyWindow::~PropertyWindow() { qDeleteAll(lists_); }
+
+void PropertyWindow::PlaceParts() {
+    auto* beside = new QVBoxLayout;
+    beside->addWidget(picture_);
+    beside->addWidget(results_, 1);
+    auto* fields = new QVBoxLayout;
+    fields->addLayout(form_);
+    upper_->addWidget(list_, 2);
+    upper_->addLayout(fields, 3);
+    if (block_.IsSingle()) {
+        // Where there are no records to choose from, the lists have a place of their own.
+        auto* lists = new QVBoxLayout;
+        MakeLists(*lists);
+        upper_->addSpacing(kListDistance);
+        upper_->addLayout(lists, 3);
+    } else {
+        MakeLists(*fields);
+    }
+    fields->addStretch(0);
+    upper_->addLayout(beside);
+}
+
+void PropertyWindow::MakeLists(QVBoxLayout& layout) {
+    const auto changed = [this](const velda::Outcome& outcome) { AfterTyping(outcome); };
+    for (const PropertyDialog::ListInfo& list : block_.Lists()) {
+        const std::size_t at = lists_.size();
+        PropertyListEditor* editor = nullptr;
+        if (list.isTable) {
+            editor = new PropertyTable(block_, at, changed);
+        } else {
+            editor = new PropertyRows(block_, at, changed);
+        }
+        if (!list.title.empty()) layout.addWidget(new QLabel(ToQt(list.title)));
+        layout.addWidget(editor, 1);
+        lists_.push_back(editor);
+    }
 }
 
 QPushButton* PropertyWindow::MakeButton(std::string_view textKey) {
@@ -179,7 +213,7 @@ void PropertyWindow::ShowFields(TypedText typedText) {
     for (std::size_t at = 0; at < fields.size(); ++at) {
         ShowInEditor(*EditorOf(static_cast<int>(at)), fields[at], inFields);
     }
-    if (rows_) areOthers = rows_->ShowRows(typedText) || areOthers;
+    for (PropertyListEditor* list : lists_) areOthers = list->ShowRows(typedText) || areOthers;
     if (areOthers) OrderTabs();
     showing_ = false;
     shown_ = fields;
@@ -187,6 +221,7 @@ void PropertyWindow::ShowFields(TypedText typedText) {
     copy_->setEnabled(exists);
     change_->setEnabled(exists);
     delete_->setEnabled(exists);
+    if (block_.IsSingle()) return ShowResults();
     const QString uses = ToQt(block_.Uses());
     uses_->setText(!exists          ? QString()
                    : uses.isEmpty() ? Word("IDS_DESKTOP_NOT_USED")
@@ -239,8 +274,10 @@ void PropertyWindow::ShowResults() {
 void PropertyWindow::OrderTabs() {
     std::vector<QWidget*> order{list_};
     for (int at = 0; at < form_->rowCount(); ++at) order.push_back(EditorOf(at));
-    const std::vector<QWidget*> ofRows = rows_ ? rows_->TabOrder() : std::vector<QWidget*>();
-    order.insert(order.end(), ofRows.begin(), ofRows.end());
+    for (const PropertyListEditor* list : lists_) {
+        const std::vector<QWidget*> ofList = list->TabOrder();
+        order.insert(order.end(), ofList.begin(), ofList.end());
+    }
     order.insert(order.end(), {results_, add_, copy_, change_, delete_, close_});
     for (std::size_t at = 1; at < order.size(); ++at) setTabOrder(order[at - 1], order[at]);
 }
@@ -248,11 +285,11 @@ void PropertyWindow::OrderTabs() {
 void PropertyWindow::Type(std::size_t field, const QString& text) {
     if (showing_) return;
     block_.SetField(field, FromQt(text));
-    AfterTyping();
+    AfterTyping(velda::Outcome::Done());
 }
 
-void PropertyWindow::AfterTyping() {
-    message_->clear();
+void PropertyWindow::AfterTyping(const velda::Outcome& outcome) {
+    message_->setText(ToQt(outcome.Reason()));
     ShowFields(TypedText::Keep);
 }
 

@@ -7,8 +7,10 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QTableWidget>
+#include <QVBoxLayout>
 
 #include "desktop/host/property_rows.h"
+#include "desktop/host/property_table.h"
 
 namespace zt {
 
@@ -33,12 +35,14 @@ class PropertyWindow : public QDialog {
 
 public:
     PropertyWindow(PropertyDialog& block, QWidget* parent);
+    ~PropertyWindow() override;
 
     QListWidget& List() { return *list_; }
     /// The editor of a field: a line edit or a combo box.
     QWidget* EditorOf(int field) const;
-    /// The rows of the record; null where records hold no list.
-    PropertyRows* Rows() { return rows_; }
+    /// The editor of a list of the record; null where there is no such list, or one of the other kind.
+    PropertyRows* Rows(std::size_t list = 0) { return EditorOfList<PropertyRows>(list); }
+    PropertyTable* Table(std::size_t list = 0) { return EditorOfList<PropertyTable>(list); }
     QPushButton& AddButton() { return *add_; }
     QPushButton& CopyButton() { return *copy_; }
     QPushButton& ChangeButton() { return *change_; }
@@ -49,6 +53,12 @@ public:
 private:
     using Action = velda::Outcome (PropertyDialog::*)();
 
+    template <class Editor>
+    Editor* EditorOfList(std::size_t list) {
+        return list < lists_.size() ? dynamic_cast<Editor*>(lists_[list]) : nullptr;
+    }
+    void MakeLists(QVBoxLayout& layout);
+    void PlaceParts();
     static QPushButton* MakeButton(std::string_view textKey);
     QPushButton* MakeButton(std::string_view textKey, Action action);
     void Run(Action action);
@@ -61,13 +71,13 @@ private:
     /// The tab key goes from the list to the fields and the rows, and then to the buttons.
     void OrderTabs();
     void Type(std::size_t field, const QString& text);
-    void AfterTyping();
+    void AfterTyping(const velda::Outcome& outcome);
 
     PropertyDialog& block_;
     QHBoxLayout* upper_;  ///< the list, the fields, and what follows from them
     QListWidget* list_;
     QFormLayout* form_;
-    PropertyRows* rows_;
+    std::vector<PropertyListEditor*> lists_;
     SectionPicture* picture_;
     QTableWidget* results_;
     QLabel* uses_;

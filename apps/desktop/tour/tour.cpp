@@ -21,13 +21,17 @@
 #include "velda_base/host/headless_host.h"
 #include "velda_lib/language.h"
 #include "velda_util/pref/table_registry.h"
+#include "zt_db/records/actl.h"
 #include "zt_db/records/lnld.h"
 #include "zt_db/records/matl.h"
 #include "zt_db/records/ptld.h"
+#include "zt_db/records/rstp.h"
 #include "zt_db/records/sbla.h"
 #include "zt_db/records/sect.h"
+#include "zt_db/records/spts.h"
 #include "zt_db/records/swgt.h"
 #include "zt_db/records/thik.h"
+#include "zt_db/records/thlc.h"
 #include "zt_db/sample/sample_building.h"
 #include "zt_tb/core/tb_print_preview.h"
 #include "zt_tb/model/table_kinds.h"
@@ -315,6 +319,57 @@ void TourProperties(Album& album) {
     album.Add("sections", *stage.window);
 }
 
+/// What an analysis of the sample building is told: spectra, time histories and the control.
+void AddAnalysisInput(CDataBase& database) {
+    constexpr int kPoints = 1559;
+    T_THFC_D quake{.name = "El Centro NS", .description = "0.02 s"};
+    for (int at = 0; at < kPoints; ++at) {
+        const double time = 0.02 * at;
+        const double value = 0.35 * std::exp(-0.1 * time) * std::sin(9.0 * time) * std::cos(2.3 * time);
+        quake.points.push_back({time, std::round(value * 1.0e5) / 1.0e5});
+    }
+    database.GetClass<CClassSpfc>()->TR_Add(
+        1, {.name = "KDS 17 S3", .points = {{0.0, 0.224}, {0.07, 0.56}, {0.35, 0.56}, {0.7, 0.28}, {1.4, 0.14}}});
+    database.GetClass<CClassSplc>()->TR_Add(1, {.name = "RX", .spfc = 1, .scale = 0.24});
+    database.GetClass<CClassThfc>()->TR_Add(1, quake);
+    database.GetClass<CClassThlc>()->TR_Add(
+        1, {.name = "TH1", .items = {{.thfc = 1}, {.thfc = 1, .angle = 90.0, .scale = 0.3, .arrival = 0.5}}});
+    database.GetClass<CClassActl>()->TR_Add(T_ACTL_D::kKey, {.massLoads = {{1, 1.0}, {2, 0.25}},
+                                                             .secondOrder = SecondOrder::GivenLoads,
+                                                             .secondOrderLoads = {{1, 1.2}, {2, 1.0}}});
+    T_RSTP_D drift{.amplification = 4.5, .importance = 1.2, .responseFactor = 5.0};
+    drift.verticalLoads = {{LoadCaseKind::Static, 1, 1.0}, {LoadCaseKind::Static, 2, 1.0}};
+    database.GetClass<CClassRstp>()->TR_Add(T_RSTP_D::kKey, drift);
+}
+
+/// The dialogs of the input of an analysis, and the log of one that has warnings and of one that is refused.
+void TourAnalysis(Album& album) {
+    const Stage stage(kUsualRows, {1200, 720});
+    MainWindow& window = *stage.window;
+    CDataBase& database = *window.Document().GetMDBCtrl()->GetCurrentDB();
+    AddAnalysisInput(database);
+    for (const auto& [name, dialog] :
+         {std::pair("dialog-analysis-control", "AnalysisControlDialog"), std::pair("dialog-spectra", "SpectrumDialog"),
+          std::pair("dialog-spectrum-cases", "SpectrumCaseDialog"),
+          std::pair("dialog-time-functions", "TimeFunctionDialog"),
+          std::pair("dialog-time-history-cases", "TimeHistoryCaseDialog"),
+          std::pair("dialog-drift-restriction", "DriftRestrictionDialog")}) {
+        AddDialog(album, name, [&] { velda::ICmdDialog::Instance()->DoModal3(dialog, 1, nullptr, nullptr); });
+    }
+    // A load on a node that no member meets is a warning.
+    constexpr std::uint32_t loose = 90001;
+    database.GetClass<CClassPont>()->TR_Add(loose, {.x = -5.0});
+    database.GetClass<CClassPtld>()->TR_Add(loose, {.node = loose, .stld = 1, .fz = -10.0});
+    window.RunAnalysis();
+    window.Log().show();
+    album.Add("analysis-log", window);
+    std::vector<std::uint32_t> supports;
+    database.GetClass<CClassSpts>()->GetKeyList(supports);
+    database.GetClass<CClassSpts>()->TR_Del(supports);
+    AddDialog(album, "analysis-refused", [&] { window.RunAnalysis(); });
+    album.Add("analysis-log-refused", window);
+}
+
 /// The table of a view of its own, which paper and graphs need.
 class PropertyTable {
 public:
@@ -397,6 +452,7 @@ bool TakeTour(QApplication& application, const QString& folder) {
             TourBuilding(album);
             TourLoads(album);
             TourProperties(album);
+            TourAnalysis(album);
             TourPaperAndGraphs(album);
             isWhole = isWhole && album.IsWhole();
         }

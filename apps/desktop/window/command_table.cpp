@@ -1,12 +1,16 @@
 #include "desktop/window/command_table.h"
 
 #include "desktop/window/main_window.h"
+#include "zt_cmd/analysis_control_dialog.h"
+#include "zt_cmd/drift_restriction_dialog.h"
 #include "zt_cmd/load_case_dialog.h"
 #include "zt_cmd/load_combination_dialog.h"
 #include "zt_cmd/load_type_dialogs.h"
 #include "zt_cmd/matl_dialog.h"
 #include "zt_cmd/sect_dialog.h"
+#include "zt_cmd/spectrum_dialogs.h"
 #include "zt_cmd/thik_dialog.h"
+#include "zt_cmd/time_history_dialogs.h"
 #include "zt_tb/core/tb_command_ids.h"
 
 namespace zt {
@@ -102,6 +106,20 @@ constexpr WindowCommand kCommands[] = {
      &W::Always},
     {"slab-load-types", M::Load, "IDS_DESKTOP_DIALOG_SLTP", "", "", kNoBar, kGoOn, &W::OpenDialog<SlabLoadTypeDialog>,
      &W::Always},
+
+    {"analysis-run", M::Analysis, "IDS_DESKTOP_ANALYSIS_RUN", "F5", "run", kBar, kEnd, &W::RunAnalysis, &W::HasModel},
+    {"analysis-control", M::Analysis, "IDS_DESKTOP_DIALOG_ACTL", "", "", kNoBar, kEnd,
+     &W::OpenDialog<AnalysisControlDialog>, &W::Always},
+    {"spectra", M::Analysis, "IDS_DESKTOP_DIALOG_SPFC", "", "", kNoBar, kGoOn, &W::OpenDialog<SpectrumDialog>,
+     &W::Always},
+    {"spectrum-cases", M::Analysis, "IDS_DESKTOP_DIALOG_SPLC", "", "", kNoBar, kGoOn,
+     &W::OpenDialog<SpectrumCaseDialog>, &W::Always},
+    {"time-functions", M::Analysis, "IDS_DESKTOP_DIALOG_THFC", "", "", kNoBar, kGoOn,
+     &W::OpenDialog<TimeFunctionDialog>, &W::Always},
+    {"time-history-cases", M::Analysis, "IDS_DESKTOP_DIALOG_THLC", "", "", kNoBar, kEnd,
+     &W::OpenDialog<TimeHistoryCaseDialog>, &W::Always},
+    {"drift-restriction", M::Analysis, "IDS_DESKTOP_DIALOG_RSTP", "", "", kNoBar, kGoOn,
+     &W::OpenDialog<DriftRestrictionDialog>, &W::Always},
 };
 
 }  // namespace
@@ -109,8 +127,9 @@ constexpr WindowCommand kCommands[] = {
 std::span<const WindowCommand> WindowCommands() { return kCommands; }
 
 std::string_view MenuTextKey(CommandMenu menu) {
-    constexpr std::string_view kKeys[] = {"IDS_DESKTOP_MENU_FILE", "IDS_DESKTOP_MENU_EDIT", "IDS_DESKTOP_MENU_VIEW",
-                                          "IDS_DESKTOP_MENU_TABLE", "IDS_DESKTOP_MENU_LOAD"};
+    constexpr std::string_view kKeys[] = {"IDS_DESKTOP_MENU_FILE", "IDS_DESKTOP_MENU_EDIT",
+                                          "IDS_DESKTOP_MENU_VIEW", "IDS_DESKTOP_MENU_TABLE",
+                                          "IDS_DESKTOP_MENU_LOAD", "IDS_DESKTOP_MENU_ANALYSIS"};
     return kKeys[static_cast<int>(menu)];
 }
 

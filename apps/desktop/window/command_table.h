@@ -7,7 +7,7 @@ namespace zt {
 
 class MainWindow;
 
-enum class CommandMenu { File, Edit, View, Table, Load };
+enum class CommandMenu { File, Edit, View, Table, Load, Analysis };
 
 /// A command of the main window. The menus, the tool bar and the shortcuts are made from the list of them.
 struct WindowCommand {

@@ -40,6 +40,7 @@ constexpr Picture kPictures[] = {
     {"model-front", "M 4 17 L 4 3 L 16 3 L 16 17 M 4 10 L 16 10 M 2 17 L 18 17"},
     {"model-side", "M 7 17 L 7 3 L 13 3 L 13 17 M 7 8 L 13 8 M 7 13 L 13 13 M 5 17 L 15 17"},
     {"model-isometric", "M 10 2 L 17 6 L 17 14 L 10 18 L 3 14 L 3 6 L 10 2 M 3 6 L 10 10 L 17 6 M 10 10 L 10 18"},
+    {"run", "M 5 3 L 16 10 L 5 17 L 5 3"},
     {"graph", "M 3 2 L 3 17 L 18 17 M 5 13 L 9 8 L 12 11 L 17 4"},
 };
 

@@ -11,9 +11,11 @@
 
 #include "desktop/grid/qt_text.h"
 #include "desktop/safe_application.h"
+#include "desktop/window/analysis_run.h"
 #include "desktop/window/open_rows.h"
 #include "velda_base/host/cmd_dialog.h"
 #include "velda_base/host/wait_cursor.h"
+#include "velda_lib/number_text.h"
 #include "zt_tb/model/tb_prop_view.h"
 
 namespace zt {
@@ -343,6 +345,14 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     for (TableDocument* document : area_->Documents()) CloseDocument(document);
     panes_.clear();
     event->accept();
+}
+
+void MainWindow::RunAnalysis() {
+    if (!LeaveRows()) return;
+    AnalysisRun run(*doc_, *logPane_);
+    const velda::Outcome outcome = run.Run();
+    const std::string warnings = velda::FormatLong(static_cast<std::int64_t>(run.Warnings()));
+    ShowMessage(ToQt(outcome ? velda::FormatText("IDS_DESKTOP_ANALYSIS_DONE", {warnings}) : outcome.Reason()));
 }
 
 }  // namespace zt

@@ -9,6 +9,7 @@
 
 #include "desktop/host/qt_main_frame.h"
 #include "desktop/modelview/model_pane.h"
+#include "desktop/window/analysis_log_pane.h"
 #include "desktop/window/command_table.h"
 #include "desktop/window/docked_table.h"
 #include "desktop/window/document_area.h"
@@ -41,6 +42,8 @@ public:
     TableTree& Tree() { return *tree_; }
     /// The pane that draws the model.
     ModelPane& Model() { return *modelPane_; }
+    /// The pane with the log of the last analysis.
+    AnalysisLogPane& Log() { return *logPane_; }
     FindBar& Finder() { return *findBar_; }
     StatusFields& Fields() { return *fields_; }
     velda::I_MainFrameBase& Frame() { return frame_; }
@@ -97,6 +100,7 @@ public:
     void OpenProperties();
     void ToggleFilter();
     void FitModel();
+    void RunAnalysis();
     template <StandardView view>
     void ShowModelFrom() {
         ShowModel(view);
@@ -191,6 +195,7 @@ private:
     TableTree* tree_ = nullptr;
     QDockWidget* treePane_ = nullptr;
     ModelPane* modelPane_ = nullptr;
+    AnalysisLogPane* logPane_ = nullptr;
     FindBar* findBar_ = nullptr;
     StatusFields* fields_ = nullptr;
     QToolBar* toolBar_ = nullptr;

@@ -57,6 +57,7 @@ void MainWindow::BuildWindow() {
     connect(tree_, &TableTree::TableChosen, this, &MainWindow::OpenTable);
     connect(tree_, &TableTree::PaneChosen, this, &MainWindow::OpenPane);
     modelPane_ = new ModelPane(*this);
+    logPane_ = new AnalysisLogPane(*this);
     connect(qApp, &QApplication::focusChanged, this,
             [this](const QWidget* /*from*/, const QWidget* to) { FocusMoved(to); });
 
@@ -105,6 +106,7 @@ void MainWindow::BuildLists() {
     QMenu* view = menus_[static_cast<std::size_t>(CommandMenu::View)];
     view->addAction(treePane_->toggleViewAction());
     view->addAction(modelPane_->toggleViewAction());
+    view->addAction(logPane_->toggleViewAction());
     view->addMenu(themeMenu_);
     view->addMenu(&fields_->LanguageMenu());
     view->addMenu(&fields_->UnitMenu());
@@ -189,6 +191,7 @@ void MainWindow::ShowTexts() {
     treePane_->setWindowTitle(Word("IDS_DESKTOP_TREE"));
     tree_->ShowTexts();
     modelPane_->ShowTexts();
+    logPane_->ShowTexts();
     findBar_->ShowTexts();
     fields_->ShowLanguage();
     fields_->ShowUnits(*doc_->GetUnitCtrl());

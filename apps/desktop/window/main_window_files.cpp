@@ -32,6 +32,7 @@ void MainWindow::UseModel(std::unique_ptr<CDBDoc> doc) {
     CloseDocuments();
     watcher_.DisconnectFromDoc();
     modelPane_->ShowDocument(nullptr);
+    logPane_->Clear();
     doc_ = std::move(doc);
     savedCount_ = Database().GetTransactionCount();
     doc_->MakeCurrent();
