@@ -9,13 +9,15 @@
 #include "zt_anl/analysis_log.h"
 #include "zt_anl/model/frame_model.h"
 #include "zt_db/core/database.h"
+#include "zt_db/records/actl.h"
 
 namespace zt {
 
 /// The parts of an analysis, as its progress tells them.
-enum class AnalysisStep { Read, Assemble, Factor, Static, Modal };
+enum class AnalysisStep { Read, Assemble, Factor, Static, Modal, Spectrum, History };
 
-/// Asked between steps with what begins and how much of it is done; false stops the analysis.
+/// Asked between steps, and within long ones, with what is at work and how much of it is done; false stops the
+/// analysis.
 using AnalysisProgress = std::function<bool(AnalysisStep step, std::size_t done, std::size_t of)>;
 
 struct AnalysisOptions {
@@ -23,9 +25,14 @@ struct AnalysisOptions {
     bool modal = true;
     bool selfWeightMass = true;  ///< the masses of members count besides those of nodes
     std::size_t modes = 12;
+    /// Static load cases whose downward loads on nodes and members count as masses, with factors.
+    std::vector<T_STLD_FACTOR> massLoads{};
     std::size_t stations = 9;  ///< along each element, its ends included; at least 2
     AnalysisProgress progress{};
 };
+
+/// What a model says of its own analysis; the defaults where it says nothing.
+AnalysisOptions OptionsOf(const CDataBase& database);
 
 /// What a section carries at a station: the forces and moments on its face that looks to end j, in local axes, so that
 /// tension is positive: N, Vy, Vz, T, My, Mz.
@@ -56,13 +63,13 @@ struct ModeResult {
     double frequency = 0.0;  ///< Hz
     double period = 0.0;     ///< s
     std::vector<NodeVector> shape{};
-    Vector3 participation{};
-    Vector3 effectiveMass{};  ///< kg
+    NodeVector participation{};  ///< in moves along the global axes and in turns about them, through the centre of mass
+    NodeVector effectiveMass{};  ///< kg and kg m2
 };
 
 struct ModalResult {
     std::vector<ModeResult> modes{};  ///< the longest period first; shapes have a modal mass of 1
-    Vector3 totalMass{};              ///< that can move, in kg
+    NodeVector totalMass{};           ///< that can move, in kg, and in kg m2 about the centre of mass
 };
 
 /// The results of a response spectrum load case: greatest magnitudes, without signs.
@@ -108,8 +115,8 @@ struct AnalysisResult {
     std::vector<HistoryResult> histories{};  ///< in the order of their keys
 };
 
-/// Analyses a model: all its static load cases, and its modes. Refused, with the reason, when the model cannot be
-/// analysed or the progress stopped it.
+/// Analyses a model: all its static load cases, its modes, and the response spectrum and time-history load cases that
+/// stand on them. Refused, with the reason, when the model cannot be analysed or the progress stopped it.
 velda::Outcome Analyse(const CDataBase& database, const AnalysisOptions& options, AnalysisResult& result,
                        AnalysisLog& log);
 

@@ -1,0 +1,135 @@
+#include "zt_anl/solve/response_shapes.h"
+
+#include <algorithm>
+
+#include "zt_anl/element/station_forces.h"
+
+namespace zt {
+
+using Eigen::Index;
+using Eigen::MatrixXd;
+
+namespace {
+
+constexpr Index kRows = static_cast<Index>(kFreedoms);
+
+Index RowOf(std::size_t item) { return static_cast<Index>(item) * kRows; }
+
+}  // namespace
+
+std::span<const SpanLoad> LoadsOnSpan(const CaseLoads& loads, std::size_t span) {
+    const auto range = std::equal_range(loads.spans.begin(), loads.spans.end(), SpanLoad{.span = span},
+                                        [](const SpanLoad& a, const SpanLoad& b) { return a.span < b.span; });
+    return {range.first, range.second};
+}
+
+ResponseShapes::ResponseShapes(const Structure& structure, const ModalResult& modal,
+                               std::vector<const CaseLoads*> loads, std::size_t stations)
+    : structure_(structure),
+      modal_(modal),
+      loads_(std::move(loads)),
+      stations_(stations),
+      modes_(static_cast<Index>(modal.modes.size())) {
+    PutReactions();
+}
+
+MatrixXd ResponseShapes::Displacements(std::size_t node) const {
+    MatrixXd shapes(kRows, modes_);
+    for (Index mode = 0; mode < modes_; ++mode) {
+        shapes.col(mode) = Eigen::Map<const Eigen::Matrix<double, 6, 1>>(
+            modal_.modes[static_cast<std::size_t>(mode)].shape[node].data());
+    }
+    return shapes;
+}
+
+MatrixXd ResponseShapes::Reactions(std::size_t support) const { return reactions_.middleRows(RowOf(support), kRows); }
+
+MatrixXd ResponseShapes::Ends(std::size_t span) const {
+    const FrameElement& element = structure_.Elements()[span];
+    MatrixXd ends = MatrixXd::Zero(2 * kRows, Count());
+    for (Index column = 0; column < Count(); ++column) {
+        if (const CaseLoads* loads = LoadsOf(column)) {
+            for (const SpanLoad& load : LoadsOnSpan(*loads, span)) ends.col(column) -= element.NodalForces(load);
+        } else {
+            const auto& shape = modal_.modes[static_cast<std::size_t>(column)].shape;
+            ends.col(column) = element.LocalStiffness() * element.ToLocal(structure_.EndDisplacements(shape, span));
+        }
+    }
+    return ends;
+}
+
+MatrixXd ResponseShapes::Stations(std::size_t span, const MatrixXd& ends) const {
+    MatrixXd forces(RowOf(stations_), Count());
+    for (Index column = 0; column < Count(); ++column) {
+        const CaseLoads* loads = LoadsOf(column);
+        EndVector own{};
+        std::copy_n(ends.col(column).data(), own.size(), own.begin());
+        const auto stations = ForcesAtStations(
+            Model().spans[span], own, loads ? LoadsOnSpan(*loads, span) : std::span<const SpanLoad>(), stations_);
+        for (std::size_t i = 0; i < stations_; ++i) {
+            forces.block<kRows, 1>(RowOf(i), column) =
+                Eigen::Map<const Eigen::Matrix<double, 6, 1>>(stations[i].forces.data());
+        }
+    }
+    return forces;
+}
+
+/// What elements and springs take at the independent freedoms, and loads on nodes do not bring.
+MatrixXd ResponseShapes::TakenAtFreedoms() const {
+    const FrameModel& model = Model();
+    std::vector<std::vector<NodeVector>> taken(static_cast<std::size_t>(Count()),
+                                               std::vector<NodeVector>(model.nodes.size()));
+    for (std::size_t span = 0; span < model.spans.size(); ++span) {
+        const MatrixXd ends = Ends(span);
+        for (Index column = 0; column < Count(); ++column) {
+            const Vector12 global = structure_.Elements()[span].ToGlobal(ends.col(column));
+            auto& nodes = taken[static_cast<std::size_t>(column)];
+            for (std::size_t k = 0; k < 2 * kFreedoms; ++k) {
+                nodes[model.spans[span].ends[k / kFreedoms]][k % kFreedoms] += global(static_cast<Index>(k));
+            }
+        }
+    }
+    MatrixXd sums(static_cast<Index>(structure_.NodeFreedoms().Count()), Count());
+    for (Index column = 0; column < Count(); ++column) {
+        auto& nodes = taken[static_cast<std::size_t>(column)];
+        if (const CaseLoads* loads = LoadsOf(column)) {
+            for (std::size_t node = 0; node < nodes.size(); ++node) {
+                for (std::size_t k = 0; k < kFreedoms; ++k) nodes[node][k] -= loads->nodal[node][k];
+            }
+        } else {
+            const auto& shape = modal_.modes[static_cast<std::size_t>(column)].shape;
+            for (const FrameSupport& support : model.supports) {
+                for (std::size_t k = 0; k < kFreedoms; ++k) {
+                    nodes[support.node][k] += support.spring[k] * shape[support.node][k];
+                }
+            }
+        }
+        sums.col(column) = structure_.Gather(nodes);
+    }
+    return sums;
+}
+
+/// A held freedom gives what is taken there, a spring resists its displacement. Forces on slaves count at their
+/// masters.
+void ResponseShapes::PutReactions() {
+    const auto& supports = Model().supports;
+    const Freedoms& freedoms = structure_.NodeFreedoms();
+    const MatrixXd taken = TakenAtFreedoms();
+    reactions_ = MatrixXd::Zero(RowOf(supports.size()), Count());
+    for (std::size_t s = 0; s < supports.size(); ++s) {
+        const MatrixXd shapes = Displacements(supports[s].node);
+        for (std::size_t k = 0; k < kFreedoms; ++k) {
+            const Index row = RowOf(s) + static_cast<Index>(k);
+            if (!supports[s].isFixed[k]) {
+                reactions_.row(row).head(modes_) = -supports[s].spring[k] * shapes.row(static_cast<Index>(k));
+                continue;
+            }
+            const Freedoms::Term& term = freedoms.TermsOf(supports[s].node, k)[0];
+            if (freedoms.At(static_cast<std::size_t>(term.place)).node == supports[s].node) {
+                reactions_.row(row) = taken.row(term.place);
+            }
+        }
+    }
+}
+
+}  // namespace zt

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "zt_anl/analysis.h"
+#include "zt_anl/solve/structure.h"
+#include <Eigen/Dense>
+
+namespace zt {
+
+/// The shapes that a response over time is a sum of, in columns: first the modes, then static load cases whose loads
+/// act while all nodes are held. Values of nodes, supports and spans stand in rows.
+class ResponseShapes {
+public:
+    /// What is given must outlive the shapes. There are at least two stations.
+    ResponseShapes(const Structure& structure, const ModalResult& modal, std::vector<const CaseLoads*> loads,
+                   std::size_t stations);
+
+    const FrameModel& Model() const { return structure_.Model(); }
+    const ModalResult& Modal() const { return modal_; }
+    Eigen::Index ModeCount() const { return modes_; }
+    /// Of modes alone: held nodes do not move.
+    Eigen::MatrixXd Displacements(std::size_t node) const;
+    Eigen::MatrixXd Reactions(std::size_t support) const;
+    /// Forces on an element at its ends, in local axes.
+    Eigen::MatrixXd Ends(std::size_t span) const;
+    /// Forces at the stations of a span, those of each station one below the other.
+    Eigen::MatrixXd Stations(std::size_t span, const Eigen::MatrixXd& ends) const;
+    std::size_t StationCount() const { return stations_; }
+
+private:
+    Eigen::Index Count() const { return modes_ + static_cast<Eigen::Index>(loads_.size()); }
+    const CaseLoads* LoadsOf(Eigen::Index column) const {
+        return column < modes_ ? nullptr : loads_[static_cast<std::size_t>(column - modes_)];
+    }
+    void PutReactions();
+    Eigen::MatrixXd TakenAtFreedoms() const;
+
+    const Structure& structure_;
+    const ModalResult& modal_;
+    std::vector<const CaseLoads*> loads_;
+    std::size_t stations_;
+    Eigen::Index modes_;
+    Eigen::MatrixXd reactions_;  ///< six rows for each support
+};
+
+/// The loads of a case on one span.
+std::span<const SpanLoad> LoadsOnSpan(const CaseLoads& loads, std::size_t span);
+
+}  // namespace zt
