@@ -88,7 +88,8 @@ private:
     Outcome SolveSpectra() {
         const std::vector<SpectrumCase> cases = ReadSpectrumCases(database_, log_);
         if (cases.empty() || LacksModes(cases)) return Outcome::Done();
-        const ResponseShapes shapes(structure_, result_.modal, {}, stations_);
+        const std::vector<DrivingLoads> none;
+        const ResponseShapes shapes(structure_, result_.modal, none, stations_);
         for (std::size_t i = 0; i < cases.size(); ++i) {
             const WorkGoes goes = WorkOf(AnalysisStep::Spectrum, i, cases.size());
             if (!SolveSpectrum(shapes, cases[i], goes, result_.spectra.emplace_back())) return Stopped();
@@ -98,12 +99,10 @@ private:
     Outcome SolveHistories() {
         const std::vector<HistoryCase> cases = ReadHistoryCases(database_, log_);
         if (LacksModes(cases)) return Outcome::Done();
+        const HistorySolver solver(structure_, solver_.WholeFactor(), result_.modal, loads_, stations_);
         for (std::size_t i = 0; i < cases.size(); ++i) {
             const WorkGoes goes = WorkOf(AnalysisStep::History, i, cases.size());
-            if (!SolveHistory(structure_, result_.modal, loads_, cases[i], stations_, goes,
-                              result_.histories.emplace_back())) {
-                return Stopped();
-            }
+            if (!solver.Solve(cases[i], goes, result_.histories.emplace_back())) return Stopped();
         }
         return Outcome::Done();
     }

@@ -89,7 +89,8 @@ struct NodeEnvelope {
     NodeVector minTime{};
 };
 
-/// The results of a time-history load case. Displacements and velocities are relative to the ground.
+/// The results of a time-history load case. Displacements and velocities are relative to the ground; velocities and
+/// accelerations are those of the modes.
 struct HistoryResult {
     std::uint32_t thlc = 0;  ///< key
     std::string name{};
@@ -99,6 +100,10 @@ struct HistoryResult {
     std::vector<double> coordinates{};
     std::vector<double> accelerations{};
     std::vector<Vector3> ground{};  ///< acceleration of the ground in each state, in m/s2
+    /// What the modes leave of the static displacements by the load cases that drive, for each of these; and how much
+    /// of each case acts, for each state those of all cases.
+    std::vector<std::vector<NodeVector>> remainders{};
+    std::vector<double> loadFactors{};
     std::vector<NodeEnvelope> displacements{};
     std::vector<NodeEnvelope> velocities{};
     std::vector<NodeEnvelope> relativeAccelerations{};

@@ -1,6 +1,7 @@
 #include "zt_anl/solve/history_solver.h"
 
 #include <algorithm>
+#include <numbers>
 
 #include "zt_anl/solve/modal_history.h"
 
@@ -81,7 +82,7 @@ public:
         const FrameModel& model = shapes_.Model();
         of_ = model.nodes.size() + model.supports.size() + model.spans.size();
         absolute_ = Stacked(history_.accelerations, history_.ground);
-        forces_ = Stacked(history_.coordinates, history_.loads);
+        whole_ = Stacked(history_.coordinates, history_.loads);
         return InBlocks(model.nodes.size(), [&](std::size_t from, std::size_t to) { PutNodes(from, to); }) &&
                InBlocks(model.supports.size(), [&](std::size_t from, std::size_t to) { PutSupports(from, to); }) &&
                InBlocks(model.spans.size(), [&](std::size_t from, std::size_t to) { PutSpans(from, to); });
@@ -107,9 +108,10 @@ private:
     }
     void PutNodes(std::size_t from, std::size_t to) {
         const Index modes = shapes_.ModeCount();
-        const MatrixXd shapes =
-            Gathered(from, to, modes, [&](std::size_t node) { return shapes_.Displacements(node); });
-        Append(EnvelopesOf(shapes, history_.coordinates, history_.step), result_.displacements);
+        const MatrixXd all =
+            Gathered(from, to, whole_.rows(), [&](std::size_t node) { return shapes_.Displacements(node); });
+        const MatrixXd shapes = all.leftCols(modes);
+        Append(EnvelopesOf(all, whole_, history_.step), result_.displacements);
         Append(EnvelopesOf(shapes, history_.speeds, history_.step), result_.velocities);
         Append(EnvelopesOf(shapes, history_.accelerations, history_.step), result_.relativeAccelerations);
         MatrixXd withGround = MatrixXd::Zero(shapes.rows(), modes + 3);
@@ -121,13 +123,13 @@ private:
     }
     void PutSupports(std::size_t from, std::size_t to) {
         const MatrixXd shapes =
-            Gathered(from, to, forces_.rows(), [&](std::size_t support) { return shapes_.Reactions(support); });
-        Append(EnvelopesOf(shapes, forces_, history_.step), result_.reactions);
+            Gathered(from, to, whole_.rows(), [&](std::size_t support) { return shapes_.Reactions(support); });
+        Append(EnvelopesOf(shapes, whole_, history_.step), result_.reactions);
     }
     void PutSpans(std::size_t from, std::size_t to) {
         for (std::size_t span = from; span < to; ++span) {
             const MatrixXd shapes = shapes_.Stations(span, shapes_.Ends(span));
-            result_.stations.push_back(EnvelopesOf(shapes, forces_, history_.step));
+            result_.stations.push_back(EnvelopesOf(shapes, whole_, history_.step));
         }
     }
 
@@ -136,7 +138,7 @@ private:
     const WorkGoes& goes_;
     HistoryResult& result_;
     MatrixXd absolute_;  ///< accelerations of the modes and of the ground
-    MatrixXd forces_;    ///< coordinates of the modes and factors of the loads
+    MatrixXd whole_;     ///< coordinates of the modes and factors of the loads
     std::size_t done_ = 0;
     std::size_t of_ = 0;
 };
@@ -149,6 +151,7 @@ void StoreStates(const ModalHistory& history, HistoryResult& result) {
     result.steps = static_cast<std::size_t>(history.coordinates.cols());
     result.coordinates = valuesOf(history.coordinates);
     result.accelerations = valuesOf(history.accelerations);
+    result.loadFactors = valuesOf(history.loads);
     for (Index state = 0; state < history.ground.cols(); ++state) {
         result.ground.push_back({history.ground(0, state), history.ground(1, state), history.ground(2, state)});
     }
@@ -156,20 +159,36 @@ void StoreStates(const ModalHistory& history, HistoryResult& result) {
 
 }  // namespace
 
-bool SolveHistory(const Structure& structure, const ModalResult& modal, const std::vector<CaseLoads>& cases,
-                  const HistoryCase& historyCase, std::size_t stations, const WorkGoes& goes, HistoryResult& result) {
+const CaseLoads& HistorySolver::LoadsOf(std::uint32_t stld) const {
+    return *std::find_if(cases_.begin(), cases_.end(), [&](const CaseLoads& loads) { return loads.stld == stld; });
+}
+
+/// What the modes leave of the static displacements by some loads.
+std::vector<NodeVector> HistorySolver::Remainder(const CaseLoads& loads, const std::vector<NodeVector>& nodal) const {
+    std::vector<NodeVector> remainder = structure_.Spread(stiffness_.solve(structure_.LoadVector(loads)));
+    for (const ModeResult& mode : modal_.modes) {
+        const double omega = 2.0 * std::numbers::pi * mode.frequency;
+        const double share = WorkOn(mode.shape, nodal) / (omega * omega);
+        for (std::size_t node = 0; node < remainder.size(); ++node) {
+            for (std::size_t i = 0; i < kFreedoms; ++i) remainder[node][i] -= share * mode.shape[node][i];
+        }
+    }
+    return remainder;
+}
+
+bool HistorySolver::Solve(const HistoryCase& historyCase, const WorkGoes& goes, HistoryResult& result) const {
     result = {.thlc = historyCase.key, .name = historyCase.record.name};
-    std::vector<const CaseLoads*> driving;
+    std::vector<DrivingLoads> driving;
     std::vector<std::vector<NodeVector>> nodal;
     for (const std::uint32_t stld : DrivingCases(historyCase.record)) {
-        const auto of =
-            std::find_if(cases.begin(), cases.end(), [&](const CaseLoads& loads) { return loads.stld == stld; });
-        driving.push_back(&*of);
-        nodal.push_back(structure.NodalLoads(*of));
+        const CaseLoads& loads = LoadsOf(stld);
+        nodal.push_back(structure_.NodalLoads(loads));
+        driving.push_back({&loads, Remainder(loads, nodal.back())});
+        result.remainders.push_back(driving.back().remainder);
     }
-    const ModalHistory history = IntegrateModes(modal, historyCase, nodal);
+    const ModalHistory history = IntegrateModes(modal_, historyCase, nodal);
     StoreStates(history, result);
-    const ResponseShapes shapes(structure, modal, std::move(driving), stations);
+    const ResponseShapes shapes(structure_, modal_, driving, stations_);
     return EnvelopeMaker(shapes, history, goes, result).Run();
 }
 

@@ -113,7 +113,7 @@ private:
             const std::size_t place = PlaceOf(cases_, item.stld);
             loads_(static_cast<Index>(place), at) = item.scale;
             for (Index i = 0; i < modes_; ++i) {
-                forces_(i, at) = item.scale * WorkOf(nodal[place], modal.modes[static_cast<std::size_t>(i)].shape);
+                forces_(i, at) = item.scale * WorkOn(modal.modes[static_cast<std::size_t>(i)].shape, nodal[place]);
             }
             return;
         }
@@ -125,13 +125,6 @@ private:
                 forces_(i, at) -= acceleration * modal.modes[static_cast<std::size_t>(i)].participation[axis];
             }
         }
-    }
-    static double WorkOf(const std::vector<NodeVector>& forces, const std::vector<NodeVector>& shape) {
-        double work = 0.0;
-        for (std::size_t node = 0; node < forces.size(); ++node) {
-            for (std::size_t i = 0; i < kFreedoms; ++i) work += forces[node][i] * shape[node][i];
-        }
-        return work;
     }
 
     VectorXd DrivesAt(double time) const {
@@ -207,6 +200,14 @@ std::vector<std::uint32_t> DrivingCases(const T_THLC_D& record) {
         if (item.stld != 0 && PlaceOf(cases, item.stld) == cases.size()) cases.push_back(item.stld);
     }
     return cases;
+}
+
+double WorkOn(const std::vector<NodeVector>& shape, const std::vector<NodeVector>& forces) {
+    double work = 0.0;
+    for (std::size_t node = 0; node < forces.size(); ++node) {
+        for (std::size_t i = 0; i < kFreedoms; ++i) work += forces[node][i] * shape[node][i];
+    }
+    return work;
 }
 
 ModalHistory IntegrateModes(const ModalResult& modal, const HistoryCase& of,

@@ -28,4 +28,7 @@ std::vector<std::uint32_t> DrivingCases(const T_THLC_D& record);
 ModalHistory IntegrateModes(const ModalResult& modal, const HistoryCase& of,
                             const std::vector<std::vector<NodeVector>>& nodal);
 
+/// The work of forces on nodes on the displacements of a shape.
+double WorkOn(const std::vector<NodeVector>& shape, const std::vector<NodeVector>& forces);
+
 }  // namespace zt

@@ -24,20 +24,19 @@ std::span<const SpanLoad> LoadsOnSpan(const CaseLoads& loads, std::size_t span) 
 }
 
 ResponseShapes::ResponseShapes(const Structure& structure, const ModalResult& modal,
-                               std::vector<const CaseLoads*> loads, std::size_t stations)
+                               const std::vector<DrivingLoads>& loads, std::size_t stations)
     : structure_(structure),
       modal_(modal),
-      loads_(std::move(loads)),
+      loads_(loads),
       stations_(stations),
       modes_(static_cast<Index>(modal.modes.size())) {
     PutReactions();
 }
 
 MatrixXd ResponseShapes::Displacements(std::size_t node) const {
-    MatrixXd shapes(kRows, modes_);
-    for (Index mode = 0; mode < modes_; ++mode) {
-        shapes.col(mode) = Eigen::Map<const Eigen::Matrix<double, 6, 1>>(
-            modal_.modes[static_cast<std::size_t>(mode)].shape[node].data());
+    MatrixXd shapes(kRows, Count());
+    for (Index column = 0; column < Count(); ++column) {
+        shapes.col(column) = Eigen::Map<const Eigen::Matrix<double, 6, 1>>(ShapeOf(column)[node].data());
     }
     return shapes;
 }
@@ -46,13 +45,12 @@ MatrixXd ResponseShapes::Reactions(std::size_t support) const { return reactions
 
 MatrixXd ResponseShapes::Ends(std::size_t span) const {
     const FrameElement& element = structure_.Elements()[span];
-    MatrixXd ends = MatrixXd::Zero(2 * kRows, Count());
+    MatrixXd ends(2 * kRows, Count());
     for (Index column = 0; column < Count(); ++column) {
+        ends.col(column) =
+            element.LocalStiffness() * element.ToLocal(structure_.EndDisplacements(ShapeOf(column), span));
         if (const CaseLoads* loads = LoadsOf(column)) {
             for (const SpanLoad& load : LoadsOnSpan(*loads, span)) ends.col(column) -= element.NodalForces(load);
-        } else {
-            const auto& shape = modal_.modes[static_cast<std::size_t>(column)].shape;
-            ends.col(column) = element.LocalStiffness() * element.ToLocal(structure_.EndDisplacements(shape, span));
         }
     }
     return ends;
@@ -92,17 +90,14 @@ MatrixXd ResponseShapes::TakenAtFreedoms() const {
     MatrixXd sums(static_cast<Index>(structure_.NodeFreedoms().Count()), Count());
     for (Index column = 0; column < Count(); ++column) {
         auto& nodes = taken[static_cast<std::size_t>(column)];
-        if (const CaseLoads* loads = LoadsOf(column)) {
-            for (std::size_t node = 0; node < nodes.size(); ++node) {
-                for (std::size_t k = 0; k < kFreedoms; ++k) nodes[node][k] -= loads->nodal[node][k];
+        for (const FrameSupport& support : model.supports) {
+            for (std::size_t k = 0; k < kFreedoms; ++k) {
+                nodes[support.node][k] += support.spring[k] * ShapeOf(column)[support.node][k];
             }
-        } else {
-            const auto& shape = modal_.modes[static_cast<std::size_t>(column)].shape;
-            for (const FrameSupport& support : model.supports) {
-                for (std::size_t k = 0; k < kFreedoms; ++k) {
-                    nodes[support.node][k] += support.spring[k] * shape[support.node][k];
-                }
-            }
+        }
+        const CaseLoads* loads = LoadsOf(column);
+        for (std::size_t node = 0; loads && node < nodes.size(); ++node) {
+            for (std::size_t k = 0; k < kFreedoms; ++k) nodes[node][k] -= loads->nodal[node][k];
         }
         sums.col(column) = structure_.Gather(nodes);
     }
@@ -121,7 +116,7 @@ void ResponseShapes::PutReactions() {
         for (std::size_t k = 0; k < kFreedoms; ++k) {
             const Index row = RowOf(s) + static_cast<Index>(k);
             if (!supports[s].isFixed[k]) {
-                reactions_.row(row).head(modes_) = -supports[s].spring[k] * shapes.row(static_cast<Index>(k));
+                reactions_.row(row) = -supports[s].spring[k] * shapes.row(static_cast<Index>(k));
                 continue;
             }
             const Freedoms::Term& term = freedoms.TermsOf(supports[s].node, k)[0];

@@ -9,18 +9,23 @@
 
 namespace zt {
 
-/// The shapes that a response over time is a sum of, in columns: first the modes, then static load cases whose loads
-/// act while all nodes are held. Values of nodes, supports and spans stand in rows.
+/// A static load case that drives, and what the modes leave of its displacements.
+struct DrivingLoads {
+    const CaseLoads* loads = nullptr;
+    std::vector<NodeVector> remainder{};
+};
+
+/// The shapes that a response over time is a sum of, in columns: first the modes, then the static load cases that
+/// drive. Values of nodes, supports and spans stand in rows.
 class ResponseShapes {
 public:
     /// What is given must outlive the shapes. There are at least two stations.
-    ResponseShapes(const Structure& structure, const ModalResult& modal, std::vector<const CaseLoads*> loads,
+    ResponseShapes(const Structure& structure, const ModalResult& modal, const std::vector<DrivingLoads>& loads,
                    std::size_t stations);
 
     const FrameModel& Model() const { return structure_.Model(); }
     const ModalResult& Modal() const { return modal_; }
     Eigen::Index ModeCount() const { return modes_; }
-    /// Of modes alone: held nodes do not move.
     Eigen::MatrixXd Displacements(std::size_t node) const;
     Eigen::MatrixXd Reactions(std::size_t support) const;
     /// Forces on an element at its ends, in local axes.
@@ -31,15 +36,19 @@ public:
 
 private:
     Eigen::Index Count() const { return modes_ + static_cast<Eigen::Index>(loads_.size()); }
+    const std::vector<NodeVector>& ShapeOf(Eigen::Index column) const {
+        return column < modes_ ? modal_.modes[static_cast<std::size_t>(column)].shape
+                               : loads_[static_cast<std::size_t>(column - modes_)].remainder;
+    }
     const CaseLoads* LoadsOf(Eigen::Index column) const {
-        return column < modes_ ? nullptr : loads_[static_cast<std::size_t>(column - modes_)];
+        return column < modes_ ? nullptr : loads_[static_cast<std::size_t>(column - modes_)].loads;
     }
     void PutReactions();
     Eigen::MatrixXd TakenAtFreedoms() const;
 
     const Structure& structure_;
     const ModalResult& modal_;
-    std::vector<const CaseLoads*> loads_;
+    const std::vector<DrivingLoads>& loads_;
     std::size_t stations_;
     Eigen::Index modes_;
     Eigen::MatrixXd reactions_;  ///< six rows for each support

@@ -11,9 +11,4 @@ namespace zt {
 bool SolveSpectrum(const ResponseShapes& shapes, const SpectrumCase& spectrumCase, const WorkGoes& goes,
                    SpectrumResult& result);
 
-/// How far two modes swing together: the complete quadratic combination with one ratio of damping (Der Kiureghian,
-/// 1981, A response spectrum method for random vibration analysis of MDF systems, Earthquake Eng. Struct. Dyn. 9,
-/// 419-435).
-double ModeCorrelation(double frequency, double other, double damping);
-
 }  // namespace zt
