@@ -4,8 +4,6 @@
 namespace zt {
 namespace {
 
-constexpr double kPi = std::numbers::pi;
-
 class HistoryTest : public DynamicsTest {
 protected:
     static constexpr double kStep = 0.01;
