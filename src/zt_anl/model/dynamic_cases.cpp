@@ -9,7 +9,7 @@ namespace zt {
 namespace {
 
 /// More states than this are taken for a slip of the pen.
-constexpr double kMostStates = 1.0e6;
+constexpr double kMostStates = 2.0e5;
 
 /// Reads the function of a case; false when it is missing or has no points.
 template <class Class>
