@@ -16,7 +16,8 @@ bool AnalyseModel(const std::string& path) {
     zt::AnalysisResult result;
     zt::AnalysisLog log;
     const auto start = std::chrono::steady_clock::now();
-    const velda::Outcome outcome = zt::Analyse(*doc->GetMDBCtrl()->GetCurrentDB(), {}, result, log);
+    const zt::CDataBase& database = *doc->GetMDBCtrl()->GetCurrentDB();
+    const velda::Outcome outcome = zt::Analyse(database, zt::OptionsOf(database), result, log);
     const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
     std::cout << log.Text();
     if (!outcome) {

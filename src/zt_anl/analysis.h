@@ -14,9 +14,10 @@
 namespace zt {
 
 /// The parts of an analysis, as its progress tells them.
-enum class AnalysisStep { Read, Assemble, Factor, Static, Modal };
+enum class AnalysisStep { Read, Assemble, Factor, Static, Modal, Spectrum, History };
 
-/// Asked between steps with what begins and how much of it is done; false stops the analysis.
+/// Asked between steps, and within long ones, with what is at work and how much of it is done; false stops the
+/// analysis.
 using AnalysisProgress = std::function<bool(AnalysisStep step, std::size_t done, std::size_t of)>;
 
 struct AnalysisOptions {
@@ -29,9 +30,14 @@ struct AnalysisOptions {
     int secondOrder = SecondOrder::None;
     std::vector<T_STLD_FACTOR> secondOrderLoads{};
     std::size_t modes = 12;
+    /// Static load cases whose downward loads on nodes and members count as masses, with factors.
+    std::vector<T_STLD_FACTOR> massLoads{};
     std::size_t stations = 9;  ///< along each element, its ends included; at least 2
     AnalysisProgress progress{};
 };
+
+/// What a model says of its own analysis; the defaults where it says nothing.
+AnalysisOptions OptionsOf(const CDataBase& database);
 
 /// What a section carries at a station: the forces and moments on its face that looks to end j, in local axes, so that
 /// tension is positive: N, Vy, Vz, T, My, Mz.
@@ -62,13 +68,13 @@ struct ModeResult {
     double frequency = 0.0;  ///< Hz
     double period = 0.0;     ///< s
     std::vector<NodeVector> shape{};
-    Vector3 participation{};
-    Vector3 effectiveMass{};  ///< kg
+    NodeVector participation{};  ///< in moves along the global axes and in turns about them, through the centre of mass
+    NodeVector effectiveMass{};  ///< kg and kg m2
 };
 
 struct ModalResult {
     std::vector<ModeResult> modes{};  ///< the longest period first; shapes have a modal mass of 1
-    Vector3 totalMass{};              ///< that can move, in kg
+    NodeVector totalMass{};           ///< that can move, in kg, and in kg m2 about the centre of mass
 };
 
 /// The results of a response spectrum load case: greatest magnitudes, without signs.
@@ -77,7 +83,10 @@ struct SpectrumResult {
     std::string name{};
     std::vector<NodeVector> displacements{};
     std::vector<NodeVector> reactions{};
+    NodeVector reactionSum{};  ///< moments about the origin
     std::vector<ElementForces> elements{};
+    std::vector<double> coordinates{};  ///< the peak of each mode, with its sign
+    std::vector<double> correlation{};  ///< of the modes, row by row; empty where squares are added
 };
 
 /// The greatest and least value of each component over time, and when they came, in s.
@@ -88,7 +97,8 @@ struct NodeEnvelope {
     NodeVector minTime{};
 };
 
-/// The results of a time-history load case. Displacements and velocities are relative to the ground.
+/// The results of a time-history load case. Displacements and velocities are relative to the ground; velocities and
+/// accelerations are those of the modes.
 struct HistoryResult {
     std::uint32_t thlc = 0;  ///< key
     std::string name{};
@@ -98,24 +108,30 @@ struct HistoryResult {
     std::vector<double> coordinates{};
     std::vector<double> accelerations{};
     std::vector<Vector3> ground{};  ///< acceleration of the ground in each state, in m/s2
+    /// What the modes leave of the static displacements by the load cases that drive, for each of these; and how much
+    /// of each case acts, for each state those of all cases.
+    std::vector<std::vector<NodeVector>> remainders{};
+    std::vector<double> loadFactors{};
     std::vector<NodeEnvelope> displacements{};
     std::vector<NodeEnvelope> velocities{};
     std::vector<NodeEnvelope> relativeAccelerations{};
     std::vector<NodeEnvelope> absoluteAccelerations{};
     std::vector<NodeEnvelope> reactions{};              ///< in the order of the supports
+    NodeEnvelope reactionSum{};                         ///< moments about the origin
     std::vector<std::vector<NodeEnvelope>> stations{};  ///< of each span, at its stations
 };
 
 struct AnalysisResult {
     FrameModel model{};
+    std::size_t stations = 0;         ///< along each element
     std::vector<CaseResult> cases{};  ///< in the order of their keys
     ModalResult modal{};
     std::vector<SpectrumResult> spectra{};   ///< in the order of their keys
     std::vector<HistoryResult> histories{};  ///< in the order of their keys
 };
 
-/// Analyses a model: all its static load cases, and its modes. Refused, with the reason, when the model cannot be
-/// analysed or the progress stopped it.
+/// Analyses a model: all its static load cases, its modes, and the response spectrum and time-history load cases that
+/// stand on them. Refused, with the reason, when the model cannot be analysed or the progress stopped it.
 velda::Outcome Analyse(const CDataBase& database, const AnalysisOptions& options, AnalysisResult& result,
                        AnalysisLog& log);
 

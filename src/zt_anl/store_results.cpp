@@ -1,13 +1,10 @@
 #include "zt_anl/store_results.h"
 
 #include <algorithm>
-#include <unordered_map>
 
 #include "velda_lib/msg_dll.h"
 #include "zt_db/post/result_keeper.h"
 #include "zt_db/records/load_case_kind.h"
-#include "zt_db/records/splc.h"
-#include "zt_db/records/stld.h"
 
 namespace zt {
 namespace {
@@ -37,8 +34,8 @@ private:
     void Numbers(std::string_view name, std::size_t columns, std::span<const double> values) {
         if (outcome_ && !values.empty()) outcome_ = sink_.PutArray(name, columns, values);
     }
-    void Case(int kind, std::uint32_t key, const std::string& name, const std::string& type) {
-        if (outcome_) outcome_ = sink_.PutCase({kind, key, name, type});
+    void Case(int kind, std::uint32_t key, const std::string& name) {
+        if (outcome_) outcome_ = sink_.PutCase({kind, key, name, {}});
         kind_ = kind;
         key_ = key;
     }
@@ -100,7 +97,7 @@ private:
     }
 
     void WriteCase(const CaseResult& one) {
-        Case(LoadCaseKind::Static, one.stld, one.name, one.type);
+        Case(LoadCaseKind::Static, one.stld, one.name);
         OfCase(ResultName::Displacement, kFreedoms, Rows(one.displacements));
         OfCase(ResultName::Reaction, kFreedoms, Rows(one.reactions));
         OfCase(ResultName::LoadSum, 3, one.loadSum);
@@ -108,7 +105,7 @@ private:
     }
 
     void WriteSpectrum(const SpectrumResult& one) {
-        Case(LoadCaseKind::Spectrum, one.splc, one.name, {});
+        Case(LoadCaseKind::Spectrum, one.splc, one.name);
         OfCase(ResultName::Displacement, kFreedoms, Rows(one.displacements));
         OfCase(ResultName::Reaction, kFreedoms, Rows(one.reactions));
         OfCase(ResultName::ReactionSum, kFreedoms, one.reactionSum);
@@ -135,7 +132,7 @@ private:
     }
 
     void WriteHistory(const HistoryResult& one) {
-        Case(LoadCaseKind::TimeHistory, one.thlc, one.name, {});
+        Case(LoadCaseKind::TimeHistory, one.thlc, one.name);
         const std::size_t modes = one.steps > 0 ? one.coordinates.size() / one.steps : 0;
         OfCase(ResultName::Step, 1, std::span(&one.step, 1));
         OfCase(ResultName::Coordinate, modes, one.coordinates);

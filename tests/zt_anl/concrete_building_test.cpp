@@ -10,7 +10,7 @@ namespace zt {
 namespace {
 
 /// A concrete building of three storeys with rigid joints, cracked sections, rigid floors and masses at their centres.
-class ConcreteBuilding : public RealFrameTest {
+class ConcreteBuilding : public RealFrames {
 protected:
     ConcreteBuilding() {
         Load("rc_building_3story_design");
@@ -36,7 +36,7 @@ protected:
             Records<CClassMemb>().Get(key, member);
             members[member.nodes] = key;
         }
-        for (const TableRow& row : ReadTable(tables / "members.csv")) {
+        for (const CsvRow& row : ReadTable(frame / "members.csv")) {
             T_RGDE_D rigid{std::stod(row.at("rigid_end_i_m")), std::stod(row.at("rigid_end_j_m"))};
             RecordToCurrent(rigid, Db().Units());
             const std::uint32_t member = members.at({nodes.at(row.at("node_i")), nodes.at(row.at("node_j"))});

@@ -91,6 +91,12 @@ protected:
         EXPECT_TRUE(Records<CClassMemb>().TR_Modify(key, key, member));
         return key;
     }
+    void UseKilograms() {
+        T_UNIT_INDEX units;
+        doc->GetUnitCtrl()->GetUnitIndexCurrent(units);
+        units.mass = CUnitCtrl::FindChoice(UnitQuantity::Mass, "kg");
+        EXPECT_TRUE(doc->GetUnitCtrl()->SetUnitIndexCurrent(units));
+    }
     void Support(std::uint32_t node, const std::string& flags) { Add<CClassSpts>(node, {.flags = flags}); }
     void Force(std::uint32_t node, int freedom, double value, std::uint32_t stld = 1) {
         T_PTLD_D load{.node = node, .stld = stld};

@@ -9,10 +9,7 @@ class ModalTest : public FrameTest {
 protected:
     ModalTest() {
         options.modal = true;
-        T_UNIT_INDEX units;
-        doc->GetUnitCtrl()->GetUnitIndexCurrent(units);
-        units.mass = CUnitCtrl::FindChoice(UnitQuantity::Mass, "kg");
-        EXPECT_TRUE(doc->GetUnitCtrl()->SetUnitIndexCurrent(units));
+        UseKilograms();
     }
     /// A beam of 10 m that is simply supported in its vertical plane, of equal spans.
     void BuildSimpleBeam(std::size_t spans) {

@@ -4,68 +4,45 @@
 #include <array>
 #include <cmath>
 #include <filesystem>
-#include <fstream>
 #include <map>
-#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "zt_anl/analysis.h"
+#include "zt_anl/csv_table.h"
+#include "zt_anl/verification_record.h"
 #include "zt_db/exchange/model_exchange.h"
 #include "zt_db/test_support.h"
 
 namespace zt {
 
-using TableRow = std::map<std::string, std::string>;
 using TableColumns = std::array<const char*, kFreedoms>;
 
-/// The rows of a table of results, by the names of its columns.
-inline std::vector<TableRow> ReadTable(const std::filesystem::path& path) {
-    std::ifstream file(path);
-    EXPECT_TRUE(file) << path;
-    const auto cellsOf = [](const std::string& line) {
-        std::vector<std::string> cells;
-        std::istringstream stream(line);
-        for (std::string cell; std::getline(stream, cell, ',');) {
-            if (!cell.empty() && cell.back() == '\r') cell.pop_back();
-            cells.push_back(cell);
-        }
-        return cells;
-    };
-    std::string line;
-    std::getline(file, line);
-    const std::vector<std::string> names = cellsOf(line);
-    std::vector<TableRow> rows;
-    while (std::getline(file, line)) {
-        const std::vector<std::string> cells = cellsOf(line);
-        auto& row = rows.emplace_back();
-        for (std::size_t i = 0; i < cells.size() && i < names.size(); ++i) row[names[i]] = cells[i];
-    }
-    EXPECT_FALSE(rows.empty()) << path;
-    return rows;
-}
-
 /// The greatest magnitude of three columns from `first` on.
-inline double Greatest(const std::vector<TableRow>& rows, const TableColumns& columns, std::size_t first) {
+inline double Greatest(const std::vector<CsvRow>& rows, const TableColumns& columns, std::size_t first) {
     double greatest = 0.0;
-    for (const TableRow& row : rows) {
+    for (const CsvRow& row : rows) {
         for (std::size_t i = first; i < first + 3; ++i) {
-            greatest = std::max(greatest, std::abs(std::stod(row.at(columns[i]))));
+            greatest = std::max(greatest, std::abs(NumberOf(row, columns[i])));
         }
     }
     return greatest;
 }
 
-/// A real building read from its tables, and its results.
-class RealFrameTest : public ModelTest {
+/// Real frames against results of others. Those were computed without shear deformation and with lumped masses.
+class RealFrames : public ModelTest {
 protected:
+    using Entries = std::vector<VerificationRecord::Entry>;
+
+    static std::filesystem::path DataFolder() { return std::filesystem::path(ZT_SOURCE_DIR) / "tests/data"; }
+
     void Load(const std::string& model) {
-        const std::filesystem::path data = std::filesystem::path(ZT_SOURCE_DIR) / "tests/data";
-        tables = data / "exchange" / model;
-        results = data / "analysis" / model;
+        results = DataFolder() / "analysis" / model;
         ExchangeReport report;
-        ASSERT_TRUE(ImportModel(Db(), tables, {}, report)) << report.Text();
+        frame = DataFolder() / "exchange" / model;
+        ASSERT_TRUE(ImportModel(Db(), frame, {}, report)) << report.Text();
+        options.shearDeformation = false;
     }
     void Solve() {
         const velda::Outcome outcome = Analyse(Db(), options, result, log);
@@ -79,6 +56,22 @@ protected:
             placeOfName[node.name.empty() ? std::to_string(node.no) : node.name] = result.model.nodeOfKey.at(key);
         }
     }
+    /// The span of a member, which its table knows by a name.
+    std::size_t SpanOf(const std::string& member) {
+        if (spanOfName.empty()) {
+            for (const CsvRow& row : ReadTable(frame / "members.csv")) {
+                spanOfName[row.at("member")] =
+                    SpanBetween(placeOfName.at(row.at("node_i")), placeOfName.at(row.at("node_j")));
+            }
+        }
+        return spanOfName.at(member);
+    }
+    std::size_t SpanBetween(std::size_t from, std::size_t to) const {
+        for (std::size_t i = 0; i < result.model.spans.size(); ++i) {
+            if (result.model.spans[i].ends == std::array{from, to}) return i;
+        }
+        throw std::runtime_error("no span");
+    }
     const CaseResult& CaseOf(const std::string& name) const {
         for (const CaseResult& loadCase : result.cases) {
             if (loadCase.name == name) return loadCase;
@@ -86,15 +79,19 @@ protected:
         throw std::runtime_error("no load case " + name);
     }
     const NodeVector& ReactionOf(const CaseResult& loadCase, const std::string& node) const {
-        for (std::size_t s = 0; s < result.model.supports.size(); ++s) {
-            if (result.model.supports[s].node == placeOfName.at(node)) return loadCase.reactions[s];
+        return loadCase.reactions[SupportAt(placeOfName.at(node))];
+    }
+    std::size_t SupportAt(std::size_t node) const {
+        for (std::size_t i = 0; i < result.model.supports.size(); ++i) {
+            if (result.model.supports[i].node == node) return i;
         }
-        throw std::runtime_error("no support " + node);
+        throw std::runtime_error("no support");
     }
 
-    std::filesystem::path tables;
-    std::filesystem::path results;
+    std::filesystem::path frame;    ///< folder of the tables of the model
+    std::filesystem::path results;  ///< folder of the tables of results
     std::map<std::string, std::size_t> placeOfName;
+    std::map<std::string, std::size_t> spanOfName;
     AnalysisOptions options;
     AnalysisResult result;
     AnalysisLog log;

@@ -35,10 +35,22 @@ void AddLoad(NodeVector& sum, const SpanLoad& load, double station, double lengt
     for (const auto& [at, value] : SinglesOf(end - from, load.first, last)) add(from + at, value);
 }
 
+/// Adds the moments of the axial force on the deflections.
+void AddDeflection(const FrameElement& element, const Vector12& ownEnds, std::vector<StationForces>& stations) {
+    const double length = stations.back().position;
+    const auto begin = element.Deflection(0.0, ownEnds);
+    for (StationForces& station : stations) {
+        const auto here = element.Deflection(station.position / length, ownEnds);
+        station.forces[4] -= element.AxialForce() * (here[1] - begin[1]);
+        station.forces[5] += element.AxialForce() * (here[0] - begin[0]);
+    }
+}
+
 }  // namespace
 
-std::vector<StationForces> ForcesAtStations(const FrameSpan& span, const EndVector& ends,
-                                            std::span<const SpanLoad> loads, std::size_t stations) {
+std::vector<StationForces> ForcesAtStations(const FrameSpan& span, const FrameElement& element, const EndVector& ends,
+                                            const Vector12& displacements, std::span<const SpanLoad> loads,
+                                            std::size_t stations) {
     std::vector<StationForces> all;
     for (std::size_t i = 0; i < stations; ++i) {
         StationForces station{.position = span.length * static_cast<double>(i) / static_cast<double>(stations - 1)};
@@ -48,17 +60,8 @@ std::vector<StationForces> ForcesAtStations(const FrameSpan& span, const EndVect
         for (std::size_t k = 0; k < kFreedoms; ++k) station.forces[k] = -sum[k];
         all.push_back(station);
     }
+    if (element.AxialForce() != 0.0) AddDeflection(element, element.OwnEnds(displacements, loads), all);
     return all;
-}
-
-void AddDeflection(const FrameElement& element, const Vector12& ownEnds, std::vector<StationForces>& stations) {
-    const double length = stations.back().position;
-    const auto begin = element.Deflection(0.0, ownEnds);
-    for (StationForces& station : stations) {
-        const auto here = element.Deflection(station.position / length, ownEnds);
-        station.forces[4] -= element.AxialForce() * (here[1] - begin[1]);
-        station.forces[5] += element.AxialForce() * (here[0] - begin[0]);
-    }
 }
 
 }  // namespace zt

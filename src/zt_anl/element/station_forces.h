@@ -10,11 +10,11 @@
 namespace zt {
 
 /// What the sections of an element carry at evenly spaced stations, from the forces at its end i and the loads between.
-std::vector<StationForces> ForcesAtStations(const FrameSpan& span, const EndVector& ends,
-                                            std::span<const SpanLoad> loads, std::size_t stations);
-
-/// Adds the moments of the axial force of an element on its deflections. Loads between the ends bend the element as if
-/// its ends were held; that part of the deflection does not count.
-void AddDeflection(const FrameElement& element, const Vector12& ownEnds, std::vector<StationForces>& stations);
+/// Where the element has an axial force of the second order, the moments are those of its deflected shape, by
+/// displacements of its nodes in global axes; loads between the ends bend the element as if its ends were held, and
+/// that part of the deflection does not count.
+std::vector<StationForces> ForcesAtStations(const FrameSpan& span, const FrameElement& element, const EndVector& ends,
+                                            const Vector12& displacements, std::span<const SpanLoad> loads,
+                                            std::size_t stations);
 
 }  // namespace zt

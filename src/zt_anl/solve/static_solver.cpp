@@ -146,12 +146,9 @@ void StaticSolver::PutElementForces(const CaseLoads& loads, CaseResult& result) 
 void StaticSolver::PutStations(const CaseLoads& loads, CaseResult& result) const {
     for (std::size_t i = 0; i < result.elements.size(); ++i) {
         ElementForces& forces = result.elements[i];
-        const FrameElement& element = structure_.Elements()[i];
-        const auto own = loads.OfSpan(i);
-        forces.stations = ForcesAtStations(structure_.Model().spans[i], forces.ends, own, stations_);
-        if (element.AxialForce() == 0.0) continue;
-        const Vector12 ends = structure_.EndDisplacements(result.displacements, i);
-        AddDeflection(element, element.OwnEnds(ends, own), forces.stations);
+        const Vector12 moves = structure_.EndDisplacements(result.displacements, i);
+        forces.stations = ForcesAtStations(structure_.Model().spans[i], structure_.Elements()[i], forces.ends, moves,
+                                           loads.OfSpan(i), stations_);
     }
 }
 

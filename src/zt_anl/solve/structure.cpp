@@ -329,10 +329,21 @@ std::vector<NodeVector> Structure::Spread(const Eigen::VectorXd& solution, const
     return nodes;
 }
 
-Eigen::VectorXd Structure::RigidMove(std::size_t axis) const {
+Eigen::VectorXd Structure::RigidMove(std::size_t motion) const {
     Eigen::VectorXd move = Eigen::VectorXd::Zero(static_cast<Eigen::Index>(moving_.size()));
+    const std::size_t next = (motion + 1) % 3;
+    const std::size_t last = (motion + 2) % 3;
     for (std::size_t i = 0; i < moving_.size(); ++i) {
-        if (freedoms_.At(moving_[i]).freedom == axis) move(static_cast<Eigen::Index>(i)) = 1.0;
+        const auto& [node, freedom] = freedoms_.At(moving_[i]);
+        const Vector3& place = model_->nodes[node].place;
+        double& value = move(static_cast<Eigen::Index>(i));
+        if (freedom == motion) {
+            value = 1.0;
+        } else if (motion >= 3 && freedom == next) {
+            value = -place[last];
+        } else if (motion >= 3 && freedom == last) {
+            value = place[next];
+        }
     }
     return move;
 }

@@ -60,8 +60,8 @@ public:
     bool IsLetGo(std::size_t support, std::size_t freedom) const {
         return freedom < 3 && state_.isLetGo[support][freedom];
     }
-    /// What a rigid displacement by 1 along a global axis is to the equations.
-    Eigen::VectorXd RigidMove(std::size_t axis) const;
+    /// What a rigid motion by 1 is to the equations: along a global axis, or about one through the origin.
+    Eigen::VectorXd RigidMove(std::size_t motion) const;
     /// Forces in all independent freedoms which are sums of forces on nodes.
     Eigen::VectorXd Gather(const std::vector<NodeVector>& forces) const;
     /// Whether nothing holds or moves a freedom of a node, so that loads on it are left out.
