@@ -9,9 +9,11 @@
 #include "velda_lib/number_text.h"
 #include "zt_anl/analysis.h"
 #include "zt_anl/analysis_summary.h"
+#include "zt_anl/store_results.h"
+#include "zt_db/post/result_keeper.h"
 
 bool AnalyseModel(const std::string& path) {
-    const auto doc = OpenModel(path);
+    const auto doc = OpenModel(path, zt::OpenMode::Normal);
     if (!doc) return false;
     zt::AnalysisResult result;
     zt::AnalysisLog log;
@@ -27,5 +29,8 @@ bool AnalyseModel(const std::string& path) {
     const std::string seconds = velda::FormatDouble(std::round(time.count() * 1000.0) / 1000.0);
     std::cout << velda::FormatText("IDS_ANL_TIME", {seconds}) << '\n';
     for (const std::string& line : zt::SummaryOf(result)) std::cout << line << '\n';
-    return true;
+    const velda::Outcome stored = zt::StoreResults(result, *doc);
+    if (!stored) std::cerr << stored.Reason() << '\n';
+    if (stored) std::cout << velda::FormatText("IDS_ANL_STORED", {doc->GetResults().File().string()}) << '\n';
+    return static_cast<bool>(stored);
 }

@@ -10,6 +10,7 @@
 #include "exchange_commands.h"
 #include "export_command.h"
 #include "library_command.h"
+#include "results_command.h"
 #include "velda_lib/msg_dll.h"
 #include "zt_db/doc/doc.h"
 #include "zt_script/script_runner.h"
@@ -29,7 +30,8 @@ void PrintUsage(std::ostream& output) {
               "                              tables without arguments\n"
               "zts script FILE...            runs table scripts\n"
               "zts help                      this text and the commands of scripts\n";
-    for (const std::string_view key : {"IDS_ZTS_HELP_IMPORT", "IDS_ZTS_HELP_EXPORT_MODEL", "IDS_ZTS_HELP_ANALYSE"}) {
+    for (const std::string_view key :
+         {"IDS_ZTS_HELP_IMPORT", "IDS_ZTS_HELP_EXPORT_MODEL", "IDS_ZTS_HELP_ANALYSE", "IDS_ZTS_HELP_RESULTS"}) {
         output << velda::FormatText(key, {}) << '\n';
     }
 }
@@ -97,6 +99,13 @@ int AnalyseFile(const std::vector<std::string>& words) {
     return AnalyseModel(words[0]) ? 0 : kFailed;
 }
 
+int Results(const std::vector<std::string>& words) {
+    if (words.size() == 2 && words[0] == "info") return ResultsInfo(words[1]) ? 0 : kFailed;
+    if (words.size() == 3 && words[0] == "import") return ImportResultTables(words[1], words[2]) ? 0 : kFailed;
+    PrintUsage(std::cerr);
+    return kWrongUse;
+}
+
 int ShowLibrary(const std::vector<std::string>& words) {
     const int status = PrintLibrary(words);
     if (status >= 0) return status;
@@ -111,6 +120,7 @@ int Run(const std::vector<std::string>& arguments) {
     if (command == "import") return ImportFile(rest);
     if (command == "export") return ExportTables(rest);
     if (command == "analyse") return AnalyseFile(rest);
+    if (command == "results") return Results(rest);
     if (command == "library") return ShowLibrary(rest);
     if (command == "script") return RunScripts(rest);
     if (command == "help" || command == "--help") {

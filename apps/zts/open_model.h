@@ -5,5 +5,6 @@
 
 #include "zt_db/doc/doc.h"
 
-/// Opens a model file for reading and tells on the error output what is wrong with it. Null when it cannot be opened.
-std::unique_ptr<zt::CDBDoc> OpenModel(const std::string& path);
+/// Opens a model file, for reading unless told otherwise, and tells on the error output what is wrong with it. Null
+/// when it cannot be opened.
+std::unique_ptr<zt::CDBDoc> OpenModel(const std::string& path, zt::OpenMode mode = zt::OpenMode::ReadOnly);

@@ -65,5 +65,6 @@ std::span<const ScriptCommand> ExportCommands();
 std::span<const ScriptCommand> CallCommands();
 std::span<const ScriptCommand> ControlCommands();
 std::span<const ScriptCommand> HostCommands();
+std::span<const ScriptCommand> ResultCommands();
 
 }  // namespace zt

@@ -1,5 +1,6 @@
 #include <functional>
 
+#include "zt_db/post/post_ctrl.h"
 #include "zt_db/test_support.h"
 
 namespace zt {

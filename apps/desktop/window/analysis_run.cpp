@@ -8,8 +8,8 @@
 #include "velda_base/host/progress.h"
 #include "velda_lib/number_text.h"
 #include "zt_anl/analysis_summary.h"
+#include "zt_anl/store_results.h"
 #include "zt_db/doc/hint_codes.h"
-#include "zt_db/records/actl.h"
 
 namespace zt {
 namespace {
@@ -21,8 +21,9 @@ struct StepShare {
     int to;
 };
 constexpr StepShare kShares[] = {
-    {AnalysisStep::Read, 0, 5},     {AnalysisStep::Assemble, 5, 15}, {AnalysisStep::Factor, 15, 35},
-    {AnalysisStep::Static, 35, 65}, {AnalysisStep::Modal, 65, 100},
+    {AnalysisStep::Read, 0, 5},       {AnalysisStep::Assemble, 5, 15}, {AnalysisStep::Factor, 15, 35},
+    {AnalysisStep::Static, 35, 55},   {AnalysisStep::Modal, 55, 70},   {AnalysisStep::Spectrum, 70, 80},
+    {AnalysisStep::History, 80, 100},
 };
 constexpr int kWhole = 100;
 
@@ -33,16 +34,6 @@ int ProgressOf(AnalysisStep step, std::size_t done, std::size_t of) {
         return share.from + static_cast<int>(part * (share.to - share.from));
     }
     return kWhole;
-}
-
-AnalysisOptions OptionsOf(const CDataBase& database) {
-    T_ACTL_D control;
-    database.GetClass<CClassActl>()->Get(T_ACTL_D::kKey, control);
-    AnalysisOptions options;
-    options.shearDeformation = control.shearDeformation != 0;
-    options.selfWeightMass = control.selfWeightMass != 0;
-    options.modes = static_cast<std::size_t>(std::max(control.modes, 1));
-    return options;
 }
 
 /// Tells the views that the analysis begins and, whatever becomes of it, ends.
@@ -96,6 +87,10 @@ velda::Outcome AnalysisRun::RunWithProgress() {
 
 void AnalysisRun::UseResult() {
     for (const std::string& line : SummaryOf(result_)) pane_.Add(LogEntry::Note, ToQt(line));
+    const velda::Outcome stored = StoreResults(result_, doc_);
+    if (stored) return pane_.Add(LogEntry::Note, Word("IDS_DESKTOP_ANALYSIS_STORED"));
+    pane_.Add(LogEntry::Error, ToQt(stored.Reason()));
+    velda::AfxMessageBox(stored.Reason());
 }
 
 void AnalysisRun::FollowLog() {

@@ -107,7 +107,9 @@ constexpr WindowCommand kCommands[] = {
     {"slab-load-types", M::Load, "IDS_DESKTOP_DIALOG_SLTP", "", "", kNoBar, kGoOn, &W::OpenDialog<SlabLoadTypeDialog>,
      &W::Always},
 
-    {"analysis-run", M::Analysis, "IDS_DESKTOP_ANALYSIS_RUN", "F5", "run", kBar, kEnd, &W::RunAnalysis, &W::HasModel},
+    {"analysis-run", M::Analysis, "IDS_DESKTOP_ANALYSIS_RUN", "F5", "run", kBar, kGoOn, &W::RunAnalysis, &W::HasModel},
+    {"discard-results", M::Analysis, "IDS_DESKTOP_ANALYSIS_DISCARD", "", "", kNoBar, kEnd, &W::DiscardResults,
+     &W::HasResults},
     {"analysis-control", M::Analysis, "IDS_DESKTOP_DIALOG_ACTL", "", "", kNoBar, kEnd,
      &W::OpenDialog<AnalysisControlDialog>, &W::Always},
     {"spectra", M::Analysis, "IDS_DESKTOP_DIALOG_SPFC", "", "", kNoBar, kGoOn, &W::OpenDialog<SpectrumDialog>,

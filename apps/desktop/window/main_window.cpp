@@ -14,8 +14,10 @@
 #include "desktop/window/analysis_run.h"
 #include "desktop/window/open_rows.h"
 #include "velda_base/host/cmd_dialog.h"
+#include "velda_base/host/message_box.h"
 #include "velda_base/host/wait_cursor.h"
 #include "velda_lib/number_text.h"
+#include "zt_db/post/result_keeper.h"
 #include "zt_tb/model/tb_prop_view.h"
 
 namespace zt {
@@ -345,6 +347,13 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     for (TableDocument* document : area_->Documents()) CloseDocument(document);
     panes_.clear();
     event->accept();
+}
+
+bool MainWindow::HasResults() const { return doc_ && doc_->GetResults().Current(); }
+
+void MainWindow::DiscardResults() {
+    const velda::Outcome outcome = doc_->GetResults().Discard();
+    if (!outcome) velda::AfxMessageBox(outcome.Reason());
 }
 
 void MainWindow::RunAnalysis() {

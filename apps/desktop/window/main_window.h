@@ -101,6 +101,7 @@ public:
     void ToggleFilter();
     void FitModel();
     void RunAnalysis();
+    void DiscardResults();
     template <StandardView view>
     void ShowModelFrom() {
         ShowModel(view);
@@ -120,6 +121,7 @@ public:
     bool CanDock() const { return HasDocument() && !area_->Active()->Id().property; }
     bool HasTable() const;
     bool HasModel() const { return !modelPane_->View().Scene().IsEmpty(); }
+    bool HasResults() const;
     bool CanUndo() const { return !Database().GetUndoNames().empty(); }
     bool CanRedo() const { return !Database().GetRedoNames().empty(); }
     bool CanSplit() const { return area_->IsSplit() || area_->Documents().size() > 1; }

@@ -9,6 +9,7 @@
 #include "desktop/window/table_exporting.h"
 #include "velda_base/host/message_box.h"
 #include "velda_base/host/wait_cursor.h"
+#include "zt_db/post/result_keeper.h"
 
 namespace zt {
 namespace {
@@ -68,6 +69,7 @@ bool MainWindow::OpenModelFile(const QString& path) {
     UseModel(std::move(doc));
     RecentFiles::Add(path);
     if (!report.message.empty()) ShowMessage(ToQt(report.message));
+    if (!doc_->GetResults().Message().empty()) ShowMessage(ToQt(doc_->GetResults().Message()));
     return true;
 }
 

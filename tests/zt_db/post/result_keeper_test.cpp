@@ -11,7 +11,7 @@ namespace {
 namespace fs = std::filesystem;
 using testing::ElementsAre;
 using velda::FormatText;
-using velda::LoadText;
+
 using velda::Outcome;
 
 /// A portal that can be analysed: its results are made up.
@@ -71,7 +71,7 @@ TEST_F(ResultKeeping, UndoOfADiscardBringsTheResultsBack) {
     ASSERT_TRUE(doc->GetResults().Discard());
     EXPECT_FALSE(doc->IsExcuted());
     EXPECT_FALSE(Post().IsPostEnable());
-    EXPECT_EQ(Db().GetUndoNames().front(), LoadText("IDS_DB_STEP_DISCARD"));
+    EXPECT_EQ(Db().GetUndoNames().front(), FormatText("IDS_DB_STEP_DISCARD", {}));
     ASSERT_TRUE(Rename());
     ASSERT_EQ(Db().Undo(), 1);
     EXPECT_FALSE(doc->IsExcuted());
