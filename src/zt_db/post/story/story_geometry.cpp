@@ -179,7 +179,6 @@ void StoryGeometry::CutElement(const CDataBase& model, const CPostDataBase::Elem
         cut.sign = to[2] > from[2] ? 1.0 : -1.0;
         cut.axes = TurnedAbout(AxesOfLine(from, to), member.beta);
         cut.isBrace = member.type == MembType::Brace;
-        cut.isVertical = LieOfLine(from, to) == Lie::Vertical;
         cut.member = key;
         cut.length = Length(Minus(to, from));
         for (std::size_t k = 0; k < 3; ++k) cut.at[k] = std::lerp(from[k], to[k], cut.position);

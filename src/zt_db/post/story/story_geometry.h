@@ -33,7 +33,6 @@ struct StoryCut {
     double sign = 1.0;      ///< -1 where the end i of the element is the upper one
     MemberAxes axes{};
     bool isBrace = false;
-    bool isVertical = false;
     std::uint32_t member = 0;  ///< key
     double length = 0.0;       ///< of the element
     Vector3 at{};
