@@ -18,7 +18,8 @@ int CStoryResultPost::GetDSP(int kind, std::uint32_t key, List<T_STDSP_D>& recor
                 const auto x = loadCase.Response().Governing(loadCase.Model().Displacement(node, 0));
                 const auto y = loadCase.Response().Governing(loadCase.Model().Displacement(node, 1));
                 const double length = std::hypot(x.value_or(0.0), y.value_or(0.0));
-                if (both.node != 0 && length <= both.maximum) continue;
+                const bool hasResults = loadCase.Model().Geometry().Nodes()[node].place != CPostDataBase::kNoPlace;
+                if (!hasResults || (both.node != 0 && length <= both.maximum)) continue;
                 both.maximum = length;
                 both.node = loadCase.Model().Geometry().Nodes()[node].no;
             }

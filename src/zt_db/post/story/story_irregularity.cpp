@@ -105,8 +105,7 @@ void FillWeights(const StoryModel& model, std::size_t story, std::size_t directi
     part.weight = weightOf(story);
     const auto compare = [&](std::size_t other) {
         const bool isLightRoof = model.Stories()[other].fromTop == 1 && weightOf(other) < part.weight;
-        if (!isLightRoof || other == level.below)
-            part.ratio = std::max(part.ratio, StoryFormula::Ratio(part.weight, weightOf(other)));
+        if (!isLightRoof) part.ratio = std::max(part.ratio, StoryFormula::Ratio(part.weight, weightOf(other)));
     };
     if (level.above != StoryLevel::kNone) {
         part.hasNoUpper = 0;

@@ -33,9 +33,9 @@ int CStoryResultPost::GetSFR(int kind, std::uint32_t key, List<T_STSFR_D>& recor
 }
 
 int CStoryResultPost::GetStbCoeff(int kind, std::uint32_t key, List<T_STBCF_D>& records) const {
-    return ServeCase(kind, key, "StbCoeff", records, [this](const StoryCase& loadCase, List<T_STBCF_D>& all) {
+    return ServeCase(kind, key, "StbCoeff", records, [&](const StoryCase& loadCase, List<T_STBCF_D>& all) {
         const T_RSTP_D restriction = Restriction();
-        const CClassRstp& class_ = *Database().Model()->GetClass<CClassRstp>();
+        const CClassRstp& restrictions = *Database().Model()->GetClass<CClassRstp>();
         const auto vertical = VerticalLoads();
         ForEachPart(all, [&](T_STBCF_PART& part, std::size_t i, std::size_t direction) {
             const StoryLevel& story = loadCase.Model().Stories()[i];
@@ -43,8 +43,8 @@ int CStoryResultPost::GetStbCoeff(int kind, std::uint32_t key, List<T_STBCF_D>& 
             const StoryShear shear = loadCase.Shear(i, direction);
             part.verticalLoad = vertical[i].value_or(0.0);
             part.shear = shear.sum;
-            part.beta = class_.GetBeta(story.key);
-            part.limit = class_.GetAllowableLimit(story.key, kind, key);
+            part.beta = restrictions.GetBeta(story.key);
+            part.limit = restrictions.GetAllowableLimit(story.key, kind, key);
             part.isChecked = vertical[i] && drift.isKnown && shear.isKnown && shear.sum != 0.0 ? 1 : 0;
             for (std::size_t method = 0; method < 2; ++method) {
                 part.drift[method] = StoryFormula::AmplifiedDrift(drift.Of(static_cast<int>(method)),
