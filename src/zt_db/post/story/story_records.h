@@ -413,29 +413,31 @@ inline constexpr int Yes = 1;  ///< stable; second-order effects need account
 inline constexpr int NotChecked = 2;
 }  // namespace StabilityWord
 
-/// Structural stability of one story, or of the whole building.
+/// Structural stability of one story, or of the whole building. The unit of the stiffness differs.
+template <int StiffnessUnit>
 struct T_STSTC_CHECK {
-    double stiffness = -1.0;  ///< Di, force by length; of the whole EJd. Below 0 for none
+    double stiffness = -1.0;  ///< exactly -1 for none, whatever the units are
     double height = 0.0;      ///< length
     double gravity = 0.0;     ///< force, the gravity loads at and above
     double ratio = 0.0;       ///< of stiffness to gravity
     int stability = StabilityWord::NotChecked;
     int secondOrder = StabilityWord::NotChecked;
 };
-template <>
-struct Fields<T_STSTC_CHECK> {
+template <int StiffnessUnit>
+struct Fields<T_STSTC_CHECK<StiffnessUnit>> {
+    using Check = T_STSTC_CHECK<StiffnessUnit>;
     static constexpr auto list = std::tuple{
-        Measured("stiffness", &T_STSTC_CHECK::stiffness, Unit::Stiffness),
-        Measured("height", &T_STSTC_CHECK::height, Unit::Length),
-        Measured("gravity", &T_STSTC_CHECK::gravity, Unit::Force),
-        Plain("ratio", &T_STSTC_CHECK::ratio),
-        Plain("stability", &T_STSTC_CHECK::stability),
-        Plain("secondOrder", &T_STSTC_CHECK::secondOrder),
+        Measured("stiffness", &Check::stiffness, StiffnessUnit),
+        Measured("height", &Check::height, Unit::Length),
+        Measured("gravity", &Check::gravity, Unit::Force),
+        Plain("ratio", &Check::ratio),
+        Plain("stability", &Check::stability),
+        Plain("secondOrder", &Check::secondOrder),
     };
 };
 struct T_STSTC_PART {
-    T_STSTC_CHECK frame{};  ///< of this story, in a building of frames
-    T_STSTC_CHECK whole{};  ///< of the whole building, one of walls: not checked
+    T_STSTC_CHECK<Unit::Stiffness> frame{};         ///< of this story, in a building of frames: Di
+    T_STSTC_CHECK<Unit::FlexuralRigidity> whole{};  ///< of the whole building, one of walls: EJd, not checked
 };
 template <>
 struct Fields<T_STSTC_PART> {

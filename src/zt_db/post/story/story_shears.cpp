@@ -62,7 +62,7 @@ int CStoryResultPost::GetStbCoeff(int kind, std::uint32_t key, List<T_STBCF_D>& 
 /// EJd of the whole building is told for a triangular load only (JGJ 3-2010, 5.4.1); a case does not tell that it is
 /// one, so that this check stays open.
 int CStoryResultPost::GetSTC(int kind, std::uint32_t key, List<T_STSTC_D>& records) const {
-    return ServeCase(kind, key, "STC", records, [this](const StoryCase& loadCase, List<T_STSTC_D>& all) {
+    const int isServed = ServeCase(kind, key, "STC", records, [this](const StoryCase& loadCase, List<T_STSTC_D>& all) {
         const auto vertical = VerticalLoads();
         ForEachPart(all, [&](T_STSTC_PART& part, std::size_t i, std::size_t direction) {
             const StoryLevel& story = loadCase.Model().Stories()[i];
@@ -76,7 +76,7 @@ int CStoryResultPost::GetSTC(int kind, std::uint32_t key, List<T_STSTC_D>& recor
             }
             part.whole.height = loadCase.Model().Stories()[topmost].level - loadCase.Model().Stories()[lowest].base;
             part.whole.gravity = vertical[lowest].value_or(0.0);
-            T_STSTC_CHECK& check = part.frame;
+            auto& check = part.frame;
             check.height = story.height;
             check.gravity = vertical[i].value_or(0.0);
             const StoryDrift drift = loadCase.Drift(i, direction);
@@ -90,6 +90,12 @@ int CStoryResultPost::GetSTC(int kind, std::uint32_t key, List<T_STSTC_D>& recor
             check.secondOrder = wordOf(StoryFormula::FallsBelow(check.ratio, StoryFormula::kFrameStiff));
         });
     });
+    ForEachPart(records, [](T_STSTC_PART& part, std::size_t, std::size_t) {
+        for (double* stiffness : {&part.frame.stiffness, &part.whole.stiffness}) {
+            if (*stiffness < 0.0) *stiffness = -1.0;
+        }
+    });
+    return isServed;
 }
 
 int CStoryResultPost::GetOTM(int kind, std::uint32_t key, List<T_STOTM_D>& records) const {

@@ -183,7 +183,7 @@ TEST_F(StoryDrifts, NothingComesOfWhatIsNotThere) {
     EXPECT_FALSE(service.GetDFT(kStatic, 77, records)) << "no such case";
     EXPECT_TRUE(records.empty());
     EXPECT_FALSE(service.GetDFT(LoadCaseKind::Pushover, kSeismic, records));
-    results->PutCase({LoadCaseKind::Pushover, 1, "P", ""});
+    PutResultCase({LoadCaseKind::Pushover, 1, "P", ""});
     EXPECT_FALSE(service.GetDFT(LoadCaseKind::Pushover, 1, records)) << "a kind whose states are not known";
     std::vector<T_SSIT_D> stiffness(2);
     EXPECT_FALSE(control.GetTRST(kStatic, kSeismic, stiffness));
@@ -193,7 +193,7 @@ TEST_F(StoryDrifts, NothingComesOfWhatIsNotThere) {
 TEST_F(StoryDrifts, AModelWithoutStoriesHasNoRecords) {
     Use(CDBDoc::New());
     results = std::make_shared<MemoryResults>();
-    results->PutCase({kStatic, 1, "E", "E"});
+    PutResultCase({kStatic, 1, "E", "E"});
     UseResults();
     const CPostCtrl control = Control();
     std::vector<T_STDSP_D> records;

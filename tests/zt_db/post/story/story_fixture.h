@@ -69,10 +69,23 @@ protected:
     /// Place in a list of records: the topmost story comes first.
     static std::size_t At(int story) { return static_cast<std::size_t>(kStories - story); }
 
+    void PutHead(const ResultHead& head) { EXPECT_TRUE(results->PutHead(head)); }
+    void PutResultCase(const ResultCase& loadCase) { EXPECT_TRUE(results->PutCase(loadCase)); }
+    void PutArray(std::string_view name, std::size_t columns, std::span<const double> values) {
+        EXPECT_TRUE(results->PutArray(name, columns, values));
+    }
+    void PutKeys(std::string_view name, std::span<const std::uint32_t> keys) {
+        EXPECT_TRUE(results->PutKeys(name, keys));
+    }
+    template <class Record>
+    void PutRecords(int kind, std::uint32_t key, std::string_view service, const std::vector<Record>& records) {
+        EXPECT_TRUE(PutStoryRecords(*results, kind, key, service, records));
+    }
+
     /// Begins results of the model that stands.
     void BeginResults() {
         results = std::make_shared<MemoryResults>();
-        results->PutHead({.run = "r", .stations = 2});
+        PutHead({.run = "r", .stations = 2});
         std::vector<std::uint32_t> nodes;
         std::vector<std::uint32_t> members;
         std::vector<std::uint32_t> ends;
@@ -86,10 +99,10 @@ protected:
                 ranges.insert(ranges.end(), {0.0, 1.0});
             }
         }
-        results->PutKeys(ResultName::Nodes, nodes);
-        results->PutKeys(ResultName::ElementMembers, members);
-        results->PutKeys(ResultName::ElementEnds, ends);
-        results->PutArray(ResultName::ElementRanges, 2, ranges);
+        PutKeys(ResultName::Nodes, nodes);
+        PutKeys(ResultName::ElementMembers, members);
+        PutKeys(ResultName::ElementEnds, ends);
+        PutArray(ResultName::ElementRanges, 2, ranges);
     }
     using Plane = std::array<double, 2>;
     /// Stores six values a node, of which X and Y are given.
@@ -101,10 +114,10 @@ protected:
                 std::copy(value.begin(), value.end(), values.begin() + static_cast<std::ptrdiff_t>(6 * PlaceOf(s, p)));
             }
         }
-        results->PutArray(name, 6, values);
+        PutArray(name, 6, values);
     }
     void PutCase(std::uint32_t key, const std::function<Plane(int story, int place)>& displacementOf) {
-        results->PutCase({LoadCaseKind::Static, key, "case", "E"});
+        PutResultCase({LoadCaseKind::Static, key, "case", "E"});
         PutNodes(CasePath(LoadCaseKind::Static, key, ResultName::Displacement), displacementOf);
     }
     /// Stores for each column its axial force (tension positive) and its shears along X and Y. Columns stand upright
@@ -119,7 +132,7 @@ protected:
                 }
             }
         }
-        results->PutArray(CasePath(LoadCaseKind::Static, key, ResultName::ElementForce), 6, values);
+        PutArray(CasePath(LoadCaseKind::Static, key, ResultName::ElementForce), 6, values);
     }
     void UseResults() { doc->GetMDBCtrl()->SetResults(results); }
 

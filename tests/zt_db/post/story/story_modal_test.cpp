@@ -22,23 +22,23 @@ protected:
         }
         BeginResults();
         // Circular frequencies 10 and 20.
-        results->PutArray(ResultName::Frequency, 1,
-                          std::array{10.0 / (2.0 * std::numbers::pi), 20.0 / (2.0 * std::numbers::pi)});
+        PutArray(ResultName::Frequency, 1,
+                 std::array{10.0 / (2.0 * std::numbers::pi), 20.0 / (2.0 * std::numbers::pi)});
         PutNodes("modal/shape/1", [](int s, int) { return Plane{1e-3 * s, 0.0}; });
         PutNodes("modal/shape/2", [](int s, int) {
             return Plane{1e-3 * std::array{0.0, 2.0, 0.0, -3.0}.at(static_cast<std::size_t>(s)), 0.0};
         });
-        results->PutCase({kSpectrum, 1, "RX", ""});
-        results->PutCase({kHistory, 1, "TH", ""});
+        PutResultCase({kSpectrum, 1, "RX", ""});
+        PutResultCase({kHistory, 1, "TH", ""});
     }
     void PutSpectrum() {
-        results->PutArray(CasePath(kSpectrum, 1, "modal_coordinate"), 2, std::array{2.0, -1.0});
+        PutArray(CasePath(kSpectrum, 1, "modal_coordinate"), 2, std::array{2.0, -1.0});
         UseResults();
     }
     void PutHistory() {
-        results->PutArray(CasePath(kHistory, 1, ResultName::Coordinate), 2,
-                          std::array{0.0, 0.0, 1.0, 0.0, 2.0, -1.0, -3.0, 0.0});
-        results->PutArray(CasePath(kHistory, 1, ResultName::Step), 1, std::array{0.1});
+        PutArray(CasePath(kHistory, 1, ResultName::Coordinate), 2,
+                 std::array{0.0, 0.0, 1.0, 0.0, 2.0, -1.0, -3.0, 0.0});
+        PutArray(CasePath(kHistory, 1, ResultName::Step), 1, std::array{0.1});
         UseResults();
     }
     double DriftOf(int kind, std::uint32_t key, int story) {
@@ -61,7 +61,7 @@ TEST_F(StoryModes, SpectrumDriftsArePutTogetherFromTheModes) {
 }
 
 TEST_F(StoryModes, SpectrumDriftsCountTheCorrelationOfModes) {
-    results->PutArray(CasePath(kSpectrum, 1, "modal_correlation"), 2, std::array{1.0, 0.5, 0.5, 1.0});
+    PutArray(CasePath(kSpectrum, 1, "modal_correlation"), 2, std::array{1.0, 0.5, 0.5, 1.0});
     PutSpectrum();
     // Top: 2 and 3 mm give 4 + 9 + 2 * 0.5 * 6 = 19. Second: 2 and 2 mm give 4 + 4 + 4 = 12.
     EXPECT_NEAR(DriftOf(kSpectrum, 1, 3), 1e-3 * std::sqrt(19.0), 1e-15);
@@ -97,7 +97,7 @@ TEST_F(StoryModes, WithoutModalCoordinatesASpectrumHasNoDrifts) {
 }
 
 TEST_F(StoryModes, CorrelationsThatDoNotFitTheModesAreRefused) {
-    results->PutArray(CasePath(kSpectrum, 1, "modal_correlation"), 3, std::array{1.0, 0.5, 0.5});
+    PutArray(CasePath(kSpectrum, 1, "modal_correlation"), 3, std::array{1.0, 0.5, 0.5});
     PutSpectrum();
     const CPostCtrl control = Control();
     std::vector<T_STDFT_D> records;

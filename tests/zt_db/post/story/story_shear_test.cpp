@@ -73,7 +73,7 @@ TEST_F(StoryShears, BracesCarryTheirShareAndSensesOfMembersDoNotMatter) {
     PutBuilding({3000.0, 2000.0, 1000.0}, {1e-3, 1e-3, 1e-3});
     std::vector<std::uint32_t> ends = results->Keys(ResultName::ElementEnds);
     std::swap(ends[0], ends[1]);
-    results->PutKeys(ResultName::ElementEnds, ends);
+    PutKeys(ResultName::ElementEnds, ends);
     PutForces(kSeismic, [](int s, int p) {
         // Beyond a section of the turned column lies what is below it; its local z points along X as before.
         return std::array{0.0, (s == 1 && p == 1 ? -1.0 : 1.0) * 1000.0 * (4 - s), 0.0};

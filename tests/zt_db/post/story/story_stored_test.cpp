@@ -42,7 +42,7 @@ TEST_F(StoredStories, StoredRecordsAreServedInTheCurrentUnits) {
     std::vector<T_STCIC_D> given(2);
     given[0].head.story = 4;
     given[0].part[0] = {.strength = 5.0e5, .upperStrength = 4.0e5, .ratio = 1.25, .status = 0, .hide = 0};
-    PutStoryRecords(*results, kStatic, kSeismic, "CIC", given);
+    PutRecords(kStatic, kSeismic, "CIC", given);
     const CPostCtrl control = Control();
     std::vector<T_STCIC_D> records;
     ASSERT_TRUE(CStoryResultPost(control).GetCIC(kStatic, kSeismic, records));
@@ -55,8 +55,8 @@ TEST_F(StoredStories, StoredRecordsAreServedInTheCurrentUnits) {
 TEST_F(StoredStories, StoredRecordsNeedNoCaseOfThisSolver) {
     std::vector<T_STDFTTH_D> given(3);
     given[1].part[0] = {.inUse = 1, .node = 5, .time = 1.5, .drift = 0.01};
-    PutStoryRecords(*results, LoadCaseKind::NonlinearCase, 2, "DFT4THNC", given);
-    PutStoryRecords(*results, LoadCaseKind::Pushover, 1, "DFT4PV/4", given);
+    PutRecords(LoadCaseKind::NonlinearCase, 2, "DFT4THNC", given);
+    PutRecords(LoadCaseKind::Pushover, 1, "DFT4PV/4", given);
     const CPostCtrl control = Control();
     const CStoryResult service(control);
     std::vector<T_STDFTTH_D> records;
@@ -72,7 +72,7 @@ TEST_F(StoredStories, StoredRecordsNeedNoCaseOfThisSolver) {
 }
 
 TEST_F(StoredStories, ArraysOfAnotherShapeAreNotRecords) {
-    results->PutArray(StoryPath(kStatic, kSeismic, "DSP"), 3, std::array{1.0, 2.0, 3.0});
+    PutArray(StoryPath(kStatic, kSeismic, "DSP"), 3, std::array{1.0, 2.0, 3.0});
     const CPostCtrl control = Control();
     std::vector<T_STDSP_D> records;
     ASSERT_TRUE(CStoryResultPost(control).GetDSP(kStatic, kSeismic, records));
@@ -84,7 +84,7 @@ TEST_F(StoredStories, WhatWasComputedAndStoredIsServedAsItWas) {
     const CStoryResultPost service(control);
     std::vector<T_STDSP_D> computed;
     ASSERT_TRUE(service.GetDSP(kStatic, kSeismic, computed));  // in m, as they are stored
-    PutStoryRecords(*results, kStatic, kSeismic, "DSP", computed);
+    PutRecords(kStatic, kSeismic, "DSP", computed);
     std::vector<T_STDSP_D> stored;
     ASSERT_TRUE(service.GetDSP(kStatic, kSeismic, stored));
     ASSERT_EQ(stored.size(), computed.size());

@@ -218,8 +218,8 @@ TEST_F(StorySums, LoadCasesAreListedByWhatTheyAre) {
     Add<CClassLcom>(2, {.name = "D+E", .items = {{kStatic, kGravityCase, 1.2}, {kStatic, kSeismic, 1.0}}});
     Add<CClassLcom>(3, {.name = "in", .items = {{LoadCaseKind::Combination, 2, 1.0}}});
     Add<CClassLcom>(4, {.name = "off", .active = 0, .items = {{LoadCaseKind::Spectrum, 5, 1.0}}});
-    for (const std::uint32_t key : {1u, 2u, 3u}) results->PutCase({kStatic, key, "", ""});
-    results->PutCase({LoadCaseKind::Spectrum, 5, "RX", ""});
+    for (const std::uint32_t key : {1u, 2u, 3u}) PutResultCase({kStatic, key, "", ""});
+    PutResultCase({LoadCaseKind::Spectrum, 5, "RX", ""});
     UseResults();
     const CPostCtrl control = Control();
     const CStoryResultPost service(control);
@@ -240,7 +240,7 @@ TEST_F(StorySums, LoadCasesAreListedByWhatTheyAre) {
     EXPECT_TRUE(es.empty());
     EXPECT_FALSE(service.ExistPEclcLoadCase());
     EXPECT_FALSE(service.GetLoadCaseKeyList4ECLC(es));
-    results->PutCase({LoadCaseKind::EsCombination, 7, "ES", ""});
+    PutResultCase({LoadCaseKind::EsCombination, 7, "ES", ""});
     EXPECT_TRUE(service.ExistPEclcLoadCase());
     EXPECT_TRUE(service.GetLoadCaseKeyList4ECLC(es));
     EXPECT_EQ(es, Keys{7});
