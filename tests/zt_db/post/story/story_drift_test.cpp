@@ -65,7 +65,7 @@ TEST_F(StoryDrifts, DisplacementHasItsGreatestAndTheMeanOfTheExtremePoints) {
 
 TEST_F(StoryDrifts, DriftIsThatOfALineAndOfTheCentreOfMass) {
     // Drift a story: 1 mm at y = 0, 3 mm at y = 8. All mass lies at y = 0, so that its centre drifts by 1 mm.
-    for (int s = 1; s <= kStories; ++s) Add<CClassPmas>(No(s, 2), {.mx = 10.0, .my = 10.0});
+    for (int s = 1; s <= stories; ++s) Add<CClassPmas>(No(s, 2), {.mx = 10.0, .my = 10.0});
     Add<CClassRstp>(1, {.amplification = 5.0, .importance = 1.25, .allowableRatio = 0.02});
     MoveFrames(1.0, 3.0);
     const CPostCtrl control = Control();

@@ -22,7 +22,7 @@ namespace zt {
 /// y = 0, 4 to 6 at y = 8.
 class StoryTest : public ModelTest {
 protected:
-    static constexpr int kStories = 3;
+    int stories = 3;  ///< to be set before the model is built
     static constexpr int kPlaces = 6;
     static constexpr std::uint32_t kSeismic = 1;
     static constexpr std::uint32_t kGravityCase = 2;
@@ -34,7 +34,7 @@ protected:
 
     void BuildModel() {
         Add<CClassMdul>(1, {.name = "M"});
-        for (int s = 0; s <= kStories; ++s) {
+        for (int s = 0; s <= stories; ++s) {
             Add<CClassStor>(
                 KeyOfStory(s),
                 {.name = std::to_string(s) + "F", .mdul = 1, .level = 3.0 * s, .height = s == 0 ? 0.0 : 3.0});
@@ -45,7 +45,7 @@ protected:
         for (const auto& [key, type] : std::map<std::uint32_t, std::string>{{1, "E"}, {2, "D"}, {3, "W"}, {4, "L"}}) {
             Add<CClassStld>(key, {.name = type + std::to_string(key), .type = type});
         }
-        for (int s = 0; s <= kStories; ++s) {
+        for (int s = 0; s <= stories; ++s) {
             for (int p = 1; p <= kPlaces; ++p) {
                 Add<CClassPont>(No(s, p), {.x = 6.0 * ((p - 1) % 3),
                                            .y = p > 3 ? 8.0 : 0.0,
@@ -67,7 +67,7 @@ protected:
     static std::uint32_t KeyOfStory(int story) { return static_cast<std::uint32_t>(story + 1); }
     static std::size_t PlaceOf(int story, int place) { return static_cast<std::size_t>(kPlaces * story + place - 1); }
     /// Place in a list of records: the topmost story comes first.
-    static std::size_t At(int story) { return static_cast<std::size_t>(kStories - story); }
+    std::size_t At(int story) { return static_cast<std::size_t>(stories - story); }
 
     void PutHead(const ResultHead& head) { EXPECT_TRUE(results->PutHead(head)); }
     void PutResultCase(const ResultCase& loadCase) { EXPECT_TRUE(results->PutCase(loadCase)); }
@@ -90,7 +90,7 @@ protected:
         std::vector<std::uint32_t> members;
         std::vector<std::uint32_t> ends;
         std::vector<double> ranges;
-        for (int s = 0; s <= kStories; ++s) {
+        for (int s = 0; s <= stories; ++s) {
             for (int p = 1; p <= kPlaces; ++p) {
                 nodes.push_back(No(s, p));
                 if (s == 0) continue;
@@ -107,8 +107,8 @@ protected:
     using Plane = std::array<double, 2>;
     /// Stores six values a node, of which X and Y are given.
     void PutNodes(const std::string& name, const std::function<Plane(int story, int place)>& valueOf) {
-        std::vector<double> values(6 * kPlaces * (kStories + 1));
-        for (int s = 0; s <= kStories; ++s) {
+        std::vector<double> values(6 * kPlaces * (stories + 1));
+        for (int s = 0; s <= stories; ++s) {
             for (int p = 1; p <= kPlaces; ++p) {
                 const Plane value = valueOf(s, p);
                 std::copy(value.begin(), value.end(), values.begin() + static_cast<std::ptrdiff_t>(6 * PlaceOf(s, p)));
@@ -124,7 +124,7 @@ protected:
     /// with local z along X and local y against Y.
     void PutForces(std::uint32_t key, const std::function<std::array<double, 3>(int story, int place)>& forceOf) {
         std::vector<double> values;
-        for (int s = 1; s <= kStories; ++s) {
+        for (int s = 1; s <= stories; ++s) {
             for (int p = 1; p <= kPlaces; ++p) {
                 const auto [axial, x, y] = forceOf(s, p);
                 for (int station = 0; station < 2; ++station) {

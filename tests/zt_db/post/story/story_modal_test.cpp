@@ -17,7 +17,7 @@ protected:
         Add<CClassSplc>(1, {.name = "RX", .spfc = 1});
         Add<CClassThfc>(1, {.name = "EQ", .points = {{0.0, 0.0}}});
         Add<CClassThlc>(1, {.name = "TH", .items = {{.thfc = 1}}});
-        for (int s = 1; s <= kStories; ++s) {
+        for (int s = 1; s <= stories; ++s) {
             Add<CClassPmas>(No(s, 2), {.mx = doc->GetUnitCtrl()->ToCurrent(Unit::Mass, 1000.0)});
         }
         BeginResults();

@@ -267,7 +267,7 @@ TEST_F(StoryShears, StrengthsAreNotChecked) {
 }
 
 TEST_F(StoryShears, RatioOfShearAndWeightIsHeldAgainstWhatIsAllowed) {
-    for (int s = 1; s <= kStories; ++s) Add<CClassPmas>(No(s, 2), {.mx = 10.0, .my = 10.0});
+    for (int s = 1; s <= stories; ++s) Add<CClassPmas>(No(s, 2), {.mx = 10.0, .my = 10.0});
     PutBuilding({3000.0, 2000.0, 1000.0}, {1e-3, 1e-3, 1e-3});
     const CPostCtrl control = Control();
     const CStoryResult service(control);
@@ -286,6 +286,83 @@ TEST_F(StoryShears, RatioOfShearAndWeightIsHeldAgainstWhatIsAllowed) {
     double limit = 1.0;
     EXPECT_FALSE(service.GetAllowShearWeightRatio(limit, 1, nullptr, 0, 0));
     EXPECT_DOUBLE_EQ(limit, 0.0);
+}
+
+class TallerStories : public StoryTest {
+protected:
+    TallerStories() {
+        stories = 4;
+        BuildModel();
+    }
+    /// The lowest story when the stories, from below, have some stiffnesses, in N/m, under unit drifts of 1 mm.
+    T_STSIC_BLOCK LowestOf(std::array<double, 4> stiffness) {
+        BeginResults();
+        PutCase(kSeismic, [](int s, int) { return Plane{0.0, 1e-3 * s}; });
+        PutForces(kSeismic, [=](int s, int) {
+            return std::array{0.0, 0.0, 1e-3 / kPlaces * stiffness[static_cast<std::size_t>(s - 1)]};
+        });
+        return ReadLowest();
+    }
+    /// The same when they drift, in mm.
+    T_STSIC_BLOCK LowestOfDrifts(std::array<double, 4> drifts) {
+        BeginResults();
+        PutCase(kSeismic, [=](int s, int) {
+            double sum = 0.0;
+            for (int i = 0; i < s; ++i) sum += 1e-3 * drifts[static_cast<std::size_t>(i)];
+            return Plane{0.0, sum};
+        });
+        PutForces(kSeismic, [=](int, int) { return std::array{0.0, 0.0, 1000.0}; });
+        return ReadLowest();
+    }
+    T_STSIC_BLOCK ReadLowest() {
+        UseResults();
+        const CPostCtrl control = Control();
+        std::vector<T_STSIC_D> records;
+        EXPECT_TRUE(CStoryResultPost(control).GetSIC(kStatic, kSeismic, records));
+        EXPECT_EQ(records[0].head.direction, 1);
+        return records[At(1)].part[1].method[DriftMethod::CenterOfMass];
+    }
+};
+
+TEST_F(TallerStories, SoftStoriesAreHeldAgainstTheMeanOfThreeAbove) {
+    // The story above has 100, the mean of three is 200: 0.8 of it is 160, 0.7 of it 140.
+    EXPECT_EQ(LowestOf({160e6, 100e6, 200e6, 300e6}).status, StoryStatus::Regular);
+    EXPECT_EQ(LowestOf({159e6, 100e6, 200e6, 300e6}).status, StoryStatus::Irregular);
+    EXPECT_EQ(LowestOf({140e6, 100e6, 200e6, 300e6}).isExtreme, 0);
+    EXPECT_EQ(LowestOf({139e6, 100e6, 200e6, 300e6}).isExtreme, 1);
+    const T_STSIC_BLOCK block = LowestOf({160e6, 100e6, 200e6, 300e6});
+    EXPECT_EQ(block.hasNoUpperThree, 0);
+    EXPECT_NEAR(block.upper08, 160.0e3, 1e-6);
+    EXPECT_NEAR(block.upperStiffness, 100.0e3, 1e-6);
+}
+
+TEST_F(TallerStories, DriftAnglesAreHeldAgainstTheMeanOfThreeAbove) {
+    // The mean of 6, 3 and 3 mm is 4: 1.2 of it is 4.8.
+    EXPECT_EQ(LowestOfDrifts({4.8, 6.0, 3.0, 3.0}).angleStatus, StoryStatus::Regular);
+    EXPECT_EQ(LowestOfDrifts({4.81, 6.0, 3.0, 3.0}).angleStatus, StoryStatus::Irregular);
+    EXPECT_NEAR(LowestOfDrifts({4.8, 6.0, 3.0, 3.0}).angleRatioThree, 1.2, 1e-9);
+}
+
+/// Two parts of a building on one ground: the second has two stories of its own, beside the first.
+TEST_F(TallerStories, ModulesStandOneBehindTheOther) {
+    Add<CClassMdul>(2, {.name = "N"});
+    Add<CClassStor>(11, {.name = "a", .mdul = 2, .level = 3.0, .height = 3.0});
+    Add<CClassStor>(12, {.name = "b", .mdul = 2, .level = 7.0});
+    Add<CClassPont>(1, {.x = 50.0, .story = 11, .no = 1});
+    Add<CClassPont>(2, {.x = 50.0, .story = 12, .no = 2});
+    BeginResults();
+    PutCase(kSeismic, [](int, int) { return Plane{}; });
+    UseResults();
+    const CPostCtrl control = Control();
+    std::vector<T_STDFT_D> records;
+    ASSERT_TRUE(CStoryResultPost(control).GetDFT(kStatic, kSeismic, records));
+    ASSERT_EQ(records.size(), 6u);
+    EXPECT_EQ(records[3].head.mdul, 1u);
+    EXPECT_EQ(records[4].head.story, 12u);
+    EXPECT_EQ(records[4].head.seq, 5u);
+    EXPECT_DOUBLE_EQ(records[4].head.height, 4.0) << "without a height of its own: down to the story below";
+    EXPECT_EQ(records[4].part[0].inUse, 0) << "its nodes have no results";
+    EXPECT_EQ(records[5].head.story, 11u);
 }
 
 }  // namespace

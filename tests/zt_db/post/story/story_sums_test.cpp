@@ -17,7 +17,7 @@ protected:
     double MassIn(double kilograms) { return doc->GetUnitCtrl()->ToCurrent(Unit::Mass, kilograms); }
     /// Masses of the stories in kg, at the middle of the frame at y = 0.
     void PutMasses(std::array<double, 3> masses) {
-        for (int s = 1; s <= kStories; ++s) {
+        for (int s = 1; s <= stories; ++s) {
             const double mass = MassIn(masses[static_cast<std::size_t>(s - 1)]);
             const T_PMAS_D record{.mx = mass, .my = mass};
             if (Records<CClassPmas>().Exist(No(s, 2))) {
@@ -173,7 +173,7 @@ TEST_F(StorySums, EccentricityIsThatOfTheColumns) {
     // A column at place 6 that is four times as stiff: along X 12 E I / h^3 in units of one column, at y: (0 * 3 + 8 *
     // (1 + 1 + 4)) / 9 = 16 / 3; along Y at x: ((0 + 6 + 12) + (0 + 6 + 4 * 12)) / 9 = 8.
     Add<CClassSect>(2, {.name = "B", .stiffness = {.area = 0.2, .iyy = 0.016, .izz = 0.004}});
-    for (int s = 1; s <= kStories; ++s) {
+    for (int s = 1; s <= stories; ++s) {
         T_MEMB_D member;
         Records<CClassMemb>().Get(No(s, 6), member);
         member.prop = 2;
