@@ -107,7 +107,7 @@ protected:
     using Plane = std::array<double, 2>;
     /// Stores six values a node, of which X and Y are given.
     void PutNodes(const std::string& name, const std::function<Plane(int story, int place)>& valueOf) {
-        std::vector<double> values(6 * kPlaces * (stories + 1));
+        std::vector<double> values(6 * (PlaceOf(stories, kPlaces) + 1));
         for (int s = 0; s <= stories; ++s) {
             for (int p = 1; p <= kPlaces; ++p) {
                 const Plane value = valueOf(s, p);
