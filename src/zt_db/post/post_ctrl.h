@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "zt_db/post/load_cursor.h"
+#include "zt_db/post/story/story_records.h"
 
 namespace zt {
 
@@ -94,6 +95,12 @@ public:
     int GetEiMdrf(int mode, T_MDRF_D& factors) const;
     /// The shape of a mode at a node, as the run scaled it.
     int GetEiMode(int mode, std::uint32_t node, T_DISP_D& shape) const;
+
+    /// Shear stiffnesses of stories; no analysis stage stores them yet, so that there are none.
+    int GetTRST(int, std::uint32_t, std::vector<T_SSIT_D>& records) const {
+        records.clear();
+        return 0;
+    }
 
     // ---- time histories and steps
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "zt_db/post/story/story_model.h"
+
 namespace zt {
 namespace {
 
@@ -41,6 +43,11 @@ void CPostDataBase::ReadElements() {
         }
         if (!firstElement_.Contains(element.member)) firstElement_.Put(element.member, i);
     }
+}
+
+const StoryModel& CPostDataBase::Stories() const {
+    if (!stories_) stories_ = std::make_shared<const StoryModel>(*this);
+    return *stories_;
 }
 
 void CPostDataBase::ReadSlabs() {

@@ -11,6 +11,8 @@
 
 namespace zt {
 
+class StoryModel;
+
 /// A result database: the model that was analysed, and what the analysis stored of it. Nothing that results depend on
 /// can change while they are current, so that the model itself is what was analysed. Without a model it is empty; with
 /// a model and no results it serves what can be told before an analysis.
@@ -50,6 +52,9 @@ public:
         return static_cast<std::size_t>(&element - elements_.data());
     }
 
+    /// Stories, made when they are first asked for.
+    const StoryModel& Stories() const;
+
 private:
     void ReadElements();
     void ReadSlabs();
@@ -64,6 +69,7 @@ private:
     std::vector<Element> elements_;
     velda::FlatIndex firstElement_;
     std::vector<std::array<std::uint32_t, 3>> slabNodes_;  ///< slab, node, place; sorted
+    mutable std::shared_ptr<const StoryModel> stories_;
 };
 
 }  // namespace zt
