@@ -3,6 +3,7 @@
 #include "velda_lib/outcome.h"
 #include "zt_anl/analysis.h"
 #include "zt_db/doc/doc.h"
+#include "zt_db/post/result_source.h"
 
 namespace zt {
 

@@ -105,10 +105,14 @@ TEST_F(AnalysisRunTest, BeginsItsLogAnewAndDropsItWithTheModel) {
     EXPECT_FALSE(window->HasModel()) << "nothing to analyse";
 }
 
-TEST_F(AnalysisRunTest, LeavesTheModelAsItIs) {
+TEST_F(AnalysisRunTest, KeepsItsResultsInOneStepWhichLocksTheModel) {
     const std::size_t steps = Db().GetUndoNames().size();
     window->RunAnalysis();
-    EXPECT_EQ(Db().GetUndoNames().size(), steps);
+    EXPECT_EQ(Db().GetUndoNames().size(), steps + 1);
+    EXPECT_TRUE(CDBDoc::m_pDBDoc->IsExcuted());
+    window->DiscardResults();
+    EXPECT_EQ(Db().GetUndoNames().size(), steps + 2);
+    EXPECT_FALSE(CDBDoc::m_pDBDoc->IsExcuted());
 }
 
 // ---- the pane ----

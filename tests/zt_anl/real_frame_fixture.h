@@ -9,9 +9,9 @@
 #include <string>
 #include <vector>
 
+#include "verification/csv_table.h"
+#include "verification/verification_record.h"
 #include "zt_anl/analysis.h"
-#include "zt_anl/csv_table.h"
-#include "zt_anl/verification_record.h"
 #include "zt_db/exchange/model_exchange.h"
 #include "zt_db/test_support.h"
 

@@ -46,7 +46,8 @@ void CPostDataBase::ReadElements() {
 }
 
 const StoryModel& CPostDataBase::Stories() const {
-    if (!stories_) stories_ = std::make_shared<const StoryModel>(*this);
+    static const CPostDataBase kNone;
+    if (!stories_) stories_ = std::make_shared<const StoryModel>(results_ ? *this : kNone);
     return *stories_;
 }
 

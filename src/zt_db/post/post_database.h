@@ -52,7 +52,7 @@ public:
         return static_cast<std::size_t>(&element - elements_.data());
     }
 
-    /// Stories, made when they are first asked for.
+    /// Stories, made when they are first asked for; none without results, since the model may change then.
     const StoryModel& Stories() const;
 
 private:

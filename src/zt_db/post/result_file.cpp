@@ -181,12 +181,12 @@ public:
         return true;
     }
 
-    ResultArray Array(std::string_view name) const {
+    ResultArray Array(std::string_view name, const std::shared_ptr<const void>& keeper) const {
         const auto found = places_.find(name);
         if (found == places_.end() || found->second.isKeys) return {};
         const Place& place = found->second;
         const double* values = place.offset ? map_.Numbers(place.offset, place.rows * place.columns) : nullptr;
-        if (values) return {values, place.rows, place.columns};
+        if (values) return {values, place.rows, place.columns, keeper};
         Hdf5Dataset dataset(H5Dopen2(file_.Id(), found->first.c_str(), H5P_DEFAULT));
         if (!dataset) return {};
         return {std::make_shared<BlockLoader>(std::move(dataset), place.rows, place.columns, place.isList), place.rows,
@@ -244,11 +244,13 @@ private:
         if ((kind != H5T_FLOAT && kind != H5T_INTEGER) || rank < 1 || rank > static_cast<int>(kMostRank)) return;
         hsize_t size[kMostRank] = {0, 1};
         H5Sget_simple_extent_dims(space.Id(), size, nullptr);
-        // More than a file can hold is damage.
-        constexpr hsize_t kMost = hsize_t{1} << 40;
-        if (size[0] > kMost || size[1] > kMost || size[0] * size[1] > kMost || size[1] == 0) return;
+        // More than an analysis can give is damage.
+        constexpr hsize_t kMostRows = hsize_t{1} << 40;
+        constexpr hsize_t kMostColumns = 1 << 14;
+        if (size[0] > kMostRows || size[1] > kMostColumns || size[1] == 0) return;
         Place place{.rows = size[0], .columns = size[1], .isKeys = kind == H5T_INTEGER, .isList = rank == 1};
-        if (place.isKeys && place.rows * place.columns > H5Dget_storage_size(dataset.Id())) return;
+        constexpr std::size_t kMostKeys = std::size_t{1} << 27;
+        if (place.isKeys && place.rows * place.columns > kMostKeys) return;
         const haddr_t offset = H5Dget_offset(dataset.Id());
         if (offset != HADDR_UNDEF && H5Tequal(type.Id(), H5T_IEEE_F64LE) > 0) place.offset = offset;
         places_[name] = place;
@@ -286,7 +288,7 @@ const ResultHead& ResultFile::Head() const { return content_->head; }
 const std::vector<ResultCase>& ResultFile::Cases() const { return content_->cases; }
 std::vector<std::uint32_t> ResultFile::Keys(std::string_view name) const { return content_->Keys(name); }
 std::vector<std::string> ResultFile::Names() const { return content_->Names(); }
-ResultArray ResultFile::Array(std::string_view name) const { return content_->Array(name); }
+ResultArray ResultFile::Array(std::string_view name) const { return content_->Array(name, content_); }
 
 // ---- writing ----
 

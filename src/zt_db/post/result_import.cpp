@@ -137,7 +137,11 @@ private:
             const std::uint32_t loadCase = model_.GetClass<CClassStld>()->GetKey(row.loadCase);
             SixNumbers values{};
             for (std::size_t i = 0; i < values.size(); ++i) values[i] = row.values[i].value_or(0.0);
-            if (loadCase == 0) {
+            const bool isWhole = std::all_of(row.values.begin(), row.values.end(),
+                                             [](const MaybeNumber& value) { return value.has_value(); });
+            if (!isWhole) {
+                report_.Add(FindingLevel::LeftOut, {name, row.origin.row, {}}, "IDS_XCH_RESULT_NO_VALUE");
+            } else if (loadCase == 0) {
                 report_.Add(FindingLevel::LeftOut, {name, row.origin.row, "load_case"}, "IDS_XCH_RESULT_NO_CASE",
                             {row.loadCase});
             } else if (!nodes_.contains(row.node)) {

@@ -42,8 +42,9 @@ public:
     };
 
     ResultArray() = default;
-    ResultArray(const double* values, std::size_t rows, std::size_t columns)
-        : values_(values), rows_(rows), columns_(columns) {}
+    /// `keeper` holds what the values lie in, where that may go before the array.
+    ResultArray(const double* values, std::size_t rows, std::size_t columns, std::shared_ptr<const void> keeper = {})
+        : values_(values), keeper_(std::move(keeper)), rows_(rows), columns_(columns) {}
     ResultArray(std::shared_ptr<const Loader> loader, std::size_t rows, std::size_t columns)
         : loader_(std::move(loader)), rows_(rows), columns_(columns) {}
 
@@ -62,6 +63,7 @@ public:
 
 private:
     const double* values_ = nullptr;
+    std::shared_ptr<const void> keeper_;
     std::shared_ptr<const Loader> loader_;
     std::size_t rows_ = 0;
     std::size_t columns_ = 0;

@@ -86,10 +86,4 @@ private:
     bool hasEnvelope_ = false;
 };
 
-/// What the run stores of a spectrum case: the peak coordinate of each mode, and their correlation.
-namespace ResultName {
-inline constexpr std::string_view ModalCoordinate = "modal_coordinate";
-inline constexpr std::string_view ModalCorrelation = "modal_correlation";
-}  // namespace ResultName
-
 }  // namespace zt

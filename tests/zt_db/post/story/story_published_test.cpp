@@ -1,7 +1,7 @@
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
+#include "verification/csv_table.h"
+#include "verification/verification_record.h"
 #include "zt_db/exchange/model_exchange.h"
 #include "zt_db/post/story/story_fixture.h"
 
@@ -9,34 +9,6 @@ namespace zt {
 namespace {
 
 constexpr int kStatic = LoadCaseKind::Static;
-using Rows = std::vector<std::map<std::string, std::string>>;
-
-/// The rows of a table of results, by the names of its columns.
-Rows ReadRows(const std::filesystem::path& path) {
-    std::ifstream file(path);
-    EXPECT_TRUE(file) << path;
-    const auto cellsOf = [](std::string line) {
-        if (line.ends_with('\r')) line.pop_back();
-        std::vector<std::string> cells;
-        std::istringstream stream(line);
-        for (std::string cell; std::getline(stream, cell, ',');) cells.push_back(cell);
-        return cells;
-    };
-    std::string line;
-    std::getline(file, line);
-    const std::vector<std::string> names = cellsOf(line);
-    Rows rows;
-    while (std::getline(file, line)) {
-        const std::vector<std::string> cells = cellsOf(line);
-        auto& row = rows.emplace_back();
-        for (std::size_t i = 0; i < cells.size(); ++i) row[names[i]] = cells[i];
-    }
-    EXPECT_FALSE(rows.empty()) << path;
-    return rows;
-}
-
-double Number(const Rows::value_type& row, const char* column) { return std::stod(row.at(column)); }
-
 /// Real models whose displacements others computed: what follows from them must be what they found.
 class PublishedStories : public StoryTest {
 protected:
@@ -64,10 +36,10 @@ protected:
     }
     void PutDisplacements(std::uint32_t key, const std::string& table) {
         std::vector<double> values(6 * numbers.size());
-        for (const auto& row : ReadRows(folder / table)) {
+        for (const auto& row : ReadTable(folder / table)) {
             const std::size_t place = placeOfNode.at(row.at("node"));
-            values[6 * place] = Number(row, "ux_m");
-            values[6 * place + 1] = Number(row, "uy_m");
+            values[6 * place] = NumberOf(row, "ux_m");
+            values[6 * place + 1] = NumberOf(row, "uy_m");
         }
         PutResultCase({kStatic, key, "L", "E"});
         PutArray(CasePath(kStatic, key, ResultName::Displacement), 6, values);
@@ -81,17 +53,17 @@ protected:
         std::vector<T_STTIC_D> torsion;
         ASSERT_TRUE(CStoryResultPost(control).GetDFT(kStatic, 1, records));
         ASSERT_TRUE(CStoryResultPost(control).GetTIC(kStatic, 1, torsion));
-        const Rows rows = ReadRows(folder / drifts);
+        const std::vector<CsvRow> rows = ReadTable(folder / drifts);
         ASSERT_EQ(records.size(), rows.size());
         for (std::size_t i = 0; i < rows.size(); ++i) {
             const std::size_t at = rows.size() - 1 - i;
             const T_STDFT_POINT& point = records[at].part[direction].maximum;
-            EXPECT_NEAR(records[at].head.height, Number(rows[i], "height_m"), 1e-9);
+            EXPECT_NEAR(records[at].head.height, NumberOf(rows[i], "height_m"), 1e-9);
             // Displacements are told with eight digits.
-            EXPECT_NEAR(point.drift, Number(rows[i], "max_drift_m"), 2e-9) << drifts << ' ' << i;
-            EXPECT_NEAR(torsion[at].part[direction].averageDrift, Number(rows[i], "avg_drift_m"), 2e-9);
-            EXPECT_NEAR(torsion[at].part[direction].driftRatio, Number(rows[i], "max_over_avg"), 1e-9);
-            EXPECT_NEAR(point.angle, Number(rows[i], "drift_ratio_max"), 1e-8);
+            EXPECT_NEAR(point.drift, NumberOf(rows[i], "max_drift_m"), 2e-9) << drifts << ' ' << i;
+            EXPECT_NEAR(torsion[at].part[direction].averageDrift, NumberOf(rows[i], "avg_drift_m"), 2e-9);
+            EXPECT_NEAR(torsion[at].part[direction].driftRatio, NumberOf(rows[i], "max_over_avg"), 1e-9);
+            EXPECT_NEAR(point.angle, NumberOf(rows[i], "drift_ratio_max"), 1e-8);
             EXPECT_EQ(torsion[at].part[direction].status, StoryStatus::Regular);
             EXPECT_EQ(records[at].head.direction, static_cast<int>(direction));
         }
@@ -124,20 +96,20 @@ TEST_F(PublishedStories, ConcretePlaneFrameDrifts) {
 }
 
 /// Displacements, shears and gravity loads in; drifts, ratios, stability coefficients out. Units are inch and kip.
-class PublishedDesign : public PublishedStories {
+class DesignVerification : public PublishedStories {
 protected:
     static constexpr double kInchInMetres = 0.0254;
     static constexpr double kKip = 4448.2216152605;
 
-    PublishedDesign() {
+    DesignVerification() {
         Load("rc_building_3story_design");
-        rows = ReadRows(folder / "results_drift_and_stability.csv");
+        rows = ReadTable(folder / "results_drift_and_stability.csv");
         for (const std::uint32_t key : {1u, 2u}) {
             if (!Records<CClassStld>().Exist(key)) Add<CClassStld>(key, {.name = std::to_string(key), .type = "E"});
         }
-        Add<CClassRstp>(1, {.amplification = Number(rows[0], "Cd"),
+        Add<CClassRstp>(1, {.amplification = NumberOf(rows[0], "Cd"),
                             .importance = 1.0,
-                            .allowableRatio = 0.01 * Number(rows[0], "limit_pct"),
+                            .allowableRatio = 0.01 * NumberOf(rows[0], "limit_pct"),
                             .verticalLoads = {{kStatic, 2, 1.0}},
                             .betas = {}});
         PutColumns();
@@ -196,56 +168,61 @@ protected:
         const MemberAxes axes = TurnedAbout(AxesOfLine({0.0, 0.0, 0.0}, {0.0, 0.0, 1.0}), angle);
         return {axes.y[0], axes.z[0]};
     }
-    double At(int story, const char* column) const { return Number(rows[static_cast<std::size_t>(story)], column); }
+    double At(int story, const char* column) const { return NumberOf(rows[static_cast<std::size_t>(story)], column); }
     /// Place in a list of records of a row of the table.
     std::size_t RecordOf(std::size_t row) const { return rows.size() - 1 - row; }
 
-    Rows rows;
+    std::vector<CsvRow> rows;
     std::vector<int> storyOfColumn;
 };
 
-TEST_F(PublishedDesign, DriftsAndTheirRatiosAreThePublishedOnes) {
+TEST_F(DesignVerification, ConcreteBuildingOfThreeStoreys) {
+    VerificationRecord record(
+        "rc_building_3story_design",
+        "Drifts, stability coefficients and stiffness ratios of a published seismic design in inches and kips. The "
+        "displacements, shears and gravity loads of the designer are the input; the services of stories find what the "
+        "design found from them. The analysis itself is not compared: the design stands on another model.");
     const CPostCtrl control = Control();
     const CStoryResultPost service(control);
-    std::vector<T_STDFT_D> records;
-    ASSERT_TRUE(service.GetDFT(kStatic, 1, records));
-    ASSERT_EQ(records.size(), rows.size());
+    std::vector<T_STDFT_D> drifts;
+    std::vector<T_STBCF_D> coefficients;
+    std::vector<T_STSIC_D> ratios;
+    ASSERT_TRUE(service.GetDFT(kStatic, 1, drifts));
+    ASSERT_TRUE(service.GetStbCoeff(kStatic, 1, coefficients));
+    ASSERT_TRUE(service.GetSIC(kStatic, 1, ratios));
+    ASSERT_EQ(drifts.size(), rows.size());
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        const T_STDFT_D& record = records[RecordOf(i)];
-        const T_STDFT_POINT& point = record.part[0].maximum;
-        EXPECT_NEAR(record.head.height, Number(rows[i], "height_in"), 1e-9);
-        EXPECT_NEAR(point.drift, Number(rows[i], "elastic_drift_in"), 1e-9);
-        EXPECT_NEAR(point.modified, Number(rows[i], "inelastic_drift_in"), 1e-9);
-        EXPECT_NEAR(point.modified, Number(rows[i], "published_inelastic_drift_in"), 1e-9);
-        EXPECT_NEAR(100.0 * point.ratio, Number(rows[i], "drift_ratio_pct"), 5e-4);
-        EXPECT_NEAR(100.0 * point.ratio, Number(rows[i], "published_drift_ratio_pct"), 5e-4);
-        EXPECT_EQ(service.GetAllowDrftRatio() > point.ratio ? "pass" : "fail", rows[i].at("check"));
-        EXPECT_NEAR(record.part[0].center.drift, point.drift, 1e-9) << "the floors are rigid";
-    }
-}
-
-TEST_F(PublishedDesign, ShearsAndStabilityCoefficientsAreThePublishedOnes) {
-    const CPostCtrl control = Control();
-    std::vector<T_STBCF_D> records;
-    ASSERT_TRUE(CStoryResultPost(control).GetStbCoeff(kStatic, 1, records));
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        const T_STBCF_PART& part = records[RecordOf(i)].part[0];
-        EXPECT_NEAR(part.shear, Number(rows[i], "story_shear_kip"), 1e-9);
-        EXPECT_NEAR(part.verticalLoad, Number(rows[i], "gravity_load_above_kip"), 1e-6);
-        EXPECT_NEAR(part.theta[0], Number(rows[i], "stability_coefficient"), 5e-4);
-        EXPECT_NEAR(part.theta[0], Number(rows[i], "published_stability_coefficient"), 5e-4);
+        const CsvRow& row = rows[i];
+        const std::string story = " of story " + row.at("story");
+        const T_STDFT_POINT& point = drifts[RecordOf(i)].part[0].maximum;
+        const T_STBCF_PART& part = coefficients[RecordOf(i)].part[0];
+        const auto exact = [&](const std::string& column, double ours) {
+            record.Value(column + story, ours, NumberOf(row, column), 1.0e-8);
+        };
+        const auto printed = [&](const std::string& column, double ours) {
+            record.Within(column + story, ours, NumberOf(row, column), 5.0e-4);
+        };
+        exact("height_in", drifts[RecordOf(i)].head.height);
+        exact("story_shear_kip", part.shear);
+        exact("gravity_load_above_kip", part.verticalLoad);
+        exact("elastic_drift_in", point.drift);
+        exact("inelastic_drift_in", point.modified);
+        exact("published_inelastic_drift_in", point.modified);
+        printed("drift_ratio_pct", 100.0 * point.ratio);
+        printed("published_drift_ratio_pct", 100.0 * point.ratio);
+        printed("stability_coefficient", part.theta[0]);
+        printed("published_stability_coefficient", part.theta[0]);
+        EXPECT_EQ(service.GetAllowDrftRatio() > point.ratio ? "pass" : "fail", row.at("check"));
+        EXPECT_NEAR(drifts[RecordOf(i)].part[0].center.drift, point.drift, 1e-9) << "the floors are rigid";
         EXPECT_NEAR(part.limit, 0.0909, 5e-5);  // 0.5 / (1 * 5.5)
     }
-}
-
-TEST_F(PublishedDesign, TheRatioToTheStoryAboveIsThePublishedOne) {
-    const CPostCtrl control = Control();
-    std::vector<T_STSIC_D> records;
-    ASSERT_TRUE(CStoryResultPost(control).GetSIC(kStatic, 1, records));
-    const T_STSIC_BLOCK& block = records[RecordOf(0)].part[0].method[DriftMethod::Maximum];
-    EXPECT_NEAR(block.angleRatio, Number(rows[0], "ratio_to_story_above"), 5e-4);
-    EXPECT_NEAR(block.angleRatio, Number(rows[0], "published_ratio_to_story_above"), 5e-4);
+    const T_STSIC_BLOCK& block = ratios[RecordOf(0)].part[0].method[DriftMethod::Maximum];
+    record.Within("ratio_to_story_above of story 1", block.angleRatio, NumberOf(rows[0], "ratio_to_story_above"),
+                  5.0e-4);
+    record.Within("published_ratio_to_story_above of story 1", block.angleRatio,
+                  NumberOf(rows[0], "published_ratio_to_story_above"), 5.0e-4);
     EXPECT_EQ(block.angleStatus, StoryStatus::Regular);
+    record.Finish();
 }
 
 }  // namespace
