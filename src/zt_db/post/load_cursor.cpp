@@ -9,9 +9,6 @@ namespace {
 constexpr std::string_view kNames[] = {ResultName::Displacement, ResultName::Reaction,  ResultName::ReactionSum,
                                        ResultName::ElementForce, ResultName::LinkForce, ResultName::SlabForce};
 
-/// Deeper nesting than any user makes is a ring in damaged records.
-constexpr std::size_t kDeepest = 32;
-
 Bounds Times(const Bounds& bounds, double factor) {
     const Bounds product{bounds.max * factor, bounds.min * factor};
     return factor < 0.0 ? Bounds{product.min, product.max} : product;
@@ -21,35 +18,16 @@ Bounds Times(const Bounds& bounds, double factor) {
 
 bool LoadCursor::Open(const CPostDataBase& database, const T_PLCOM_D& combination) {
     *this = {};
-    const bool good = database.Results() && Build(database, combination, root_, 0);
+    const auto leafOf = [&](int kind, std::uint32_t key) { return LeafOf(database, kind, key); };
+    const bool good = OpenCaseTree(database, combination, leafOf, root_);
     if (!good) *this = {};
+    hasEnvelope_ = root_.HasEnvelope() || std::any_of(leaves_.begin(), leaves_.end(),
+                                                      [](const Leaf& leaf) { return HasEnvelopes(leaf.kind); });
     return good;
 }
 
-bool LoadCursor::Build(const CPostDataBase& database, const T_PLCOM_D& combination, Node& node, std::size_t depth) {
-    if (depth > kDeepest || combination.items.empty()) return false;
-    node.isEnvelope = combination.type == LoadCombinationType::Envelope;
-    hasEnvelope_ = hasEnvelope_ || node.isEnvelope;
-    for (const T_LCOM_ITEM& item : combination.items) {
-        Node part{.factor = item.factor};
-        if (item.kind == LoadCaseKind::Combination) {
-            T_PLCOM_D inner;
-            if (!CClassPLcom(&database).Get(item.key, inner) || !Build(database, inner, part, depth + 1)) return false;
-        } else {
-            part.leaf = LeafOf(database, item.kind, item.key);
-            if (part.leaf < 0) return false;
-            hasEnvelope_ = hasEnvelope_ || HasEnvelopes(item.kind);
-        }
-        node.parts.push_back(std::move(part));
-    }
-    return true;
-}
-
 int LoadCursor::LeafOf(const CPostDataBase& database, int kind, std::uint32_t key) {
-    const auto& cases = database.Results()->Cases();
-    const bool exists = std::any_of(cases.begin(), cases.end(),
-                                    [&](const ResultCase& one) { return one.kind == kind && one.key == key; });
-    if (!exists) return -1;
+    if (!HasResultsOf(*database.Results(), kind, key)) return -1;
     const auto found = std::find_if(leaves_.begin(), leaves_.end(),
                                     [&](const Leaf& leaf) { return leaf.kind == kind && leaf.key == key; });
     if (found != leaves_.end()) return static_cast<int>(found - leaves_.begin());
@@ -67,7 +45,7 @@ int LoadCursor::LeafOf(const CPostDataBase& database, int kind, std::uint32_t ke
 bool LoadCursor::Read(ResultQuantity quantity, std::size_t row, std::size_t columns, Row& bounds) const {
     const auto at = static_cast<std::size_t>(quantity);
     if (root_.parts.size() == 1 && root_.parts[0].leaf >= 0) {
-        const Node& only = root_.parts[0];
+        const CaseTree& only = root_.parts[0];
         return ReadLeaf(leaves_[static_cast<std::size_t>(only.leaf)], at, row, columns, only.factor, bounds);
     }
     return Add(root_, at, row, columns, bounds);
@@ -107,14 +85,15 @@ bool LoadCursor::ReadLeaf(const Leaf& leaf, std::size_t quantity, std::size_t ro
 
 /// The bounds of a node, its factor included. A part without rows of this quantity counts as 0; there must be one that
 /// has some.
-bool LoadCursor::Add(const Node& node, std::size_t quantity, std::size_t row, std::size_t columns, Row& bounds) const {
+bool LoadCursor::Add(const CaseTree& node, std::size_t quantity, std::size_t row, std::size_t columns,
+                     Row& bounds) const {
     if (node.leaf >= 0) {
         return ReadLeaf(leaves_[static_cast<std::size_t>(node.leaf)], quantity, row, columns, node.factor, bounds);
     }
     bool isAny = false;
     bool isFirst = true;
     Row whole{};
-    for (const Node& part : node.parts) {
+    for (const CaseTree& part : node.parts) {
         Row own{};
         isAny = Add(part, quantity, row, columns, own) || isAny;
         for (std::size_t i = 0; i < columns; ++i) {

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "zt_db/post/post_classes.h"
+#include "zt_db/post/case_tree.h"
 
 namespace zt {
 
@@ -48,21 +48,12 @@ private:
         std::uint32_t key = 0;
         std::array<Arrays, kQuantities> arrays{};
     };
-    /// A case, or the sum or envelope of what follows it.
-    struct Node {
-        double factor = 1.0;
-        bool isEnvelope = false;
-        int leaf = -1;
-        std::vector<Node> parts{};
-    };
-
-    bool Build(const CPostDataBase& database, const T_PLCOM_D& combination, Node& node, std::size_t depth);
     int LeafOf(const CPostDataBase& database, int kind, std::uint32_t key);
-    bool Add(const Node& node, std::size_t quantity, std::size_t row, std::size_t columns, Row& bounds) const;
+    bool Add(const CaseTree& node, std::size_t quantity, std::size_t row, std::size_t columns, Row& bounds) const;
     bool ReadLeaf(const Leaf& leaf, std::size_t quantity, std::size_t row, std::size_t columns, double factor,
                   Row& bounds) const;
 
-    Node root_;
+    CaseTree root_;
     std::vector<Leaf> leaves_;
     bool hasEnvelope_ = false;
 };

@@ -46,6 +46,27 @@ private:
     const Derived& Self() const { return static_cast<const Derived&>(*this); }
 };
 
+/// What classes of load cases have besides: names.
+template <class Derived, class R>
+class PostNamesOf : public PostKeysOf<Derived> {
+public:
+    using Record = R;
+    using PostKeysOf<Derived>::PostKeysOf;
+
+    /// The name of a case as tables show it; empty when there is no such case.
+    std::string GetDisplayName(std::uint32_t key) const {
+        R record;
+        return static_cast<const Derived&>(*this).Get(key, record) ? record.name : std::string{};
+    }
+    /// The cases and their names; false when there are none.
+    int GetList(std::vector<std::uint32_t>& keys, std::vector<std::string>& names) const {
+        const int isAny = this->GetKeyList(keys);
+        names.clear();
+        for (const std::uint32_t key : keys) names.push_back(GetDisplayName(key));
+        return isAny;
+    }
+};
+
 /// The records of a class of the model, as they were analysed.
 template <class Class>
 class PostTwinOf : public PostKeysOf<PostTwinOf<Class>> {
@@ -70,10 +91,10 @@ public:
 
 /// Load cases that are records of the model: where there are results, those that have some.
 template <class Class, int Kind>
-class PostCaseTwinOf : public PostKeysOf<PostCaseTwinOf<Class, Kind>> {
+class PostCaseTwinOf : public PostNamesOf<PostCaseTwinOf<Class, Kind>, typename Class::Record> {
 public:
     using Record = typename Class::Record;
-    using PostKeysOf<PostCaseTwinOf<Class, Kind>>::PostKeysOf;
+    using PostNamesOf<PostCaseTwinOf<Class, Kind>, Record>::PostNamesOf;
 
     int Get(std::uint32_t key, Record& record) const { return Exist(key) ? Records()->Get(key, record) : 0; }
     int Exist(std::uint32_t key) const {
@@ -85,18 +106,6 @@ public:
         if (const Class* records = Records()) records->GetKeyList(keys);
         std::erase_if(keys, [this](std::uint32_t key) { return !Exist(key); });
         return keys;
-    }
-    /// The name of a case as tables show it; empty when there is no such case.
-    std::string GetDisplayName(std::uint32_t key) const {
-        Record record;
-        return Get(key, record) ? record.name : std::string{};
-    }
-    /// The cases and their names; false when there are none.
-    int GetList(std::vector<std::uint32_t>& keys, std::vector<std::string>& names) const {
-        keys = Keys();
-        names.clear();
-        for (const std::uint32_t key : keys) names.push_back(GetDisplayName(key));
-        return keys.empty() ? 0 : 1;
     }
 
 private:
@@ -112,10 +121,9 @@ struct T_PCASE_D {
 
 /// Load cases of a kind that the model keeps no records of: what the results tell.
 template <int Kind>
-class PostCaseOf : public PostKeysOf<PostCaseOf<Kind>> {
+class PostCaseOf : public PostNamesOf<PostCaseOf<Kind>, T_PCASE_D> {
 public:
-    using Record = T_PCASE_D;
-    using PostKeysOf<PostCaseOf<Kind>>::PostKeysOf;
+    using PostNamesOf<PostCaseOf<Kind>, T_PCASE_D>::PostNamesOf;
 
     int Get(std::uint32_t key, T_PCASE_D& record) const {
         for (const ResultCase& one : Cases()) {
@@ -135,16 +143,6 @@ public:
         }
         std::sort(keys.begin(), keys.end());
         return keys;
-    }
-    std::string GetDisplayName(std::uint32_t key) const {
-        T_PCASE_D record;
-        return Get(key, record) ? record.name : std::string{};
-    }
-    int GetList(std::vector<std::uint32_t>& keys, std::vector<std::string>& names) const {
-        keys = Keys();
-        names.clear();
-        for (const std::uint32_t key : keys) names.push_back(GetDisplayName(key));
-        return keys.empty() ? 0 : 1;
     }
 
 private:

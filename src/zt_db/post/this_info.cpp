@@ -67,6 +67,16 @@ double CThisInfo::GetTimeOfState(std::size_t state) const {
     return static_cast<double>(state) * ArrayOf(ResultName::Step).At(0, 0);
 }
 
+/// What the modes leave of the displacements by loads that drive.
+void CThisInfo::AddRemainders(std::uint32_t place, std::size_t state, T_DISP_D& sum) const {
+    const ResultArray factors = ArrayOf(ResultName::LoadFactor);
+    for (std::size_t load = 0; load < factors.Columns(); ++load) {
+        const ResultArray remainder = ArrayOf(ResultName::Remainder, std::to_string(load + 1));
+        const double factor = factors.At(state, load);
+        for (std::size_t i = 0; i < sum.value.size(); ++i) sum.value[i] += factor * remainder.At(place, i);
+    }
+}
+
 int CThisInfo::GetDispOfState(std::uint32_t node, std::size_t state, T_DISP_D& displacement) const {
     const ResultArray coordinates = ArrayOf(ResultName::Coordinate);
     if (state >= coordinates.Rows()) return 0;
@@ -77,6 +87,7 @@ int CThisInfo::GetDispOfState(std::uint32_t node, std::size_t state, T_DISP_D& d
         const double coordinate = coordinates.At(state, mode);
         for (std::size_t i = 0; i < sum.value.size(); ++i) sum.value[i] += coordinate * shape.value[i];
     }
+    AddRemainders(control_.Database().PlaceOfNode(node), state, sum);
     for (std::size_t i = 0; i < sum.value.size(); ++i) {
         displacement.value[i] = control_.Units().ToCurrent(kDisplacement[i], sum.value[i]);
     }

@@ -29,12 +29,13 @@ public:
     /// The stored states of the case; 0 when there are none, and the time of one, from 0.
     std::size_t GetStateCount() const;
     double GetTimeOfState(std::size_t state) const;
-    /// The displacements of a node in a state, as the sum of its modes.
+    /// The displacements of a node in a state, as the sum of its modes and of what they leave out.
     int GetDispOfState(std::uint32_t node, std::size_t state, T_DISP_D& displacement) const;
 
 private:
     int Read(std::string_view quantity, std::uint32_t place, const std::array<int, 6>& units, int subKind,
              T_TIMED_D& values) const;
+    void AddRemainders(std::uint32_t place, std::size_t state, T_DISP_D& sum) const;
     ResultArray ArrayOf(std::string_view quantity, std::string_view suffix = {}) const;
 
     const CPostCtrl& control_;

@@ -7,9 +7,6 @@
 namespace zt {
 namespace {
 
-/// Deeper nesting than any user makes is a ring in damaged records.
-constexpr std::size_t kDeepest = 32;
-
 TimedBounds Times(const TimedBounds& value, double factor) {
     const TimedBounds product{{value.bounds.max * factor, value.bounds.min * factor}, value.maxTime, value.minTime};
     if (factor >= 0.0) return product;
@@ -55,50 +52,30 @@ void ResponseForm::Add(const ResponseForm& other, double factor) {
 
 bool StoryResponse::Open(const CPostDataBase& database, const T_PLCOM_D& combination) {
     *this = {};
-    const bool good = database.Results() && Build(database, combination, root_, 0);
+    const auto leafOf = [&](int kind, std::uint32_t key) { return AddLeaf(database, kind, key); };
+    const bool good = OpenCaseTree(database, combination, leafOf, root_);
     if (!good) *this = {};
+    hasEnvelope_ = root_.HasEnvelope() ||
+                   std::any_of(leaves_.begin(), leaves_.end(), [](const Leaf& leaf) { return leaf.isModal(); });
     return good;
 }
 
-bool StoryResponse::Build(const CPostDataBase& database, const T_PLCOM_D& combination, Node& node, std::size_t depth) {
-    if (depth > kDeepest || combination.items.empty()) return false;
-    node.isEnvelope = combination.type == LoadCombinationType::Envelope;
-    hasEnvelope_ = hasEnvelope_ || node.isEnvelope;
-    for (const T_LCOM_ITEM& item : combination.items) {
-        Node part{.factor = item.factor};
-        if (item.kind == LoadCaseKind::Combination) {
-            T_PLCOM_D inner;
-            if (!CClassPLcom(&database).Get(item.key, inner) || !Build(database, inner, part, depth + 1)) return false;
-        } else {
-            if (!AddLeaf(database, item.kind, item.key)) return false;
-            part.leaf = static_cast<int>(leaves_.size()) - 1;
-        }
-        node.parts.push_back(std::move(part));
-    }
-    return true;
-}
-
-bool StoryResponse::AddLeaf(const CPostDataBase& database, int kind, std::uint32_t key) {
+int StoryResponse::AddLeaf(const CPostDataBase& database, int kind, std::uint32_t key) {
     const ResultSource& results = *database.Results();
-    const auto& cases = results.Cases();
-    if (std::none_of(cases.begin(), cases.end(),
-                     [&](const ResultCase& one) { return one.kind == kind && one.key == key; })) {
-        return false;
-    }
+    if (!HasResultsOf(results, kind, key)) return -1;
     Leaf leaf;
     if (!HasEnvelopes(kind)) {
         leaf.displacement = results.Array(CasePath(kind, key, ResultName::Displacement));
         leaf.force = results.Array(CasePath(kind, key, ResultName::ElementForce));
         leaves_.push_back(std::move(leaf));
-        return true;
+        return static_cast<int>(leaves_.size()) - 1;
     }
     const bool isKnown = kind == LoadCaseKind::Spectrum      ? ReadSpectrum(results, key, leaf)
                          : kind == LoadCaseKind::TimeHistory ? ReadHistory(results, key, leaf)
                                                              : false;
-    if (!isKnown || !ReadModes(results, leaf.modes)) return false;
-    hasEnvelope_ = true;
+    if (!isKnown || !ReadModes(results, leaf.modes)) return -1;
     leaves_.push_back(std::move(leaf));
-    return true;
+    return static_cast<int>(leaves_.size()) - 1;
 }
 
 bool StoryResponse::ReadSpectrum(const ResultSource& results, std::uint32_t key, Leaf& leaf) {
@@ -153,7 +130,7 @@ std::optional<double> StoryResponse::Governing(const ResponseForm& form) const {
 }
 
 /// Sums of extremes come at no one time; only a case by itself keeps its times.
-bool StoryResponse::ReadNode(const Node& node, const ResponseForm& form, TimedBounds& bounds) const {
+bool StoryResponse::ReadNode(const CaseTree& node, const ResponseForm& form, TimedBounds& bounds) const {
     if (node.leaf >= 0) {
         if (!ReadLeaf(leaves_[static_cast<std::size_t>(node.leaf)], form, bounds)) return false;
         bounds = Times(bounds, node.factor);

@@ -62,24 +62,18 @@ private:
         std::size_t modes = 0;
         bool isModal() const { return modes > 0; }
     };
-    struct Node {
-        double factor = 1.0;
-        bool isEnvelope = false;
-        int leaf = -1;
-        std::vector<Node> parts{};
-    };
 
-    bool Build(const CPostDataBase& database, const T_PLCOM_D& combination, Node& node, std::size_t depth);
-    bool AddLeaf(const CPostDataBase& database, int kind, std::uint32_t key);
+    /// The place of a case that tells its states, or -1.
+    int AddLeaf(const CPostDataBase& database, int kind, std::uint32_t key);
     bool ReadModes(const ResultSource& results, std::size_t modes);
     static bool ReadSpectrum(const ResultSource& results, std::uint32_t key, Leaf& leaf);
     static bool ReadHistory(const ResultSource& results, std::uint32_t key, Leaf& leaf);
-    bool ReadNode(const Node& node, const ResponseForm& form, TimedBounds& bounds) const;
+    bool ReadNode(const CaseTree& node, const ResponseForm& form, TimedBounds& bounds) const;
     bool ReadLeaf(const Leaf& leaf, const ResponseForm& form, TimedBounds& bounds) const;
     bool ReadStatic(const Leaf& leaf, const ResponseForm& form, double& value) const;
     bool OfModes(const Leaf& leaf, const ResponseForm& form, std::vector<double>& values) const;
 
-    Node root_;
+    CaseTree root_;
     std::vector<Leaf> leaves_;
     std::vector<ResultArray> shapes_;
     std::vector<double> squares_;  ///< squares of the circular frequencies
