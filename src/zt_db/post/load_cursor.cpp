@@ -23,6 +23,7 @@ bool LoadCursor::Open(const CPostDataBase& database, const T_PLCOM_D& combinatio
     if (!good) *this = {};
     hasEnvelope_ = root_.HasEnvelope() || std::any_of(leaves_.begin(), leaves_.end(),
                                                       [](const Leaf& leaf) { return HasEnvelopes(leaf.kind); });
+    isPlain_ = !hasEnvelope_ && root_.parts.size() == 1 && root_.parts[0].leaf == 0 && root_.parts[0].factor == 1.0;
     return good;
 }
 

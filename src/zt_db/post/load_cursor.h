@@ -29,6 +29,13 @@ public:
     bool Open(const CPostDataBase& database, const T_PLCOM_D& combination);
     /// The bounds of the first `columns` values of a row; false when there is none.
     bool Read(ResultQuantity quantity, std::size_t row, std::size_t columns, Row& bounds) const;
+    /// The row of the one static case that is open with factor 1; null where more than that is to be read. It lasts
+    /// until the next call.
+    const double* PlainRow(ResultQuantity quantity, std::size_t row, std::size_t columns) const {
+        if (!isPlain_) return nullptr;
+        const ResultArray& array = leaves_.front().arrays[static_cast<std::size_t>(quantity)].first;
+        return array.Columns() >= columns ? array.Row(row) : nullptr;
+    }
     /// Whether the cases have rows of a quantity.
     bool Has(ResultQuantity quantity) const;
     std::size_t Rows(ResultQuantity quantity) const;
@@ -56,6 +63,7 @@ private:
     CaseTree root_;
     std::vector<Leaf> leaves_;
     bool hasEnvelope_ = false;
+    bool isPlain_ = false;
 };
 
 }  // namespace zt

@@ -81,32 +81,57 @@ int CPostCtrl::SelectLoadComb(int kind, std::uint32_t key) {
 
 // ---- nodes and links ----
 
+void CPostCtrl::PutSizes(const T_UNIT_INDEX& current) const {
+    const auto put = [this](RowUnits units, std::span<const int> codes) {
+        for (std::size_t i = 0; i < codes.size(); ++i) {
+            sizes_[static_cast<std::size_t>(units)][i] = units_.ToBase(codes[i], 1.0);
+        }
+    };
+    put(RowUnits::Displacements, kDisplacementUnits);
+    put(RowUnits::Forces, kForceUnits);
+    put(RowUnits::LinkForces, kLinkUnits);
+    sizedUnits_ = current;
+}
+
 template <std::size_t Count, class Record>
-int CPostCtrl::GetRow(ResultQuantity quantity, std::uint32_t place, const std::array<int, Count>& units,
+int CPostCtrl::GetRow(ResultQuantity quantity, std::uint32_t place, RowUnits units,
                       const Outputs<Record>& outputs) const {
-    LoadCursor::Row bounds;
     if (opened_ != Database().Results() || place == CPostDataBase::kNoPlace) return 0;
+    const double* sizes = SizesOf(units);
+    if (const double* row = cursor_.PlainRow(quantity, place, Count)) {
+        for (Record* output : outputs) {
+            for (std::size_t i = 0; output && i < Count; ++i) output->value[i] = row[i] / sizes[i];
+        }
+        return 1;
+    }
+    LoadCursor::Row bounds;
     if (!cursor_.Read(quantity, place, Count, bounds)) return 0;
-    PutBounds(bounds, Count, units.data(), units_, outputs, [](Record& record) { return record.value.data(); });
+    for (std::size_t i = 0; i < Count; ++i) {
+        const double values[] = {bounds[i].Governing(), bounds[i].max, bounds[i].min};
+        for (std::size_t k = 0; k < outputs.size(); ++k) {
+            if (outputs[k]) outputs[k]->value[i] = values[k] / sizes[i];
+        }
+    }
     return 1;
 }
 
 int CPostCtrl::GetDisp(std::uint32_t node, T_DISP_D* all, T_DISP_D* max, T_DISP_D* min) const {
-    return GetRow(ResultQuantity::Displacement, Database().PlaceOfNode(node), kDisplacementUnits,
-                  Outputs<T_DISP_D>{all, max, min});
+    return GetRow<kComponents>(ResultQuantity::Displacement, Database().PlaceOfNode(node), RowUnits::Displacements,
+                               Outputs<T_DISP_D>{all, max, min});
 }
 
 int CPostCtrl::GetReac(std::uint32_t node, T_REAC_D* all, T_REAC_D* max, T_REAC_D* min) const {
     const Outputs<T_REAC_D> outputs{all, max, min};
     if (node == 0) return SumOfReactions(outputs);
-    return GetRow(ResultQuantity::Reaction, Database().PlaceOfSupport(node), kForceUnits, outputs);
+    return GetRow<kComponents>(ResultQuantity::Reaction, Database().PlaceOfSupport(node), RowUnits::Forces, outputs);
 }
 
 /// The sum as the run stored it, since the greatest values of nodes do not come at one time; otherwise that of the
 /// nodes.
 int CPostCtrl::SumOfReactions(const Outputs<T_REAC_D>& outputs) const {
     if (opened_ != Database().Results()) return 0;
-    if (cursor_.Has(ResultQuantity::ReactionSum)) return GetRow(ResultQuantity::ReactionSum, 0, kForceUnits, outputs);
+    if (cursor_.Has(ResultQuantity::ReactionSum))
+        return GetRow<kComponents>(ResultQuantity::ReactionSum, 0, RowUnits::Forces, outputs);
     LoadCursor::Row sum{};
     const CClassPNode nodes(&Database());
     for (const std::uint32_t no : Database().SupportedNodes()) {
@@ -131,13 +156,13 @@ int CPostCtrl::SumOfReactions(const Outputs<T_REAC_D>& outputs) const {
 }
 
 int CPostCtrl::GetElnk(std::uint32_t link, T_ELNK_D* all, T_ELNK_D* max, T_ELNK_D* min) const {
-    return GetRow(ResultQuantity::LinkForce, Database().PlaceOfLink(link), kLinkUnits,
-                  Outputs<T_ELNK_D>{all, max, min});
+    return GetRow<kLinkUnits.size()>(ResultQuantity::LinkForce, Database().PlaceOfLink(link), RowUnits::LinkForces,
+                                     Outputs<T_ELNK_D>{all, max, min});
 }
 
 int CPostCtrl::GetSlabForce(std::uint32_t slab, std::uint32_t node, T_REAC_D* all, T_REAC_D* max, T_REAC_D* min) const {
-    return GetRow(ResultQuantity::SlabForce, Database().PlaceOfSlabNode(slab, node), kForceUnits,
-                  Outputs<T_REAC_D>{all, max, min});
+    return GetRow<kComponents>(ResultQuantity::SlabForce, Database().PlaceOfSlabNode(slab, node), RowUnits::Forces,
+                               Outputs<T_REAC_D>{all, max, min});
 }
 
 // ---- members ----

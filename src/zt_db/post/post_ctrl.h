@@ -122,9 +122,19 @@ private:
     template <class Record>
     using Outputs = std::array<Record*, 3>;
 
+    /// What the values of a row measure.
+    enum class RowUnits { Displacements, Forces, LinkForces };
+
     template <std::size_t Count, class Record>
-    int GetRow(ResultQuantity quantity, std::uint32_t place, const std::array<int, Count>& units,
-               const Outputs<Record>& outputs) const;
+    int GetRow(ResultQuantity quantity, std::uint32_t place, RowUnits units, const Outputs<Record>& outputs) const;
+    /// The sizes of the current units of a row.
+    const double* SizesOf(RowUnits units) const {
+        T_UNIT_INDEX current;
+        units_.GetUnitIndexCurrent(current);
+        if (current != sizedUnits_) PutSizes(current);
+        return sizes_[static_cast<std::size_t>(units)].data();
+    }
+    void PutSizes(const T_UNIT_INDEX& current) const;
     template <class Record>
     int GetParts(std::uint32_t memb, std::span<const double> positions, const Outputs<Record>& outputs) const;
     int SumOfReactions(const Outputs<T_REAC_D>& outputs) const;
@@ -137,6 +147,9 @@ private:
     /// The results that the cursor reads; another run closes it.
     const ResultSource* opened_ = nullptr;
     std::uint32_t history_ = 0;
+    /// Sizes of the units of rows, and the units that they are those of: results are read in millions.
+    mutable std::array<std::array<double, LoadCursor::kMostColumns>, 3> sizes_{};
+    mutable T_UNIT_INDEX sizedUnits_{.mass = -1};
 };
 
 }  // namespace zt

@@ -17,7 +17,7 @@ void PutPlaces(const std::vector<std::uint32_t>& keys, velda::FlatIndex& places)
 CPostDataBase::CPostDataBase(CDataBase* model, std::shared_ptr<const ResultSource> results)
     : model_(model), results_(std::move(results)) {
     if (!results_) return;
-    PutPlaces(results_->Keys(ResultName::Nodes), nodes_);
+    PutNodes(results_->Keys(ResultName::Nodes));
     supported_ = results_->Keys(ResultName::Supports);
     PutPlaces(supported_, supports_);
     std::sort(supported_.begin(), supported_.end());
@@ -26,6 +26,13 @@ CPostDataBase::CPostDataBase(CDataBase* model, std::shared_ptr<const ResultSourc
     std::sort(linkKeys_.begin(), linkKeys_.end());
     ReadElements();
     ReadSlabs();
+}
+
+void CPostDataBase::PutNodes(const std::vector<std::uint32_t>& numbers) {
+    PutPlaces(numbers, nodes_);
+    if (numbers.empty()) return;
+    firstNode_ = numbers.front();
+    while (nodesInRow_ < numbers.size() && numbers[nodesInRow_] == firstNode_ + nodesInRow_) ++nodesInRow_;
 }
 
 void CPostDataBase::ReadElements() {

@@ -28,7 +28,9 @@ public:
     /// Place of a node, by its number, in the arrays of nodes; `kNoPlace` when it has none. Likewise of a supported
     /// node in those of supports, and of a link.
     static constexpr std::uint32_t kNoPlace = velda::FlatIndex::kNone;
-    std::uint32_t PlaceOfNode(std::uint32_t no) const { return nodes_.Find(no); }
+    std::uint32_t PlaceOfNode(std::uint32_t no) const {
+        return no - firstNode_ < nodesInRow_ ? no - firstNode_ : nodes_.Find(no);
+    }
     std::uint32_t PlaceOfSupport(std::uint32_t no) const { return supports_.Find(no); }
     std::uint32_t PlaceOfLink(std::uint32_t key) const { return links_.Find(key); }
     /// Place of a node of a slab, by their numbers.
@@ -56,12 +58,16 @@ public:
     const StoryModel& Stories() const;
 
 private:
+    void PutNodes(const std::vector<std::uint32_t>& numbers);
     void ReadElements();
     void ReadSlabs();
 
     CDataBase* model_ = nullptr;
     std::shared_ptr<const ResultSource> results_;
     velda::FlatIndex nodes_;
+    // The nodes at the beginning whose numbers follow each other, mostly all: their places need no look into the index.
+    std::uint32_t firstNode_ = 0;
+    std::uint32_t nodesInRow_ = 0;
     velda::FlatIndex supports_;
     velda::FlatIndex links_;
     std::vector<std::uint32_t> supported_;
