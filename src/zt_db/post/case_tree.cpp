@@ -40,10 +40,4 @@ bool OpenCaseTree(const CPostDataBase& database, const T_PLCOM_D& combination, L
     return database.Results() && Open(database, combination, leafOf, root, 0);
 }
 
-bool HasResultsOf(const ResultSource& results, int kind, std::uint32_t key) {
-    const auto& cases = results.Cases();
-    return std::any_of(cases.begin(), cases.end(),
-                       [&](const ResultCase& one) { return one.kind == kind && one.key == key; });
-}
-
 }  // namespace zt

@@ -23,7 +23,4 @@ struct CaseTree {
 bool OpenCaseTree(const CPostDataBase& database, const T_PLCOM_D& combination,
                   velda::FunctionRef<int(int kind, std::uint32_t key)> leafOf, CaseTree& root);
 
-/// Whether results of a load case are stored.
-bool HasResultsOf(const ResultSource& results, int kind, std::uint32_t key);
-
 }  // namespace zt

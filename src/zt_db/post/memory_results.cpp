@@ -6,6 +6,12 @@ namespace zt {
 
 using velda::Outcome;
 
+bool HasResultsOf(const ResultSource& results, int kind, std::uint32_t key) {
+    const auto& cases = results.Cases();
+    return std::any_of(cases.begin(), cases.end(),
+                       [&](const ResultCase& one) { return one.kind == kind && one.key == key; });
+}
+
 std::string CasePath(int kind, std::uint32_t key, std::string_view quantity, std::string_view suffix) {
     std::string path = "case/" + std::to_string(kind) + "_" + std::to_string(key) + "/";
     return path.append(quantity).append(suffix);

@@ -20,12 +20,6 @@ protected:
     Class* OfModel() const {
         return database_ && database_->Model() ? database_->Model()->template GetClass<Class>() : nullptr;
     }
-    /// Whether results of a load case are stored.
-    bool HasCase(int kind, std::uint32_t key) const {
-        const auto& cases = Results()->Cases();
-        return std::any_of(cases.begin(), cases.end(),
-                           [&](const ResultCase& c) { return c.kind == kind && c.key == key; });
-    }
 
     const CPostDataBase* database_ = nullptr;
 };
@@ -99,7 +93,8 @@ public:
     int Get(std::uint32_t key, Record& record) const { return Exist(key) ? Records()->Get(key, record) : 0; }
     int Exist(std::uint32_t key) const {
         const Class* records = Records();
-        return records && records->Exist(key) && (!this->Results() || this->HasCase(Kind, key)) ? 1 : 0;
+        return records && records->Exist(key) && (!this->Results() || HasResultsOf(*this->Results(), Kind, key)) ? 1
+                                                                                                                 : 0;
     }
     std::vector<std::uint32_t> Keys() const {
         std::vector<std::uint32_t> keys;
@@ -133,7 +128,7 @@ public:
         }
         return 0;
     }
-    int Exist(std::uint32_t key) const { return this->Results() && this->HasCase(Kind, key) ? 1 : 0; }
+    int Exist(std::uint32_t key) const { return this->Results() && HasResultsOf(*this->Results(), Kind, key) ? 1 : 0; }
     /// Whether there is any case.
     int Exist() const { return Keys().empty() ? 0 : 1; }
     std::vector<std::uint32_t> Keys() const {

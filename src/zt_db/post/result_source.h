@@ -140,6 +140,9 @@ inline constexpr std::string_view MaxTime = "_max_time";
 inline constexpr std::string_view MinTime = "_min_time";
 }  // namespace ResultName
 
+/// Whether results of a load case are stored.
+bool HasResultsOf(const ResultSource& results, int kind, std::uint32_t key);
+
 /// "case/1_3/displacement" of a quantity of the case of kind 1 with key 3.
 std::string CasePath(int kind, std::uint32_t key, std::string_view quantity, std::string_view suffix = {});
 
