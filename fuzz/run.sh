@@ -5,7 +5,7 @@ set -eu
 
 seconds=${1:?"usage: $0 SECONDS [BUILD_FOLDER]"}
 source_folder=$(cd "$(dirname "$0")" && pwd)
-build=$(cd "${2:-$source_folder/../build/fuzz}" && pwd)
+build=$(cd "${2:-$source_folder/../build/sanitizers}" && pwd)
 findings=$build/findings
 mkdir -p "$findings"
 TMPDIR=$(mktemp -d -p /dev/shm 2> /dev/null || mktemp -d)
