@@ -149,6 +149,15 @@ int CClassPStor::GetKeyListReverse(std::vector<std::uint32_t>& keys, std::uint32
 
 // ---- load cases ----
 
+int CClassPStld::GetKeyList(std::vector<std::uint32_t>& keys, int others, int earthquakes) const {
+    keys = Keys();
+    std::erase_if(keys, [&](std::uint32_t key) {
+        T_PSTLD_D record;
+        return !Get(key, record) || !(record.type == LoadCaseType::Earthquake ? earthquakes : others);
+    });
+    return keys.empty() ? 0 : 1;
+}
+
 std::vector<std::uint32_t> CClassPStld::KeysOfType(std::string_view type) const {
     std::vector<std::uint32_t> keys = Keys();
     std::erase_if(keys, [&](std::uint32_t key) {

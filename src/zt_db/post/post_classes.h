@@ -113,11 +113,15 @@ class CClassPStld : public PostCaseTwinOf<CClassStld, LoadCaseKind::Static> {
 public:
     using PostCaseTwinOf::PostCaseTwinOf;
     using PostKeysOf::GetKeyList;
-    /// The further arguments ask for active cases only and for an order; every static case is active and keys are
-    /// always ordered.
-    int GetKeyList(std::vector<std::uint32_t>& keys, int, int) const { return GetKeyList(keys); }
+    /// The keys of the cases that are no earthquakes, of those that are, or of both; false when there are none.
+    int GetKeyList(std::vector<std::uint32_t>& keys, int others, int earthquakes) const;
     /// The cases of a type, ascending.
     std::vector<std::uint32_t> KeysOfType(std::string_view type) const;
+
+    /// The dead and the live case that carry loads to transfer girders; no analysis stage makes them yet, so that there
+    /// are none, which is 0.
+    std::uint32_t GetDeadCaseKey4TG() const { return 0; }
+    std::uint32_t GetLiveCaseKey4TG() const { return 0; }
 };
 
 using T_PSPLC_D = T_SPLC_D;
@@ -146,11 +150,41 @@ public:
     /// cases that have both.
     bool IsMaxMinComb(std::uint32_t key) const;
     bool IsMaxMinComb(const T_PLCOM_D& combination) const;
+
+    /// The combinations that stand for earthquakes of both directions at once, with their names; no analysis stage
+    /// makes them yet, so that there are none.
+    int GetREKCombinedList(std::vector<std::uint32_t>& keys, std::vector<std::string>& names) const {
+        keys.clear();
+        names.clear();
+        return 0;
+    }
+};
+
+/// The control of load combinations.
+struct T_LCCT_D {
+    int useCombinations = 1;
+    void Initialize() { *this = {}; }
+};
+
+/// The record of it; the model keeps none yet, so that its initial values hold.
+class CClassLcct : public PostClass {
+public:
+    using PostClass::PostClass;
+    int Get(T_LCCT_D&) const { return 0; }
 };
 
 using CClassPSmlc = PostCaseOf<LoadCaseKind::Settlement>;
 using CClassPEspc = PostCaseOf<LoadCaseKind::EsSpectrum>;
-using CClassPPolc = PostCaseOf<LoadCaseKind::Pushover>;
+
+class CClassPPolc : public PostCaseOf<LoadCaseKind::Pushover> {
+public:
+    using PostCaseOf::PostCaseOf;
+    /// The number of load increments of a case, and the case that it starts from; no analysis stage stores them yet, so
+    /// that there are none, which is 0.
+    int GetIncStep(std::uint32_t) const { return 0; }
+    std::uint32_t GetPrePolcKey(std::uint32_t) const { return 0; }
+};
+
 using CClassPPtlc = PostCaseOf<LoadCaseKind::Pt>;
 using CClassPEsst = PostCaseOf<LoadCaseKind::EsStatic>;
 using CClassPThnl = PostCaseOf<LoadCaseKind::NonlinearLoad>;
@@ -186,6 +220,11 @@ class CClassPoas : public PostClass {
 public:
     using PostClass::PostClass;
     int Get(T_POAS_D&) const { return 0; }
+    /// The name of a step of an analysis of `maximum` steps: its number. Steps behind the last one have names that the
+    /// control tells, by the variant of the table; as long as there is none they have no name.
+    std::string GetStepName(int maximum, int step, int, int) const {
+        return step >= 1 && step <= maximum ? std::to_string(step) : std::string{};
+    }
 };
 
 /// Hinges of members in pushover and in nonlinear time-history analyses; no analysis stage stores them yet.

@@ -112,6 +112,12 @@ public:
     /// The number of stored steps of pushover and of nonlinear analyses; 0 without.
     int GetMaxStep_PO() const { return 0; }
     int GetMaxStep_NL() const { return 0; }
+    /// Names of the stages behind the last step of pushover analyses; no analysis stage stores them yet, so that there
+    /// are none.
+    int GetCaseStep_AS(std::vector<std::string>& stages) const {
+        stages.clear();
+        return 0;
+    }
 
     const CPostDataBase& Database() const;
     const CUnitCtrl& Units() const { return units_; }

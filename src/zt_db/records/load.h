@@ -42,6 +42,9 @@ struct Fields<T_LCOM_ITEM> {
 namespace LoadCombinationType {
 inline constexpr int Sum = 0;
 inline constexpr int Envelope = 1;
+// Sums that the design makes for its own use.
+inline constexpr int TransferGirder = 2;
+inline constexpr int CivilDefence = 5;
 }  // namespace LoadCombinationType
 
 struct T_LCOM_UNIT;
