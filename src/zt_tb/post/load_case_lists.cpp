@@ -101,9 +101,10 @@ bool IsInternal(const CPostDataBase& database, const T_PLCOM_D& combination) {
     if (combination.type == LoadCombinationType::CivilDefence) return true;
     if (combination.type != LoadCombinationType::TransferGirder || ShowsTransferGirders()) return false;
     const std::uint32_t dead = CClassPStld(&database).GetDeadCaseKey4TG();
-    return std::any_of(combination.items.begin(), combination.items.end(), [dead](const T_LCOM_ITEM& item) {
-        return item.kind == LoadCaseKind::Static && item.key == dead;
-    });
+    return dead != 0 &&
+           std::any_of(combination.items.begin(), combination.items.end(), [dead](const T_LCOM_ITEM& item) {
+               return item.kind == LoadCaseKind::Static && item.key == dead;
+           });
 }
 
 // ---- combinations ----
