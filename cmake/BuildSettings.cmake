@@ -14,12 +14,13 @@ if(ZT_SANITIZE)
     if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
         message(FATAL_ERROR "The build with sanitizers needs clang: cmake --preset sanitizers")
     endif()
-    set(ZT_SANITIZER_FLAGS -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
-    target_compile_options(zt_build_settings INTERFACE $<$<COMPILE_LANGUAGE:CXX>:${ZT_SANITIZER_FLAGS}> -gline-tables-only
-        # Tests leave the optimiser little to do and are most of the time to build.
-        $<IF:$<BOOL:$<TARGET_PROPERTY:ZT_IS_TEST>>,-O0,-O1>
-        # The fuzzers see which paths an input takes.
-        $<$<NOT:$<BOOL:$<TARGET_PROPERTY:ZT_IS_TEST>>>:-fsanitize=fuzzer-no-link>)
+    set(ZT_SANITIZER_FLAGS -fsanitize=address,undefined -fno-sanitize-recover=undefined)
+    set(is_test $<BOOL:$<TARGET_PROPERTY:ZT_IS_TEST>>)
+    target_compile_options(zt_build_settings INTERFACE -fno-omit-frame-pointer -gline-tables-only
+        # Tests are most of the time to build: they leave the optimiser little to do, and only what they do to memory is
+        # watched in them. Everything else is watched in full, and shows the fuzzers which paths an input takes.
+        "$<${is_test}:-O0;-fsanitize=address>"
+        "$<$<NOT:${is_test}>:-O1;${ZT_SANITIZER_FLAGS};-fsanitize=fuzzer-no-link>")
     target_link_options(zt_build_settings INTERFACE ${ZT_SANITIZER_FLAGS})
 endif()
 

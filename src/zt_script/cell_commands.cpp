@@ -6,7 +6,7 @@ namespace {
 
 // ---- what the user does
 
-CommandResult GoToCell(ScriptSession& session, CTBCommonWnd& table, ScriptWords words) {
+CommandResult GoToCell(ScriptSession& session, velda::CTBGrid& table, ScriptWords words) {
     if (words.size() != 2) return CommandResult::Misused();
     const NamedPlace cell = ReadCell(table, words[0], words[1]);
     if (!cell.IsRead()) return cell.fault;
@@ -15,7 +15,7 @@ CommandResult GoToCell(ScriptSession& session, CTBCommonWnd& table, ScriptWords 
 }
 
 /// A key that means nothing where it is pressed does nothing; one that the table refuses with a warning is refused.
-CommandResult PressKey(ScriptSession& session, CTBCommonWnd& table, ScriptWords words) {
+CommandResult PressKey(ScriptSession& session, velda::CTBGrid& table, ScriptWords words) {
     const auto chord = words.size() == 1 ? velda::ParseKeyChord(words[0].value) : std::nullopt;
     if (!chord) return CommandResult::Misused();
     const bool done = table.ProcessKey(*chord);
@@ -48,12 +48,12 @@ CommandResult DoubleClick(ScriptSession&, CTBCommonWnd& table, ScriptWords words
 
 // ---- what comes of it
 
-std::string PlaceText(const CTBCommonWnd& table, int row, int col) {
+std::string PlaceText(const velda::CTBGrid& table, int row, int col) {
     if (row < 1) return "no cell";
     return std::to_string(row) + " " + table.Columns().Info(ColumnIdOf(table, col)).title;
 }
 
-CommandResult ExpectCurrent(ScriptSession&, CTBCommonWnd& table, ScriptWords words) {
+CommandResult ExpectCurrent(ScriptSession&, velda::CTBGrid& table, ScriptWords words) {
     if (words.size() != 2) return CommandResult::Misused();
     const NamedPlace cell = ReadCell(table, words[0], words[1]);
     if (!cell.IsRead()) return cell.fault;
@@ -122,13 +122,13 @@ CommandResult ExpectNoDialog(ScriptSession& session, ScriptWords words) {
 }
 
 constexpr ScriptCommand kCommands[] = {
-    {"cell", &OnTable<&GoToCell>, "cell R COL"},
-    {"key", &OnTable<&PressKey>, "key CHORD"},
+    {"cell", &OnGrid<&GoToCell>, "cell R COL"},
+    {"key", &OnGrid<&PressKey>, "key CHORD"},
     {"type", &OnTable<&TypeText>, "type \"text\""},
     {"edit", &OnTable<&EditCell>, "edit R COL \"text\""},
     {"leave", &OnTable<&LeaveRow>, "leave"},
     {"doubleclick", &OnTable<&DoubleClick>, "doubleclick R COL"},
-    {"expect current", &OnTable<&ExpectCurrent>, "expect current R COL"},
+    {"expect current", &OnGrid<&ExpectCurrent>, "expect current R COL"},
     {"expect editing row", &OnTable<&ExpectEditingRow>, "expect editing row R"},
     {"expect browsing", &OnTable<&ExpectBrowsing>, "expect browsing"},
     {"expect warning", &ExpectWarning, "expect warning \"text\""},

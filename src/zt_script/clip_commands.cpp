@@ -10,7 +10,7 @@ std::string Quoted(std::string_view text) {
     return quoted;
 }
 
-CommandResult Copy(ScriptSession& session, CTBCommonWnd& table, ScriptWords words) {
+CommandResult Copy(ScriptSession& session, velda::CTBGrid& table, ScriptWords words) {
     const bool headers = words.size() == 1 && words[0].value == "headers";
     if (!words.empty() && !headers) return CommandResult::Misused();
     return TableResult(session, table.Copy(headers));
@@ -39,7 +39,7 @@ CommandResult FillDown(ScriptSession& session, CTBCommonWnd& table, ScriptWords 
 }
 
 constexpr ScriptCommand kCommands[] = {
-    {"copy", &OnTable<&Copy>, "copy [headers]"},
+    {"copy", &OnGrid<&Copy>, "copy [headers]"},
     {"expect clipboard", &ExpectClipboard, "expect clipboard \"a\\tb\\n\""},
     {"paste", &OnTable<&Paste>, "paste [\"a\\tb\\n\"]"},
     {"paste all-or-nothing", &OnTable<&PasteAllOrNothing>, "paste all-or-nothing [\"a\\tb\\n\"]"},

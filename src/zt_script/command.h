@@ -66,5 +66,6 @@ std::span<const ScriptCommand> CallCommands();
 std::span<const ScriptCommand> ControlCommands();
 std::span<const ScriptCommand> HostCommands();
 std::span<const ScriptCommand> ResultCommands();
+std::span<const ScriptCommand> ResultViewCommands();
 
 }  // namespace zt

@@ -7,7 +7,7 @@ namespace {
 // ---- rows
 
 /// sort "Name" asc "Thickness" desc
-CommandResult Sort(ScriptSession& session, CTBCommonWnd& table, ScriptWords words) {
+CommandResult Sort(ScriptSession& session, velda::CTBGrid& table, ScriptWords words) {
     if (words.empty() || words.size() % 2 != 0) return CommandResult::Misused();
     std::vector<velda::STBSortItem> items;
     for (std::size_t at = 0; at < words.size(); at += 2) {
@@ -46,7 +46,7 @@ bool ReadFlags(ScriptWords words, std::initializer_list<std::pair<std::string_vi
 }
 
 /// find "text" [back] [case] [all]: behind the current cell, in its column or in all.
-CommandResult Find(ScriptSession& session, CTBCommonWnd& table, ScriptWords words) {
+CommandResult Find(ScriptSession& session, velda::CTBGrid& table, ScriptWords words) {
     bool back = false;
     bool matchCase = false;
     bool all = false;
@@ -73,7 +73,7 @@ CommandResult Replace(ScriptSession& session, CTBCommonWnd& table, ScriptWords w
 
 // ---- columns
 
-CommandResult MoveColumn(ScriptSession&, CTBCommonWnd& table, ScriptWords words) {
+CommandResult MoveColumn(ScriptSession&, velda::CTBGrid& table, ScriptWords words) {
     if (words.size() != 3 || words[1].value != "before") return CommandResult::Misused();
     const NamedPlace column = ReadColumn(table, words[0]);
     if (!column.IsRead()) return column.fault;
@@ -89,7 +89,7 @@ bool ReadWidth(const ScriptWord& word, int& width) {
     return true;
 }
 
-CommandResult SetWidth(ScriptSession&, CTBCommonWnd& table, ScriptWords words) {
+CommandResult SetWidth(ScriptSession&, velda::CTBGrid& table, ScriptWords words) {
     int width = 0;
     if (words.size() != 2 || !ReadWidth(words[1], width)) return CommandResult::Misused();
     const NamedPlace column = ReadColumn(table, words[0]);
@@ -97,38 +97,38 @@ CommandResult SetWidth(ScriptSession&, CTBCommonWnd& table, ScriptWords words) {
     return column.fault;
 }
 
-CommandResult ExpectWidth(ScriptSession&, CTBCommonWnd& table, ScriptWords words) {
+CommandResult ExpectWidth(ScriptSession&, velda::CTBGrid& table, ScriptWords words) {
     if (words.size() != 2) return CommandResult::Misused();
     const NamedPlace column = ReadColumn(table, words[0]);
     if (!column.IsRead()) return column.fault;
     return CommandResult::Compare(words[1].value, std::to_string(table.GetColWidth(column.col)));
 }
 
-CommandResult SetLocked(CTBCommonWnd& table, ScriptWords words, bool locked) {
+CommandResult SetLocked(velda::CTBGrid& table, ScriptWords words, bool locked) {
     if (words.size() != 1) return CommandResult::Misused();
     const NamedPlace column = ReadColumn(table, words[0]);
     if (column.IsRead()) table.SetColLocked(column.col, locked);
     return column.fault;
 }
 
-CommandResult LockColumn(ScriptSession&, CTBCommonWnd& table, ScriptWords words) {
+CommandResult LockColumn(ScriptSession&, velda::CTBGrid& table, ScriptWords words) {
     return SetLocked(table, words, true);
 }
-CommandResult UnlockColumn(ScriptSession&, CTBCommonWnd& table, ScriptWords words) {
+CommandResult UnlockColumn(ScriptSession&, velda::CTBGrid& table, ScriptWords words) {
     return SetLocked(table, words, false);
 }
 
 constexpr ScriptCommand kCommands[] = {
-    {"sort", &OnTable<&Sort>, "sort COL asc|desc ..."},
+    {"sort", &OnGrid<&Sort>, "sort COL asc|desc ..."},
     {"filter", &OnTable<&Filter>, "filter COL \"text\""},
     {"filter off", &OnTable<&FilterOff>, "filter off"},
-    {"find", &OnTable<&Find>, "find \"text\" [back] [case] [all]"},
+    {"find", &OnGrid<&Find>, "find \"text\" [back] [case] [all]"},
     {"replace", &OnTable<&Replace>, "replace \"a\" \"b\" [case] [whole]"},
-    {"move", &OnTable<&MoveColumn>, "move COL before COL"},
-    {"width", &OnTable<&SetWidth>, "width COL N"},
-    {"expect width", &OnTable<&ExpectWidth>, "expect width COL N"},
-    {"lock", &OnTable<&LockColumn>, "lock COL"},
-    {"unlock", &OnTable<&UnlockColumn>, "unlock COL"},
+    {"move", &OnGrid<&MoveColumn>, "move COL before COL"},
+    {"width", &OnGrid<&SetWidth>, "width COL N"},
+    {"expect width", &OnGrid<&ExpectWidth>, "expect width COL N"},
+    {"lock", &OnGrid<&LockColumn>, "lock COL"},
+    {"unlock", &OnGrid<&UnlockColumn>, "unlock COL"},
 };
 
 }  // namespace

@@ -10,10 +10,10 @@ using velda::CGXStyle;
 
 // ---- states of cells and columns
 
-using CellState = bool (*)(const CTBCommonWnd& table, int row, int col);
+using CellState = bool (*)(const velda::CTBGrid& table, int row, int col);
 
 /// Whether a cell is in a state; `holds` and `fails` are the words for it.
-CommandResult CheckCell(const CTBCommonWnd& table, ScriptWords words, CellState state, const char* holds,
+CommandResult CheckCell(const velda::CTBGrid& table, ScriptWords words, CellState state, const char* holds,
                         const char* fails) {
     if (words.size() != 2) return CommandResult::Misused();
     const NamedPlace cell = ReadCell(table, words[0], words[1]);
@@ -21,38 +21,39 @@ CommandResult CheckCell(const CTBCommonWnd& table, ScriptWords words, CellState 
     return CommandResult::Compare(holds, state(table, cell.row, cell.col) ? holds : fails);
 }
 
-bool IsEnabled(const CTBCommonWnd& table, int row, int col) { return table.IsEnabled(row, col); }
-bool IsDisabled(const CTBCommonWnd& table, int row, int col) { return !table.IsEnabled(row, col); }
-bool IsReadOnly(const CTBCommonWnd& table, int row, int col) { return table.IsReadOnly(row, col); }
-bool IsEditable(const CTBCommonWnd& table, int row, int col) {
-    return table.IsEnabled(row, col) && !table.IsReadOnly(row, col) && !table.IsEditModeLocked();
+bool IsEnabled(const velda::CTBGrid& table, int row, int col) { return table.IsEnabled(row, col); }
+bool IsDisabled(const velda::CTBGrid& table, int row, int col) { return !table.IsEnabled(row, col); }
+bool IsReadOnly(const velda::CTBGrid& table, int row, int col) { return table.IsReadOnly(row, col); }
+bool IsEditable(const velda::CTBGrid& table, int row, int col) {
+    const auto* records = dynamic_cast<const CTBCommonWnd*>(&table);
+    return table.IsEnabled(row, col) && !table.IsReadOnly(row, col) && records && !records->IsEditModeLocked();
 }
 
-CommandResult ExpectEnabled(ScriptSession&, CTBCommonWnd& table, ScriptWords words) {
+CommandResult ExpectEnabled(ScriptSession&, velda::CTBGrid& table, ScriptWords words) {
     return CheckCell(table, words, &IsEnabled, "enabled", "disabled");
 }
-CommandResult ExpectDisabled(ScriptSession&, CTBCommonWnd& table, ScriptWords words) {
+CommandResult ExpectDisabled(ScriptSession&, velda::CTBGrid& table, ScriptWords words) {
     return CheckCell(table, words, &IsDisabled, "disabled", "enabled");
 }
-CommandResult ExpectReadOnly(ScriptSession&, CTBCommonWnd& table, ScriptWords words) {
+CommandResult ExpectReadOnly(ScriptSession&, velda::CTBGrid& table, ScriptWords words) {
     return CheckCell(table, words, &IsReadOnly, "readonly", "not readonly");
 }
 CommandResult ExpectEditable(ScriptSession&, CTBCommonWnd& table, ScriptWords words) {
     return CheckCell(table, words, &IsEditable, "editable", "not editable");
 }
 
-CommandResult CheckColumn(const CTBCommonWnd& table, const ScriptWord& word, const char* expected) {
+CommandResult CheckColumn(const velda::CTBGrid& table, const ScriptWord& word, const char* expected) {
     const NamedPlace column = ReadColumn(table, word);
     if (!column.IsRead()) return column.fault;
     return CommandResult::Compare(expected, table.IsColumnHidden(column.col) ? "hidden" : "shown");
 }
 
-CommandResult ExpectHidden(ScriptSession&, CTBCommonWnd& table, ScriptWords words) {
+CommandResult ExpectHidden(ScriptSession&, velda::CTBGrid& table, ScriptWords words) {
     return words.size() == 1 ? CheckColumn(table, words[0], "hidden") : CommandResult::Misused();
 }
 
 /// expect shown COL: the column; expect shown R COL "text": what is drawn in a cell.
-CommandResult ExpectShown(ScriptSession&, CTBCommonWnd& table, ScriptWords words) {
+CommandResult ExpectShown(ScriptSession&, velda::CTBGrid& table, ScriptWords words) {
     if (words.size() == 1) return CheckColumn(table, words[0], "shown");
     if (words.size() != 3) return CommandResult::Misused();
     const NamedPlace cell = ReadCell(table, words[0], words[1]);
@@ -125,7 +126,7 @@ const StyleName* FindStyle(std::string_view name) {
     return found == std::end(kStyles) ? nullptr : &*found;
 }
 
-CommandResult ExpectStyle(ScriptSession&, CTBCommonWnd& table, ScriptWords words) {
+CommandResult ExpectStyle(ScriptSession&, velda::CTBGrid& table, ScriptWords words) {
     if (words.size() < 3) return CommandResult::Misused();
     const NamedPlace cell = ReadCell(table, words[0], words[1]);
     if (!cell.IsRead()) return cell.fault;
@@ -142,30 +143,30 @@ CommandResult ExpectStyle(ScriptSession&, CTBCommonWnd& table, ScriptWords words
     return CommandResult::Compare(expected, found);
 }
 
-CommandResult CompareStyle(const CTBCommonWnd& table, ScriptWords words, std::string_view name) {
+CommandResult CompareStyle(const velda::CTBGrid& table, ScriptWords words, std::string_view name) {
     if (words.size() != 3) return CommandResult::Misused();
     const NamedPlace cell = ReadCell(table, words[0], words[1]);
     if (!cell.IsRead()) return cell.fault;
     return CommandResult::Compare(words[2].value, FindStyle(name)->text(table.StyleOf(cell.row, cell.col)));
 }
 
-CommandResult ExpectColor(ScriptSession&, CTBCommonWnd& table, ScriptWords words) {
+CommandResult ExpectColor(ScriptSession&, velda::CTBGrid& table, ScriptWords words) {
     return CompareStyle(table, words, "color");
 }
-CommandResult ExpectBold(ScriptSession&, CTBCommonWnd& table, ScriptWords words) {
+CommandResult ExpectBold(ScriptSession&, velda::CTBGrid& table, ScriptWords words) {
     return CompareStyle(table, words, "bold");
 }
 
 constexpr ScriptCommand kCommands[] = {
-    {"expect enabled", &OnTable<&ExpectEnabled>, "expect enabled R COL"},
-    {"expect disabled", &OnTable<&ExpectDisabled>, "expect disabled R COL"},
-    {"expect readonly", &OnTable<&ExpectReadOnly>, "expect readonly R COL"},
+    {"expect enabled", &OnGrid<&ExpectEnabled>, "expect enabled R COL"},
+    {"expect disabled", &OnGrid<&ExpectDisabled>, "expect disabled R COL"},
+    {"expect readonly", &OnGrid<&ExpectReadOnly>, "expect readonly R COL"},
     {"expect editable", &OnTable<&ExpectEditable>, "expect editable R COL"},
-    {"expect hidden", &OnTable<&ExpectHidden>, "expect hidden COL"},
-    {"expect shown", &OnTable<&ExpectShown>, "expect shown COL | expect shown R COL \"text\""},
-    {"expect color", &OnTable<&ExpectColor>, "expect color R COL 255"},
-    {"expect bold", &OnTable<&ExpectBold>, "expect bold R COL yes|no"},
-    {"expect style", &OnTable<&ExpectStyle>, "expect style R COL NAME=VALUE ..."},
+    {"expect hidden", &OnGrid<&ExpectHidden>, "expect hidden COL"},
+    {"expect shown", &OnGrid<&ExpectShown>, "expect shown COL | expect shown R COL \"text\""},
+    {"expect color", &OnGrid<&ExpectColor>, "expect color R COL 255"},
+    {"expect bold", &OnGrid<&ExpectBold>, "expect bold R COL yes|no"},
+    {"expect style", &OnGrid<&ExpectStyle>, "expect style R COL NAME=VALUE ..."},
 };
 
 }  // namespace

@@ -3,17 +3,17 @@
 namespace zt {
 namespace {
 
-CommandResult ExpectRows(ScriptSession&, CTBCommonWnd& table, ScriptWords words) {
+CommandResult ExpectRows(ScriptSession&, velda::CTBGrid& table, ScriptWords words) {
     if (words.size() != 1) return CommandResult::Misused();
-    return CommandResult::Compare(words[0].value, std::to_string(table.RecordRowCount()));
+    return CommandResult::Compare(words[0].value, std::to_string(table.RowCount() - (table.HasAppendRow() ? 1 : 0)));
 }
 
-CommandResult ExpectAppendRow(ScriptSession&, CTBCommonWnd& table, ScriptWords words) {
+CommandResult ExpectAppendRow(ScriptSession&, velda::CTBGrid& table, ScriptWords words) {
     if (words.size() != 1 || (words[0].value != "yes" && words[0].value != "no")) return CommandResult::Misused();
     return CommandResult::Compare(words[0].value, table.HasAppendRow() ? "yes" : "no");
 }
 
-CommandResult ExpectColumns(ScriptSession&, CTBCommonWnd& table, ScriptWords words) {
+CommandResult ExpectColumns(ScriptSession&, velda::CTBGrid& table, ScriptWords words) {
     std::vector<std::string> expected;
     if (!ReadBarred(words, expected)) return CommandResult::Misused();
     std::vector<std::string> found;
@@ -22,7 +22,7 @@ CommandResult ExpectColumns(ScriptSession&, CTBCommonWnd& table, ScriptWords wor
 }
 
 /// expect row 2: "W200" | "200"
-CommandResult ExpectRow(ScriptSession&, CTBCommonWnd& table, ScriptWords words) {
+CommandResult ExpectRow(ScriptSession&, velda::CTBGrid& table, ScriptWords words) {
     std::vector<std::string> expected;
     if (words.empty() || !words[0].value.ends_with(':') || !ReadBarred(words.subspan(1), expected)) {
         return CommandResult::Misused();
@@ -36,14 +36,14 @@ CommandResult ExpectRow(ScriptSession&, CTBCommonWnd& table, ScriptWords words) 
     return CommandResult::Compare(QuotedTexts(expected, " | "), QuotedTexts(found, " | "));
 }
 
-CommandResult ExpectCell(ScriptSession&, CTBCommonWnd& table, ScriptWords words) {
+CommandResult ExpectCell(ScriptSession&, velda::CTBGrid& table, ScriptWords words) {
     if (words.size() != 3) return CommandResult::Misused();
     const NamedPlace cell = ReadCell(table, words[0], words[1]);
     if (!cell.IsRead()) return cell.fault;
     return CommandResult::Compare(words[2].value, table.GetValueRowCol(cell.row, cell.col));
 }
 
-CommandResult ExpectHeader(ScriptSession&, CTBCommonWnd& table, ScriptWords words) {
+CommandResult ExpectHeader(ScriptSession&, velda::CTBGrid& table, ScriptWords words) {
     if (words.size() != 2) return CommandResult::Misused();
     const NamedPlace column = ReadColumn(table, words[0]);
     if (!column.IsRead()) return column.fault;
@@ -64,20 +64,20 @@ CommandResult ExpectChoices(ScriptSession&, CTBCommonWnd& table, ScriptWords wor
     return CommandResult::Compare(QuotedTexts(expected, " "), QuotedTexts(found, " "));
 }
 
-CommandResult ExpectRedraws(ScriptSession& session, CTBCommonWnd&, ScriptWords words) {
+CommandResult ExpectRedraws(ScriptSession& session, velda::CTBGrid&, ScriptWords words) {
     if (words.size() != 1) return CommandResult::Misused();
     return CommandResult::Compare(words[0].value, std::to_string(session.Views().RedrawsSinceMark()));
 }
 
 constexpr ScriptCommand kCommands[] = {
-    {"expect rows", &OnTable<&ExpectRows>, "expect rows N"},
-    {"expect append row", &OnTable<&ExpectAppendRow>, "expect append row yes|no"},
-    {"expect columns", &OnTable<&ExpectColumns>, "expect columns \"A\" | \"B\" ..."},
-    {"expect row", &OnTable<&ExpectRow>, "expect row R: \"a\" | \"b\" ..."},
-    {"expect cell", &OnTable<&ExpectCell>, "expect cell R COL \"text\""},
-    {"expect header", &OnTable<&ExpectHeader>, "expect header COL \"text\""},
+    {"expect rows", &OnGrid<&ExpectRows>, "expect rows N"},
+    {"expect append row", &OnGrid<&ExpectAppendRow>, "expect append row yes|no"},
+    {"expect columns", &OnGrid<&ExpectColumns>, "expect columns \"A\" | \"B\" ..."},
+    {"expect row", &OnGrid<&ExpectRow>, "expect row R: \"a\" | \"b\" ..."},
+    {"expect cell", &OnGrid<&ExpectCell>, "expect cell R COL \"text\""},
+    {"expect header", &OnGrid<&ExpectHeader>, "expect header COL \"text\""},
     {"expect choices", &OnTable<&ExpectChoices>, "expect choices R COL \"a\" \"b\" ..."},
-    {"expect redraws", &OnTable<&ExpectRedraws>, "expect redraws N"},
+    {"expect redraws", &OnGrid<&ExpectRedraws>, "expect redraws N"},
 };
 
 }  // namespace

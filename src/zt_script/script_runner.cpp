@@ -13,7 +13,7 @@ namespace {
 constexpr std::span<const ScriptCommand> (*kTables[])() = {
     &ModelCommands, &RecordCommands,  &HistoryCommands, &ChangeCommands,    &ViewCommands, &CellCommands,
     &RowCommands,   &LookCommands,    &LayoutCommands,  &SelectionCommands, &ClipCommands, &ExportCommands,
-    &CallCommands,  &ControlCommands, &HostCommands,    &ResultCommands};
+    &CallCommands,  &ControlCommands, &HostCommands,    &ResultCommands, &ResultViewCommands};
 
 /// Number of words in which a command's name fits the beginning of a line; 0 when it does not.
 std::size_t FittingWords(std::string_view name, ScriptWords words) {

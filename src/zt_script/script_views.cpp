@@ -46,10 +46,9 @@ std::vector<const CTBView*> ScriptViews::All() const {
     return all;
 }
 
-CTBCommonWnd* ScriptViews::ActiveTable() const {
-    const CTBView* view = Active();
-    return view ? dynamic_cast<CTBCommonWnd*>(view->GetActiveGrid()) : nullptr;
-}
+velda::CTBGrid* ScriptViews::ActiveGrid() const { return Active() ? Active()->GetActiveGrid() : nullptr; }
+
+CTBCommonWnd* ScriptViews::ActiveTable() const { return dynamic_cast<CTBCommonWnd*>(ActiveGrid()); }
 
 bool ScriptViews::LeaveRows() const {
     return std::all_of(views_.begin(), views_.end(), [](const OpenView& open) { return open.view->LeaveRows(); });
@@ -65,7 +64,7 @@ void ScriptViews::Mark() {
 }
 
 std::uint64_t ScriptViews::RedrawsSinceMark() const {
-    const CTBCommonWnd* table = ActiveTable();
+    const velda::CTBGrid* table = ActiveGrid();
     if (!table) return 0;
     const auto& marked = views_[active_].redraws;
     const auto before = marked.find(table);

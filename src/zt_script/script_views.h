@@ -34,7 +34,9 @@ public:
     CTBView* Active() const { return views_.empty() ? nullptr : views_[active_].view.get(); }
     /// All open views.
     std::vector<const CTBView*> All() const;
-    /// The table in front in the active view; null when there is none.
+    /// The table in front in the active view, of records or of results; null when there is none.
+    velda::CTBGrid* ActiveGrid() const;
+    /// The same, when its rows are records of the model.
     CTBCommonWnd* ActiveTable() const;
 
     /// Leaves the open rows of all views; false when one stays open.
@@ -52,6 +54,7 @@ private:
         ViewWindow(velda::HeadlessQueue& queue, CTBView& view) : HeadlessWindow(queue), view_(view) {}
 
     protected:
+        void OnCommand(const velda::CommandMessage& command) override { view_.OnCommand(command.id); }
         void OnSize(int width, int height) override { view_.OnWindowPosChanging({0, 0, width, height}); }
 
     private:

@@ -9,7 +9,7 @@ using velda::PositionRange;
 
 // ---- in the table
 
-CommandResult SelectRows(ScriptSession&, CTBCommonWnd& table, ScriptWords words) {
+CommandResult SelectRows(ScriptSession&, velda::CTBGrid& table, ScriptWords words) {
     std::vector<int> rows;
     if (words.empty() || !ReadNumbers(words, rows)) return CommandResult::Misused();
     for (const int row : rows) {
@@ -30,7 +30,7 @@ CommandResult SelectRows(ScriptSession&, CTBCommonWnd& table, ScriptWords words)
 
 /// select cells 1 "Name" to 3 "Thickness": as the mouse does, with the first cell as the current one where it can be
 /// entered.
-CommandResult SelectCells(ScriptSession& session, CTBCommonWnd& table, ScriptWords words) {
+CommandResult SelectCells(ScriptSession& session, velda::CTBGrid& table, ScriptWords words) {
     if (words.size() != 5 || words[2].value != "to") return CommandResult::Misused();
     const NamedPlace from = ReadCell(table, words[0], words[1]);
     if (!from.IsRead()) return from.fault;
@@ -45,7 +45,7 @@ CommandResult SelectCells(ScriptSession& session, CTBCommonWnd& table, ScriptWor
     return CommandResult::Done();
 }
 
-CommandResult ExpectSelectedRows(ScriptSession&, CTBCommonWnd& table, ScriptWords words) {
+CommandResult ExpectSelectedRows(ScriptSession&, velda::CTBGrid& table, ScriptWords words) {
     std::vector<int> expected;
     if (!ReadNumbers(words, expected)) return CommandResult::Misused();
     std::vector<int> found;
@@ -118,12 +118,12 @@ CommandResult SelectNone(ScriptSession& session, ScriptWords words) {
 }
 
 constexpr ScriptCommand kCommands[] = {
-    {"select rows", &OnTable<&SelectRows>, "select rows 1 3-5 ..."},
-    {"select cells", &OnTable<&SelectCells>, "select cells R COL to R COL"},
+    {"select rows", &OnGrid<&SelectRows>, "select rows 1 3-5 ..."},
+    {"select cells", &OnGrid<&SelectCells>, "select cells R COL to R COL"},
     {"select nodes", &SelectNodes, "select nodes 1 2 ..."},
     {"select members", &SelectMembers, "select members 1 2 ..."},
     {"select none", &SelectNone, "select none"},
-    {"expect selected rows", &OnTable<&ExpectSelectedRows>, "expect selected rows 1 3-5 ..."},
+    {"expect selected rows", &OnGrid<&ExpectSelectedRows>, "expect selected rows 1 3-5 ..."},
     {"expect selected keys", &OnTable<&ExpectSelectedKeys>, "expect selected keys 1 3-5 ..."},
     {"expect selection nodes", &ExpectNodes, "expect selection nodes 1 2 ..."},
     {"expect selection members", &ExpectMembers, "expect selection members 1 2 ..."},

@@ -24,18 +24,19 @@ bool ReadRun(const std::string& text, std::vector<int>& numbers) {
     return true;
 }
 
-bool FindByHeader(const CTBCommonWnd& table, const std::string& header, int& col) {
-    for (velda::ColumnId id = 0; id < table.GetInitialColCount(); ++id) {
-        if (table.Header().ColumnTitle(static_cast<std::uint32_t>(id)) == header) return table.GetColumnNoFor(id, col);
+bool FindByHeader(const velda::CTBGrid& table, const std::string& header, int& col) {
+    for (velda::ColumnId id = 0; id < table.Columns().Count(); ++id) {
+        if (table.Header().ColumnTitle(static_cast<std::uint32_t>(id)) == header)
+            return table.Columns().GetColumnNoFor(id, col);
     }
     return false;
 }
 
-bool FindById(const CTBCommonWnd& table, const ScriptWord& word, int& col) {
+bool FindById(const velda::CTBGrid& table, const ScriptWord& word, int& col) {
     std::int64_t id = 0;
     return !word.quoted && word.value.starts_with('#') &&
            velda::ReadWholeLong(std::string_view(word.value).substr(1), id) && std::in_range<int>(id) &&
-           table.GetColumnNoFor(static_cast<velda::ColumnId>(id), col);
+           table.Columns().GetColumnNoFor(static_cast<velda::ColumnId>(id), col);
 }
 
 }  // namespace
@@ -44,7 +45,7 @@ CommandResult TableResult(const ScriptSession& session, bool done) {
     return done ? CommandResult::Done() : CommandResult::Refused(session.TableReason());
 }
 
-NamedPlace ReadRow(const CTBCommonWnd& table, const ScriptWord& word) {
+NamedPlace ReadRow(const velda::CTBGrid& table, const ScriptWord& word) {
     NamedPlace place;
     std::int64_t row = 0;
     if (word.quoted || word.assigns || !ReadNumber(word.value, row)) {
@@ -57,16 +58,16 @@ NamedPlace ReadRow(const CTBCommonWnd& table, const ScriptWord& word) {
     return place;
 }
 
-NamedPlace ReadColumn(const CTBCommonWnd& table, const ScriptWord& word) {
+NamedPlace ReadColumn(const velda::CTBGrid& table, const ScriptWord& word) {
     NamedPlace place;
-    if (word.assigns || !(FindById(table, word, place.col) || table.GetColumnNoFor(word.value, place.col) ||
+    if (word.assigns || !(FindById(table, word, place.col) || table.Columns().GetColumnNoFor(word.value, place.col) ||
                           FindByHeader(table, word.value, place.col))) {
         place.fault = CommandResult::Unreadable("there is no column " + word.value);
     }
     return place;
 }
 
-NamedPlace ReadCell(const CTBCommonWnd& table, const ScriptWord& row, const ScriptWord& column) {
+NamedPlace ReadCell(const velda::CTBGrid& table, const ScriptWord& row, const ScriptWord& column) {
     NamedPlace place = ReadColumn(table, column);
     if (!place.IsRead()) return place;
     NamedPlace inRow = ReadRow(table, row);
@@ -106,13 +107,13 @@ std::string QuotedTexts(std::span<const std::string> texts, std::string_view bet
     return joined;
 }
 
-velda::ColumnId ColumnIdOf(const CTBCommonWnd& table, int col) {
+velda::ColumnId ColumnIdOf(const velda::CTBGrid& table, int col) {
     velda::ColumnId id = 0;
-    table.GetColumnIDFor(col, id);
+    table.Columns().GetColumnIDFor(col, id);
     return id;
 }
 
-std::vector<int> ShownColumns(const CTBCommonWnd& table) {
+std::vector<int> ShownColumns(const velda::CTBGrid& table) {
     std::vector<int> shown;
     for (int col = 1; col <= table.GetColCount(); ++col) {
         if (!table.IsColumnHidden(col)) shown.push_back(col);

@@ -117,12 +117,6 @@ KeySituation CTBBrowserWnd::Situation() const {
     return situation;
 }
 
-bool CTBBrowserWnd::ProcessKey(KeyChord chord) {
-    const std::optional<TableCommand> command = CommandOf(chord);
-    if (command) return DoCommand(*command);
-    return false;
-}
-
 bool CTBBrowserWnd::MoveBy(NavigationStep step) {
     int row = 0;
     int col = 0;
@@ -141,13 +135,6 @@ bool CTBBrowserWnd::MoveBy(NavigationStep step) {
 bool CTBBrowserWnd::BeginNextRow() {
     const GridPosition first = Navigate(*this, {RowCount(), 1}, NavigationStep::RowStart);
     return SetCurrentCell(first.row, first.column);
-}
-
-bool CTBBrowserWnd::ExtendBy(NavigationStep step) {
-    const GridPosition from = current_.ExtentPosition(*this);
-    if (!from.IsValid()) return false;
-    ExtendSelection(ExtendTo(*this, from, step));
-    return true;
 }
 
 bool CTBBrowserWnd::EnterDown() {
@@ -191,25 +178,8 @@ bool CTBBrowserWnd::ToggleCheck() {
     return Told(session_.EnterText(CurrentCellId(), InverseCheck(GetValueRowCol(row, col))));
 }
 
-bool CTBBrowserWnd::SelectWhole(TableCommand command) {
-    const PositionRange range = CommandRange();
-    if (command == TableCommand::SelectAll) {
-        SelectRange(PositionRange::All());
-    } else if (command == TableCommand::SelectRow) {
-        SelectRange(PositionRange::Rows(range.top, range.bottom));
-    } else {
-        SelectRange(PositionRange::Columns(range.left, range.right));
-    }
-    return true;
-}
-
 bool CTBBrowserWnd::DoCommand(TableCommand command) {
     using C = TableCommand;
-    if (command != C::EnterDown) {
-        if (const std::optional<CommandMove> move = MoveOf(command)) {
-            return move->extends ? ExtendBy(move->step) : MoveBy(move->step);
-        }
-    }
     switch (command) {
         case C::EditInPlace: return Told(session_.EditInPlace(CurrentCellId()));
         case C::EnterDown: return EnterDown();
@@ -223,24 +193,11 @@ bool CTBBrowserWnd::DoCommand(TableCommand command) {
         case C::CloseList: listOpen_ = false; return true;
         case C::ListUp: return StepList(-1);
         case C::ListDown: return StepList(1);
-        case C::SelectAll:
-        case C::SelectRow:
-        case C::SelectColumn: return SelectWhole(command);
-        case C::Copy: return Copy(false);
-        case C::CopyWithHeaders: return Copy(true);
         case C::InsertRow: return InsertBeforeCurrent();
         case C::DeleteRows:
             if (session_.IsLocked()) return Told({EditRefusal::Locked});
             return CanDeleteRowByPressingKey() && LeaveRow() && Told(session_.DeleteSelected());
-        // The window asks for what to search.
-        case C::Find: LeaveRow(); return false;
-        case C::FindNext:
-        case C::FindPrevious: {
-            STBFindStruct find = m_Find;
-            find.direction = command == C::FindNext ? 1 : 0;
-            return FindNext(find);
-        }
-        default: return false;
+        default: return CTBGrid::DoCommand(command);
     }
 }
 

@@ -40,6 +40,8 @@ void CGXGridCore::RequireRow(int row) const {
     if (row < 1 || row > GetRowCount()) throw std::invalid_argument("no row " + std::to_string(row));
 }
 
+void CGXGridCore::ForgetRowHeights() { rowHeights_.erase(rowHeights_.upper_bound(0), rowHeights_.end()); }
+
 std::string CGXGridCore::GetShownText(int row, int col) const {
     return DisplayText(GetValueRowCol(row, col), StyleOf(row, col));
 }

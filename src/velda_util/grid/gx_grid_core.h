@@ -150,6 +150,8 @@ protected:
     /// Identifier of a grid column. Throws std::invalid_argument for a column that does not exist.
     ColumnId IdOfColumn(int col) const;
     void RequireRow(int row) const;
+    /// All rows but the header have the usual height again.
+    void ForgetRowHeights();
 
     ColumnList columns_;
     StyleSheet styles_;

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "velda_base/host/modal_dialog.h"
-#include "velda_util/grid/tb_browser_wnd_ex.h"
+#include "velda_util/grid/tb_grid.h"
 
 namespace velda {
 
@@ -24,7 +24,7 @@ public:
 class CTBSortDlg final : public ModalDialog {
 public:
     /// The table outlives the dialog.
-    explicit CTBSortDlg(CTBBrowserWndEx& table) : table_(table) {}
+    explicit CTBSortDlg(CTBGrid& table) : table_(table) {}
 
     std::string_view GetName() const override { return "TableSort"; }
     void OnInitDialog() override { items = table_.SortInfo(); }
@@ -38,7 +38,7 @@ public:
     std::vector<STBSortItem> items;
 
 private:
-    CTBBrowserWndEx& table_;
+    CTBGrid& table_;
 };
 
 /// Lets the user choose how the columns of a table are shown.

@@ -117,11 +117,7 @@ public:
     /// Whether a row is being edited.
     bool IsRowInEdit() const { return rowInEdit_; }
     bool SetCurrentCell(int row, int col, int flags = 0) override;
-    /// What a key means now; none when it is no business of the table.
-    std::optional<TableCommand> CommandOf(KeyChord chord) const { return CommandFor(Situation(), chord); }
-    /// Handles a key; false when it is no business of the table.
-    bool ProcessKey(KeyChord chord);
-    virtual bool DoCommand(TableCommand command);
+    bool DoCommand(TableCommand command) override;
     /// Types into the current cell: over its text, or on in the open editor. In a closed list, and wherever a list is
     /// open, it leads to the line that begins so.
     bool TypeText(const std::string& text);
@@ -203,7 +199,7 @@ protected:
     /// Tells the host why the session refused something; true when it did not.
     bool Told(const EditReply& reply);
     EditSession& OpenSession() { return session_; }
-    bool MoveBy(NavigationStep step);
+    bool MoveBy(NavigationStep step) override;
     /// The units were switched while a row is open.
     bool unitsSwitched_ = false;
 
@@ -219,18 +215,16 @@ private:
     Anchors TakeAnchors() const;
     void FollowAnchors(const Anchors& anchors, const std::vector<RowChanges::Rekeyed>& rekeyed);
     void SortWhenClosed();
-    KeySituation Situation() const;
+    KeySituation Situation() const override;
     CellId CellAt(int row, int col) const { return {RowIdAt(row), IdOfColumn(col)}; }
     bool EnterDown();
     bool InsertBeforeCurrent();
     bool BeginNextRow();
-    bool ExtendBy(NavigationStep step);
     bool StepList(int step);
     /// A list that takes no text but its own.
     bool IsClosedList(CellId cell) const;
     /// The key of the line that typing leads to. What does not go on from what was typed before begins anew.
     std::optional<std::string> TypedKey(const std::string& text, const std::string& current);
-    bool SelectWhole(TableCommand command);
     void RememberFormulas(RowId row);
     bool IsNumericColumn(ColumnId column) const { return columns_.Info(column).type != ColumnType::String; }
 

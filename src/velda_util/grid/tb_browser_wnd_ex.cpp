@@ -4,7 +4,6 @@
 
 #include "velda_lib/flat_index.h"
 #include "velda_lib/number_text.h"
-#include "velda_util/grid/table_dialogs.h"
 
 namespace velda {
 
@@ -26,11 +25,6 @@ bool CTBBrowserWndEx::Sort(const std::vector<STBSortItem>& items) {
     const GridUpdateLock lock(*this);
     SortTable(items);
     return true;
-}
-
-bool CTBBrowserWndEx::ShowSortDlg() {
-    CTBSortDlg dialog(*this);
-    return DoModal(dialog);
 }
 
 bool CTBBrowserWndEx::FindRecordByKey(const std::vector<std::string>& keyTexts, int& row, std::uint32_t key) const {
@@ -175,27 +169,12 @@ void CTBBrowserWndEx::SelectKeys(std::span<const std::uint32_t> keys) {
 
 // ---- preferences and titles ----
 
-void CTBBrowserWndEx::ApplyColumnPreferences() {
-    const std::vector<STBPrefItem> items = GetPrefInfo(GetTableName());
-    for (ColumnId id = 0; id < columns_.Count() && id < static_cast<int>(items.size()); ++id) {
-        const STBPrefItem& item = items[static_cast<std::size_t>(id)];
-        columns_.SetWidth(id, item.columnWidth);
-        if (columns_.Info(id).type != ColumnType::Double) continue;
-        const auto column = static_cast<std::uint32_t>(id);
-        styles_.SetStyleRange(StyleTarget::Columns({&column, 1}),
-                              CGXStyle()
-                                  .SetFormat(item.numberFormat == 2 ? NumberFormat::Fixed : NumberFormat::General)
-                                  .SetPlaces(item.decimalPlaces));
-    }
-}
+void CTBBrowserWndEx::ApplyColumnPreferences() { PutColumnPreferences(GetPrefInfo(GetTableName())); }
 
 void CTBBrowserWndEx::ApplyPreference() {
     ConfigureRows(GetKeyColID(), sortInfo_);
     ApplyColumnPreferences();
-    const TableLayout layout = TableRegistry::OfProcess().GetLayout(GetTableName());
-    if (!layout.order.empty()) columns_.SetOrder(layout.order);
-    for (const ColumnId id : layout.hidden) columns_.SetHidden(id, true);
-    for (const ColumnId id : layout.locked) SetColLocked(PositionOfColumn(id), true);
+    ApplyLayout();
     SetHeaderTitle(0, 0);
 }
 

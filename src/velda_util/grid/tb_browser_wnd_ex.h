@@ -29,13 +29,12 @@ public:
 
     /// The sort items that the rows are kept by, which are also the search key of FindRecordByKey. No items stand for
     /// the key column, ascending.
-    const std::vector<STBSortItem>& SortInfo() const { return sortInfo_; }
+    const std::vector<STBSortItem>& SortInfo() const override { return sortInfo_; }
     void SetSortInfo(std::vector<STBSortItem> items) { sortInfo_ = std::move(items); }
     /// Sorts the rows by a specification, and keeps it.
     void SortTable(std::vector<STBSortItem> sortInfo);
     /// The user sorts: leaves the open row first. False when it stays open.
-    virtual bool Sort(const std::vector<STBSortItem>& items);
-    bool ShowSortDlg() override;
+    bool Sort(const std::vector<STBSortItem>& items) override;
     /// Searches the rows in sort order, one text for each sort item. True when a row with exactly these texts exists,
     /// and `row` is that row; false when none exists, and `row` is where such a record belongs. Among rows with equal
     /// texts the one of the record `key` is chosen.

@@ -11,6 +11,16 @@ bool CTBGrid::ShowColorDlg() {
     return DoModal(dialog);
 }
 
+const std::vector<STBSortItem>& CTBGrid::SortInfo() const {
+    static const std::vector<STBSortItem> kNone;
+    return kNone;
+}
+
+bool CTBGrid::ShowSortDlg() {
+    CTBSortDlg dialog(*this);
+    return DoModal(dialog);
+}
+
 bool CTBGrid::GetGraphData(T_GRAPH_D& data) { return GraphDataOf(*this, GetGraphRange(), data); }
 
 CGXRange CTBGrid::GetGraphRange() const {
@@ -33,6 +43,26 @@ Outcome CTBGrid::SaveLayout() {
     registry.SetCurrColWithInPrefInfo(tableName_, widths);
     registry.SetLayout(tableName_, layout);
     return registry.WriteToRegistry(tableName_);
+}
+
+void CTBGrid::PutColumnPreferences(const std::vector<STBPrefItem>& items) {
+    for (ColumnId id = 0; id < columns_.Count() && id < static_cast<int>(items.size()); ++id) {
+        const STBPrefItem& item = items[static_cast<std::size_t>(id)];
+        columns_.SetWidth(id, item.columnWidth);
+        if (columns_.Info(id).type != ColumnType::Double) continue;
+        const auto column = static_cast<std::uint32_t>(id);
+        styles_.SetStyleRange(StyleTarget::Columns({&column, 1}),
+                              CGXStyle()
+                                  .SetFormat(item.numberFormat == 2 ? NumberFormat::Fixed : NumberFormat::General)
+                                  .SetPlaces(item.decimalPlaces));
+    }
+}
+
+void CTBGrid::ApplyLayout() {
+    const TableLayout layout = TableRegistry::OfProcess().GetLayout(tableName_);
+    if (!layout.order.empty()) columns_.SetOrder(layout.order);
+    for (const ColumnId id : layout.hidden) columns_.SetHidden(id, true);
+    for (const ColumnId id : layout.locked) SetColLocked(PositionOfColumn(id), true);
 }
 
 GridPosition CTBGrid::SearchStart() const {
@@ -98,6 +128,70 @@ bool CTBGrid::FindNext(STBFindStruct& find) {
     if (col >= 1 && col <= GetColCount()) return FindFrom(find, col);
     find.currentRow += find.direction > 0 ? 1 : -1;
     return FindFrom(find, col < 1 ? GetColCount() : 1);
+}
+
+// ---- keys ----
+
+KeySituation CTBGrid::Situation() const {
+    KeySituation situation;
+    situation.rowsSelected = selection_.IsOfRows();
+    return situation;
+}
+
+bool CTBGrid::ProcessKey(KeyChord chord) {
+    const std::optional<TableCommand> command = CommandOf(chord);
+    return command && DoCommand(*command);
+}
+
+bool CTBGrid::MoveBy(NavigationStep step) {
+    int row = 0;
+    int col = 0;
+    GetCurrentCell(row, col);
+    const GridPosition target = Navigate(*this, {row, col}, step);
+    return target.IsValid() && SetCurrentCell(target.row, target.column);
+}
+
+bool CTBGrid::ExtendBy(NavigationStep step) {
+    const GridPosition from = current_.ExtentPosition(*this);
+    if (!from.IsValid()) return false;
+    ExtendSelection(ExtendTo(*this, from, step));
+    return true;
+}
+
+bool CTBGrid::SelectWhole(TableCommand command) {
+    const PositionRange range = CommandRange();
+    if (command == TableCommand::SelectAll) {
+        SelectRange(PositionRange::All());
+    } else if (command == TableCommand::SelectRow) {
+        SelectRange(PositionRange::Rows(range.top, range.bottom));
+    } else {
+        SelectRange(PositionRange::Columns(range.left, range.right));
+    }
+    return true;
+}
+
+bool CTBGrid::DoCommand(TableCommand command) {
+    using C = TableCommand;
+    if (const std::optional<CommandMove> move = MoveOf(command)) {
+        return move->extends ? ExtendBy(move->step) : MoveBy(move->step);
+    }
+    switch (command) {
+        case C::EnterDown: return MoveBy(NavigationStep::Down);
+        case C::SelectAll:
+        case C::SelectRow:
+        case C::SelectColumn: return SelectWhole(command);
+        case C::Copy: return Copy(false);
+        case C::CopyWithHeaders: return Copy(true);
+        // The window asks for what to search.
+        case C::Find: LeaveRow(); return false;
+        case C::FindNext:
+        case C::FindPrevious: {
+            STBFindStruct find = m_Find;
+            find.direction = command == C::FindNext ? 1 : 0;
+            return FindNext(find);
+        }
+        default: return false;
+    }
 }
 
 }  // namespace velda

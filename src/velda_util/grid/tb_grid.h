@@ -4,7 +4,9 @@
 #include <string_view>
 #include <vector>
 
+#include "velda_util/cells/row_sort.h"
 #include "velda_util/clip/find_text.h"
+#include "velda_util/edit/key_map.h"
 #include "velda_util/grid/gx_grid_wnd.h"
 #include "velda_util/pref/table_registry.h"
 
@@ -62,8 +64,22 @@ public:
     static inline STBColorSet m_Color;
     /// Lets the user choose the colours of all tables; false when he cancels.
     static bool ShowColorDlg();
-    /// Lets the user sort the table; false when he cancels or the table has no order of its own.
-    virtual bool ShowSortDlg() { return false; }
+    // ---- order
+
+    /// How the rows are sorted: the columns, the first one counts most.
+    virtual const std::vector<STBSortItem>& SortInfo() const;
+    /// Sorts the rows anew; false, and the order stays, when the table cannot be sorted now or the user cancels.
+    virtual bool Sort(const std::vector<STBSortItem>& /*items*/) { return false; }
+    /// Lets the user sort the table; false when he cancels.
+    bool ShowSortDlg();
+
+    // ---- keys
+
+    /// What a key means now; none when it is no business of the table.
+    std::optional<TableCommand> CommandOf(KeyChord chord) const { return CommandFor(Situation(), chord); }
+    /// Handles a key; false when it is no business of the table.
+    bool ProcessKey(KeyChord chord);
+    virtual bool DoCommand(TableCommand command);
 
     // ---- hooks of tables
 
@@ -77,6 +93,14 @@ public:
     virtual bool HandleCustomContextMenu(int /*command*/) { return false; }
 
 protected:
+    virtual KeySituation Situation() const;
+    virtual bool MoveBy(NavigationStep step);
+    bool ExtendBy(NavigationStep step);
+    bool SelectWhole(TableCommand command);
+    /// Applies widths and decimal places, by column id.
+    void PutColumnPreferences(const std::vector<STBPrefItem>& items);
+    /// Applies the order of the columns, and which the user hid and locked.
+    void ApplyLayout();
     void SetTableName(std::string name) { tableName_ = std::move(name); }
     /// Searches the cells of an area, as FindText does, by the texts that a copy of them would give.
     virtual FindResult Search(const STBFindStruct& find, const FindArea& area) const;

@@ -127,6 +127,11 @@ std::vector<std::uint32_t> CClassPElnk::Keys() const {
     return database_ ? database_->Links() : std::vector<std::uint32_t>{};
 }
 
+std::array<std::uint32_t, 2> CClassPElnk::NodesOf(std::uint32_t key) const {
+    const std::uint32_t place = database_ ? database_->PlaceOfLink(key) : CPostDataBase::kNoPlace;
+    return place == CPostDataBase::kNoPlace ? std::array<std::uint32_t, 2>{} : database_->NodesOfLink(place);
+}
+
 // ---- modules and stories ----
 
 std::uint32_t CClassPMdul::GetKey(std::string_view name) const {

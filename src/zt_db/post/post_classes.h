@@ -83,6 +83,8 @@ public:
     using PostKeysOf::PostKeysOf;
     int Exist(std::uint32_t key) const;
     std::vector<std::uint32_t> Keys() const;
+    /// The numbers of its nodes i and j; 0 where the results do not tell them.
+    std::array<std::uint32_t, 2> NodesOf(std::uint32_t key) const;
 };
 
 using T_PMDUL_D = T_MDUL_D;

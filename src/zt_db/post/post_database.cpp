@@ -22,6 +22,7 @@ CPostDataBase::CPostDataBase(CDataBase* model, std::shared_ptr<const ResultSourc
     PutPlaces(supported_, supports_);
     std::sort(supported_.begin(), supported_.end());
     linkKeys_ = results_->Keys(ResultName::Links);
+    linkEnds_ = results_->Keys(ResultName::LinkEnds);
     PutPlaces(linkKeys_, links_);
     std::sort(linkKeys_.begin(), linkKeys_.end());
     ReadElements();

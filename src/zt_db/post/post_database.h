@@ -38,6 +38,12 @@ public:
     /// Numbers of the nodes that have a reaction, ascending.
     const std::vector<std::uint32_t>& SupportedNodes() const { return supported_; }
     const std::vector<std::uint32_t>& Links() const { return linkKeys_; }
+    /// Numbers of the nodes of a link, by its place; 0 where the results do not tell them.
+    std::array<std::uint32_t, 2> NodesOfLink(std::uint32_t place) const {
+        const std::size_t at = 2 * std::size_t{place};
+        return at + 1 < linkEnds_.size() ? std::array{linkEnds_[at], linkEnds_[at + 1]}
+                                         : std::array<std::uint32_t, 2>{};
+    }
 
     /// An element of the analysis: the stretch of a member between two nodes.
     struct Element {
@@ -72,6 +78,7 @@ private:
     velda::FlatIndex links_;
     std::vector<std::uint32_t> supported_;
     std::vector<std::uint32_t> linkKeys_;
+    std::vector<std::uint32_t> linkEnds_;
     std::vector<Element> elements_;
     velda::FlatIndex firstElement_;
     std::vector<std::array<std::uint32_t, 3>> slabNodes_;  ///< slab, node, place; sorted

@@ -101,6 +101,7 @@ inline constexpr std::string_view ElementMembers = "model/element_member";  ///<
 inline constexpr std::string_view ElementEnds = "model/element_node";       ///< keys: numbers of both end nodes
 inline constexpr std::string_view ElementRanges = "model/element_range";    ///< where along its member it lies, 0 to 1
 inline constexpr std::string_view Links = "model/link";                     ///< keys: numbers of elastic links
+inline constexpr std::string_view LinkEnds = "model/link_node";   ///< keys: numbers of both nodes of each link
 inline constexpr std::string_view SlabNodes = "model/slab_node";  ///< keys: number of a slab and of a node of it
 
 inline constexpr std::string_view Frequency = "modal/frequency";           ///< Hz, one a mode

@@ -91,6 +91,7 @@ inline constexpr int Activate = 46516;
 inline constexpr int SelectDriftMethod = 46517;
 inline constexpr int SetAllowableDrift = 46524;
 inline constexpr int SetLeastShearWeight = 46525;
+inline constexpr int ExportToExcel = 46526;
 inline constexpr int ExportGraphToExcel = 46527;
 inline constexpr int SetShearFactor = 46528;
 inline constexpr int ExportGraph = 46529;

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "velda_util/cells/row_sort.h"
+#include "velda_util/grid/gx_grid_core.h"
+#include "velda_util/grid/table_dialogs.h"
+
+namespace velda {
+
+/// The columns whose look the user can choose.
+class CTBStyleCtrl {
+public:
+    struct Column {
+        std::string title;
+        ColumnType type = ColumnType::String;
+        int fieldNo = 0;
+    };
+    void AddCol(std::string title, ColumnType type, int fieldNo) {
+        columns_.push_back({std::move(title), type, fieldNo});
+    }
+    const std::vector<Column>& Columns() const { return columns_; }
+    /// Lets the user choose the look; false when he cancels.
+    static bool ShowStyleDlg(CTBGrid& grid) {
+        CTBStyleCtrlEx control;
+        control.Initialize(grid);
+        return control.ShowStyleDlg();
+    }
+
+private:
+    std::vector<Column> columns_;
+};
+
+/// Columns that are there for the program and not for the user.
+class CTBVisibleCtrl {
+public:
+    explicit CTBVisibleCtrl(CGXGridCore& grid) : grid_(grid) {}
+    void HideColsByIntend(int firstCol, int lastCol, bool hide) { grid_.HideColsByIntend(firstCol, lastCol, hide); }
+
+private:
+    CGXGridCore& grid_;
+};
+
+/// Which keys do something in a result grid.
+class CTBKeyCtrl {
+public:
+    void EnableDeleteKey(bool enable) { deletes_ = enable; }
+    bool IsDeleteKeyEnabled() const { return deletes_; }
+
+private:
+    bool deletes_ = true;
+};
+
+}  // namespace velda
