@@ -5,7 +5,7 @@
 
 #include "zt_db/post/result_keeper.h"
 #include "zt_db/post/result_seed.h"
-#include "zt_db/records/stld.h"
+#include "zt_db/records/load.h"
 #include "zt_tb/modelview/bay_fixture.h"
 #include "zt_tb/modelview/scene_picture.h"
 #include <gmock/gmock.h>
@@ -202,14 +202,11 @@ TEST_F(SceneResultsTest, WhatIsShownGoesWithTheResults) {
     EXPECT_NE(revision, view.SceneRevision());
 }
 
-TEST_F(SceneResultsTest, WhatIsShownStaysWhileNamesChange) {
+TEST_F(SceneResultsTest, WhatIsShownStaysWhileCombinationsChange) {
     KeepSway();
     view.ShowDeformed(Sway());
     view.ShowColours({.title = "N", .members = {{1, 5.0}}});
-    T_STLD_D record;
-    ASSERT_TRUE(Records<CClassStld>().Get(3, record));
-    record.name = "Wind";
-    ASSERT_TRUE(Records<CClassStld>().TR_Modify(3, 3, record)) << Db().GetLastReason();
+    AddNamed<CClassLcom>(1, "C1");
     EXPECT_EQ(20.0, view.Deformation().Scale());
     EXPECT_FALSE(view.Colors().IsEmpty());
 }
