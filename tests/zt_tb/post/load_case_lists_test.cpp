@@ -47,8 +47,6 @@ const Lines kSpectraWithoutSeismic = {"RX 4/2"};
 const Lines kPt = {"PT1(PT:all) 18/0", "PT1(PT:max) 18/1", "PT1(PT:min) 18/-1"};
 const Lines kEsSpectra = {"ES2 16/2"};
 const Lines kSettlement = {"SM1(SM:all) 9/0", "SM1(SM:max) 9/1", "SM1(SM:min) 9/-1"};
-const Lines kCombinations = {"SUM 10/2",      "ENV(max) 10/1",  "ENV(min) 10/-1",
-                             "ALL(max) 10/1", "ALL(min) 10/-1", "GIRDER 10/2"};
 const Lines kHistoryCases = {"EQ(TH:max) 5/1", "EQ(TH:min) 5/-1", "EQ(TH:all) 5/0"};
 const Lines kHistoryLoads = {"EQ(TH:all) 5/0", "EQ(TH:max) 5/1", "EQ(TH:min) 5/-1"};
 const Lines kNonlinearCases = {"NC1(TH:max) 29/1", "NC1(TH:min) 29/-1", "NC1(TH:all) 29/0"};
@@ -129,7 +127,6 @@ protected:
 // ---- rules ----
 
 TEST_F(LoadLists, OfferEverythingToTablesWithoutARuleOfTheirOwn) {
-    // The envelope within ALL stands for the combination that was made last.
     const Lines all = Joined(
         {kFull, {"SUM 10/2", "ENV(max) 10/1", "ENV(min) 10/-1", "GIRDER 10/2"}, {"ALL(max) 10/1", "ALL(min) 10/-1"}});
     ExpectTables({0, 1, 2, 3, 10, 33, 44, 47, 49, 91, 95, 96, 200}, all, false);
