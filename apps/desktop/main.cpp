@@ -59,7 +59,7 @@ void ShowLook(zt::MainWindow& window, const QStringList& words) {
         window.Finder().Text().setText(QStringLiteral("W"));
     }
     if (words.contains(QStringLiteral("split"))) {
-        window.OpenTable({false, zt::kTablePont});
+        window.OpenTable({zt::TableSort::Model, zt::kTablePont});
         window.Split();
     }
     velda::CTBGrid* grid = window.ActiveGrid() ? window.ActiveGrid()->Grid() : nullptr;

@@ -87,7 +87,7 @@ TEST_F(DockedTableTest, MakesItsViewAnewWhenItsFrameIsGone) {
 }
 
 TEST_F(DockedTableTest, TakesADocumentFromItsTab) {
-    window->OpenTable({false, kTableMemb});
+    window->OpenTable({TableSort::Model, kTableMemb});
     const auto count = window->Area().Documents().size();
     QTRY_VERIFY_WITH_TIMEOUT(window->ActionOf("dock")->isEnabled(), 5000);
     window->ActionOf("dock")->trigger();

@@ -22,7 +22,7 @@ protected:
         window->show();
         window->activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
-        window->OpenTable({true, CTBPropView::kThickness});
+        window->OpenTable({TableSort::Property, CTBPropView::kThickness});
         grid = window->ActiveGrid();
         ASSERT_NE(nullptr, grid);
         grid->setFocus();

@@ -13,21 +13,21 @@ using WindowTablesTest = WindowFixture;
 
 TEST_F(WindowTablesTest, OpensATableFromTheTree) {
     window->Area().Remove(window->Area().Active());
-    Click(window->Tree().ItemOf({true, kThickness}));
+    Click(window->Tree().ItemOf({TableSort::Property, kThickness}));
     ASSERT_EQ(1u, window->Area().Documents().size());
     EXPECT_EQ(2, window->ActiveGrid()->Grid()->RowCount());
 }
 
 TEST_F(WindowTablesTest, BringsAnOpenTableToTheFront) {
-    window->OpenTable({false, kTablePont});
+    window->OpenTable({TableSort::Model, kTablePont});
     EXPECT_EQ(2u, window->Area().Documents().size());
-    Click(window->Tree().ItemOf({true, kThickness}));
+    Click(window->Tree().ItemOf({TableSort::Property, kThickness}));
     EXPECT_EQ(2u, window->Area().Documents().size());
     EXPECT_EQ(grid, window->ActiveGrid());
 }
 
 TEST_F(WindowTablesTest, GreysTablesThatDoNotExist) {
-    QTreeWidgetItem* item = window->Tree().ItemOf({false, kTableSkew});
+    QTreeWidgetItem* item = window->Tree().ItemOf({TableSort::Model, kTableSkew});
     ASSERT_NE(nullptr, item);
     EXPECT_FALSE(item->toolTip(0).isEmpty());
     Click(item);
@@ -38,19 +38,19 @@ TEST_F(WindowTablesTest, ShowsEachKindInTheTree) {
     for (const TableKindEntry& entry : TableKinds()) {
         // The materials stand among the properties.
         if (entry.kind == kTableNone || entry.kind == kTableMatl) continue;
-        EXPECT_NE(nullptr, window->Tree().ItemOf({false, entry.kind})) << entry.kind;
+        EXPECT_NE(nullptr, window->Tree().ItemOf({TableSort::Model, entry.kind})) << entry.kind;
     }
 }
 
 TEST_F(WindowTablesTest, TellsAGroupByItsTablesWhereItIsTitledLikeOneOfThem) {
-    EXPECT_EQ("Node + Member", window->Tree().ItemOf({false, kTablePontMemb})->text(0));
-    EXPECT_EQ("Member", window->Tree().ItemOf({false, kTableMemb})->text(0));
+    EXPECT_EQ("Node + Member", window->Tree().ItemOf({TableSort::Model, kTablePontMemb})->text(0));
+    EXPECT_EQ("Member", window->Tree().ItemOf({TableSort::Model, kTableMemb})->text(0));
 }
 
 TEST_F(WindowTablesTest, FiltersTheTreeByName) {
     window->Tree().Filter().setText("thick");
-    EXPECT_FALSE(window->Tree().ItemOf({true, kThickness})->isHidden());
-    EXPECT_TRUE(window->Tree().ItemOf({false, kTableSkew})->isHidden());
+    EXPECT_FALSE(window->Tree().ItemOf({TableSort::Property, kThickness})->isHidden());
+    EXPECT_TRUE(window->Tree().ItemOf({TableSort::Model, kTableSkew})->isHidden());
 }
 
 TEST_F(WindowTablesTest, ShowsTheTabsOfAViewBelowIt) {
@@ -85,7 +85,7 @@ TEST_F(WindowTablesTest, LocksTheColumnUnderTheMenu) {
 
 TEST_F(WindowTablesTest, ShowsTwoTablesSideBySide) {
     EXPECT_FALSE(window->CanSplit()) << "one table alone";
-    window->OpenTable({false, kTablePont});
+    window->OpenTable({TableSort::Model, kTablePont});
     window->Split();
     EXPECT_TRUE(window->Area().IsSplit());
     window->Split();
@@ -95,7 +95,7 @@ TEST_F(WindowTablesTest, ShowsTwoTablesSideBySide) {
 
 TEST_F(WindowTablesTest, DisablesTableCommandsWithoutATable) {
     EXPECT_TRUE(window->ActionOf("filter")->isEnabled());
-    window->OpenTable({false, kTableSkew});
+    window->OpenTable({TableSort::Model, kTableSkew});
     ASSERT_FALSE(window->HasTable());
     QTRY_VERIFY_WITH_TIMEOUT(!window->ActionOf("filter")->isEnabled(), 5000);
 }

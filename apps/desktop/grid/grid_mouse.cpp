@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "desktop/grid/grid_widget.h"
+#include "velda_util/result/tb_core.h"
 
 namespace zt {
 namespace {
@@ -54,6 +55,7 @@ void GridMouse::PressCell(velda::GridPosition cell, Qt::KeyboardModifiers held, 
         }
         if (!grid.SetCurrentCell(cell.row, cell.column)) return;
         if (widget_.Browser() && PressControl(cell, point)) return;
+        if (auto* results = dynamic_cast<velda::CTBCore*>(&grid)) results->ClickCell(cell.row, cell.column);
     }
     task_ = Task::Cells;
 }

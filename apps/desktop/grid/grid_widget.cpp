@@ -300,8 +300,8 @@ std::string GridWidget::GetClipboardText() { return FromQt(QGuiApplication::clip
 
 bool GridWidget::HandleKey(const QKeyEvent& event) {
     const auto chord = ChordOfEvent(event);
-    if (!browser_ || !chord) return false;
-    const auto command = browser_->CommandOf(*chord);
+    if (!grid_ || !chord) return false;
+    const auto command = grid_->CommandOf(*chord);
     if (!command) return false;
     const velda::PositionRange before = LastRange(*grid_);
     // What was told of a text that is dropped no longer holds.
@@ -309,7 +309,7 @@ bool GridWidget::HandleKey(const QKeyEvent& event) {
     if (*command == velda::TableCommand::Find) {
         emit FindRequested();
     } else {
-        browser_->ProcessKey(*chord);
+        grid_->ProcessKey(*chord);
     }
     FollowSelection(before);
     Refresh();
@@ -377,10 +377,10 @@ QVariant GridWidget::inputMethodQuery(Qt::InputMethodQuery query) const {
 // ---- other events ----
 
 bool GridWidget::event(QEvent* event) {
-    if (event->type() == QEvent::ShortcutOverride && browser_) {
+    if (event->type() == QEvent::ShortcutOverride && grid_) {
         const auto& key = static_cast<const QKeyEvent&>(*event);
         const auto chord = ChordOfEvent(key);
-        if (IsTyping(key) || (chord && browser_->CommandOf(*chord))) event->accept();
+        if ((browser_ && IsTyping(key)) || (chord && grid_->CommandOf(*chord))) event->accept();
     }
     return QAbstractScrollArea::event(event);
 }

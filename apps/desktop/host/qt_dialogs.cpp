@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <memory>
 
+#include "desktop/host/activation_dialog.h"
 #include "desktop/host/dialogs.h"
 #include "desktop/host/property_window.h"
 
@@ -25,6 +26,7 @@ constexpr Maker kMakers[] = {
     &MakeFor<CTBFindDlg, &MakeFindDialog>,          &MakeFor<velda::CTBSortDlg, &MakeSortDialog>,
     &MakeFor<velda::CTBColorDlg, &MakeColorDialog>, &MakeFor<velda::CTBStyleDlg, &MakeStyleDialog>,
     &MakeFor<CTBDisplayDlg, &MakeDisplayDialog>,    &MakeFor<PropertyDialog, &MakePropertyWindow>,
+    &MakeFor<CTBActiveNewDlg, &MakeActivationDialog>,
 };
 
 }  // namespace

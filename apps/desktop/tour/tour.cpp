@@ -38,6 +38,7 @@
 #include "zt_tb/model/tb_display_dlg.h"
 #include "zt_tb/model/tb_pre_view.h"
 #include "zt_tb/model/tb_prop_view.h"
+#include "zt_tb/post/tb_post_view.h"
 
 namespace zt {
 namespace {
@@ -86,7 +87,7 @@ public:
         window->resize(size);
         window->show();
         window->activateWindow();
-        window->OpenTable({true, CTBPropView::kThickness});
+        window->OpenTable({TableSort::Property, CTBPropView::kThickness});
         Album::Settle();
     }
     GridWidget& Grid() const { return *window->ActiveGrid(); }
@@ -128,7 +129,7 @@ void AddDialog(Album& album, const QString& name, const std::function<void()>& a
     QTimer::singleShot(300, QApplication::instance(), [&album, name] {
         QWidget* dialog = QApplication::activeModalWidget();
         if (!dialog) return;
-        album.Add(name, *dialog);
+        if (!name.isEmpty()) album.Add(name, *dialog);
         dialog->close();
     });
     action();
@@ -175,7 +176,7 @@ void TourEditing(Album& album) {
     album.Add("filter-and-find", *stage.window);
     stage.window->ToggleFilter();
     stage.window->OpenPane(kTablePont);
-    stage.window->OpenTable({false, kTableMemb});
+    stage.window->OpenTable({TableSort::Model, kTableMemb});
     stage.window->Split();
     album.Add("split-and-docked", *stage.window);
 }
@@ -281,6 +282,30 @@ void TourLoads(Album& album) {
     }
 }
 
+/// Tables of results: the dialog in which load cases are chosen, and what they show of all load cases.
+void TourResultTables(Album& album, MainWindow& window) {
+    const auto open = [&window](int id) {
+        window.OpenTable({TableSort::Result, id});
+        return dynamic_cast<CTBPostView*>(window.ActiveHolder()->View());
+    };
+    const auto activate = [](CTBPostView& view) {
+        TB_ACTIVE_PARAM param;
+        if (!view.GetActivation(param)) return;
+        param.loads.selected = param.loads.useDefaults ? param.loads.defaults : param.loads.all;
+        view.Activate(param);
+    };
+    // The dialog opens as soon as the table does.
+    AddDialog(album, "results-activation", [&] { open(2); });
+    for (const auto& [name, id] : {std::pair("results-displacements", 2), std::pair("results-reactions", 3),
+                                   std::pair("results-member-forces", 48), std::pair("results-story-displacement", 15),
+                                   std::pair("results-story-drift", 14)}) {
+        AddDialog(album, {}, [&, table = id] { open(table); });
+        activate(*open(id));
+        window.ActiveGrid()->Refresh();
+        album.Add(name, window);
+    }
+}
+
 /// An analysed building as it moves under wind, and the displacements of its nodes and columns in colours.
 void TourResults(Album& album) {
     auto doc = CDBDoc::New();
@@ -302,6 +327,7 @@ void TourResults(Album& album) {
     for (std::uint32_t member = 1; member <= 8; ++member) colours.members.push_back({member, 0.1 * member});
     view.ShowColours(std::move(colours));
     album.Add("model_colors", window.Model());
+    TourResultTables(album, window);
 }
 
 /// Materials of all types, and sections of all kinds of shapes.
@@ -336,9 +362,9 @@ void AddProperties(CDataBase& database) {
 void TourProperties(Album& album) {
     const Stage stage(kUsualRows, {1300, 640});
     AddProperties(*CDBDoc::m_pDBDoc->GetMDBCtrl()->GetCurrentDB());
-    stage.window->OpenTable({.property = true, .kind = CTBPropView::kMaterial});
+    stage.window->OpenTable({.sort = TableSort::Property, .kind = CTBPropView::kMaterial});
     album.Add("materials", *stage.window);
-    stage.window->OpenTable({.property = true, .kind = CTBPropView::kSection});
+    stage.window->OpenTable({.sort = TableSort::Property, .kind = CTBPropView::kSection});
     album.Add("sections", *stage.window);
 }
 

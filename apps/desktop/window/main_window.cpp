@@ -19,6 +19,7 @@
 #include "velda_lib/number_text.h"
 #include "zt_db/post/result_keeper.h"
 #include "zt_tb/model/tb_prop_view.h"
+#include "zt_tb/post/result_catalogue.h"
 
 namespace zt {
 namespace {
@@ -100,6 +101,8 @@ void MainWindow::Follow() {
     for (std::size_t at = 0; at < commands.size(); ++at) actions_[at]->setEnabled((this->*commands[at].isEnabled)());
     fields_->ShowSelection(ActiveGrid());
     ShowTitle();
+    const ResultSource* results = CDBDoc::m_pDBDoc ? CDBDoc::m_pDBDoc->GetMDBCtrl()->GetDBPost()->Results() : nullptr;
+    if (std::exchange(shownResults_, results) != results) tree_->FollowResults();
 }
 
 void MainWindow::changeEvent(QEvent* event) {
@@ -217,7 +220,7 @@ void MainWindow::FocusMoved(const QWidget* to) {
     FollowLater();
 }
 
-void MainWindow::OpenProperties() { OpenTable({true, CTBPropView::kMaterial}); }
+void MainWindow::OpenProperties() { OpenTable({TableSort::Property, CTBPropView::kMaterial}); }
 
 void MainWindow::RunDialog(std::string_view name) {
     velda::ICmdDialog* dialogs = velda::ICmdDialog::Instance();
@@ -268,6 +271,11 @@ bool MainWindow::LeaveRows() {
 }
 
 void MainWindow::RunOnView(int id) {
+    // Views leave to the window what needs a dialog for files.
+    if (id == ResultCommandId::ExportToExcel || id == ResultCommandId::ExportGraphToExcel) {
+        ExportTable();
+        return;
+    }
     TableHolder* holder = ActiveHolder();
     if (!holder) return;
     holder->View()->OnCommand(id);

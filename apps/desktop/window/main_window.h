@@ -118,7 +118,7 @@ public:
 
     bool Always() const { return true; }
     bool HasDocument() const { return area_->Active() != nullptr; }
-    bool CanDock() const { return HasDocument() && !area_->Active()->Id().property; }
+    bool CanDock() const { return HasDocument() && area_->Active()->Id().sort == TableSort::Model; }
     bool HasTable() const;
     bool HasModel() const { return !modelPane_->View().Scene().IsEmpty(); }
     bool HasResults() const;
@@ -194,6 +194,8 @@ private:
     DocumentArea* area_ = nullptr;
     std::vector<std::unique_ptr<DockedTable>> panes_;
     QPointer<TableHolder> usedPane_;  ///< the docked pane that has the focus, or had it last
+    /// The results that the tree shows the tables of.
+    const ResultSource* shownResults_ = nullptr;
     TableTree* tree_ = nullptr;
     QDockWidget* treePane_ = nullptr;
     ModelPane* modelPane_ = nullptr;

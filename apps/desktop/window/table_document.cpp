@@ -5,6 +5,7 @@
 #include "desktop/grid/qt_text.h"
 #include "zt_tb/model/tb_pre_view.h"
 #include "zt_tb/model/tb_prop_view.h"
+#include "zt_tb/post/tb_post_view.h"
 
 namespace zt {
 namespace {
@@ -23,6 +24,16 @@ std::unique_ptr<CTBView> OpenTables(int kind, velda::CWnd& window) {
     return view;
 }
 
+std::unique_ptr<CTBView> OpenResults(int kind, velda::CWnd& window) {
+    auto view = std::make_unique<CTBPostView>();
+    view->SetWindow(&window);
+    if (const ResultTableEntry* table = FindResultTable(kind)) view->AddTable(table->operation);
+    return view;
+}
+
+constexpr std::unique_ptr<CTBView> (*kOpeners[])(int kind, velda::CWnd& window) = {&OpenTables, &OpenProperties,
+                                                                                   &OpenResults};
+
 }  // namespace
 
 std::string TableDocument::Frame::GetTitle() const { return FromQt(owner_.title_); }
@@ -39,7 +50,7 @@ void TableDocument::Frame::Close() {
 TableDocument::TableDocument(TableId id, QWidget* parent) : TableHolder(parent), id_(id) { MakeView(); }
 
 void TableDocument::MakeView() {
-    view_ = id_.property ? OpenProperties(id_.kind, frame_) : OpenTables(id_.kind, frame_);
+    view_ = kOpeners[static_cast<std::size_t>(id_.sort)](id_.kind, frame_);
     SetView(view_.get());
 }
 
@@ -62,10 +73,12 @@ TableDocument::~TableDocument() {
     view_->OnDestroy();
 }
 
-bool TableDocument::Shows(TableId id) const { return id == id_ || (id.property && id_.property); }
+bool TableDocument::Shows(TableId id) const {
+    return id == id_ || (id.sort == TableSort::Property && id_.sort == TableSort::Property);
+}
 
 void TableDocument::BringToFront(TableId id) {
-    if (!id.property || !id_.property) return;
+    if (id.sort != TableSort::Property || id_.sort != TableSort::Property) return;
     const auto tables = CTBPropView::Tables();
     const auto found = std::find_if(tables.begin(), tables.end(),
                                     [&](const CTBPropView::TableEntry& entry) { return entry.kind == id.kind; });

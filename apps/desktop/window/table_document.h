@@ -46,6 +46,9 @@ private:
         void SetFocus() override { owner_.Grid().setFocus(); }
         IFrame* GetParentFrame() override { return this; }
 
+    protected:
+        void OnCommand(const velda::CommandMessage& command) override { owner_.view_->OnCommand(command.id); }
+
     private:
         TableDocument& owner_;
     };

@@ -5,7 +5,6 @@
 #include <algorithm>
 
 #include "desktop/grid/qt_text.h"
-#include "zt_tb/core/tb_common_view.h"
 
 namespace zt {
 
@@ -37,7 +36,7 @@ TableHolder::TableHolder(QWidget* parent) : QWidget(parent) {
     // A point of a scroll area's menu is one of its viewport.
     grid_->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(grid_, &QWidget::customContextMenuRequested, this, [this](QPoint point) {
-        if (auto* common = dynamic_cast<CTBCommonView*>(view_)) common->OnContextMenu({point.x(), point.y()});
+        if (view_) view_->OnContextMenu({point.x(), point.y()});
     });
 }
 

@@ -3,15 +3,17 @@
 #include <QMenu>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <array>
 
 #include "desktop/grid/qt_text.h"
 #include "zt_tb/model/table_kinds.h"
 #include "zt_tb/model/tb_prop_view.h"
+#include "zt_tb/post/result_availability.h"
 
 namespace zt {
 namespace {
 
-constexpr int kPropertyRole = Qt::UserRole;
+constexpr int kSortRole = Qt::UserRole;
 constexpr int kKindRole = Qt::UserRole + 1;
 
 /// A heading of the tree and the kinds below it. A kind stands below the first heading that names it.
@@ -45,6 +47,30 @@ const std::vector<Heading>& Headings() {
         {"IDS_DESKTOP_GROUP_CHECK", {{kTableChk, kTableChk}}},
     };
     return headings;
+}
+
+/// A heading of result tables, by their ids.
+struct ResultHeading {
+    std::string_view textKey;
+    std::array<IdRange, 4> ids;
+};
+constexpr ResultHeading kResultHeadings[] = {
+    {"IDS_DESKTOP_GROUP_RESULT_NODES", {{{2, 3}, {9, 9}}}},
+    {"IDS_DESKTOP_GROUP_RESULT_MEMBERS", {{{8, 8}, {48, 48}, {54, 54}}}},
+    {"IDS_DESKTOP_GROUP_RESULT_MODES", {{{10, 10}}}},
+    {"IDS_DESKTOP_GROUP_RESULT_STORIES", {{{13, 26}, {29, 29}, {33, 47}}}},
+    {"IDS_DESKTOP_GROUP_RESULT_HISTORIES", {{{27, 27}, {30, 31}, {55, 57}, {61, 62}}}},
+    {"IDS_DESKTOP_GROUP_RESULT_PUSHOVER", {{{65, 81}}}},
+    {"IDS_DESKTOP_GROUP_RESULT_NONLINEAR", {{{28, 28}, {32, 32}, {58, 60}, {63, 64}}}},
+    {"IDS_DESKTOP_GROUP_RESULT_FORCES", {{{49, 53}, {82, 96}}}},
+};
+
+/// Why a table of results cannot be opened now; empty when it can.
+QString WhyNoResults(const ResultTableEntry& table) {
+    static const CPostDataBase none;
+    const CPostDataBase& results = CDBDoc::m_pDBDoc ? *CDBDoc::m_pDBDoc->GetMDBCtrl()->GetDBPost() : none;
+    const std::string_view key = WhyNothingToShow(table, results);
+    return key.empty() ? QString() : Word(key);
 }
 
 /// Whether anything is shown for a kind: its own table, or one of the group that it opens.
@@ -90,6 +116,7 @@ void TableTree::ShowTexts() {
     tree_->clear();
     AddProperties();
     AddKinds();
+    AddResults();
     ApplyFilter();
 }
 
@@ -102,19 +129,34 @@ QTreeWidgetItem* TableTree::AddHeading(std::string_view textKey) {
     return heading;
 }
 
-void TableTree::AddTable(QTreeWidgetItem& heading, TableId id, const QString& title, bool exists) {
+namespace {
+
+QString WhyNot(bool exists) { return exists ? QString() : Word("IDS_DESKTOP_NOT_THERE_YET"); }
+
+/// A table that cannot be opened is dim and says why.
+void ShowState(QTreeWidgetItem& item, const QPalette& palette, const QString& whyNot) {
+    const QPalette::ColorGroup group = whyNot.isEmpty() ? QPalette::Active : QPalette::Disabled;
+    item.setForeground(0, palette.color(group, QPalette::Text));
+    item.setToolTip(0, whyNot);
+}
+
+TableId IdOf(const QTreeWidgetItem& item) {
+    return {static_cast<TableSort>(item.data(0, kSortRole).toInt()), item.data(0, kKindRole).toInt()};
+}
+
+}  // namespace
+
+void TableTree::AddTable(QTreeWidgetItem& heading, TableId id, const QString& title, const QString& whyNot) {
     auto* item = new QTreeWidgetItem(&heading, {title});
-    item->setData(0, kPropertyRole, id.property);
+    item->setData(0, kSortRole, static_cast<int>(id.sort));
     item->setData(0, kKindRole, id.kind);
-    if (exists) return;
-    item->setForeground(0, palette().color(QPalette::Disabled, QPalette::Text));
-    item->setToolTip(0, Word("IDS_DESKTOP_NOT_THERE_YET"));
+    ShowState(*item, palette(), whyNot);
 }
 
 void TableTree::AddProperties() {
     QTreeWidgetItem* heading = AddHeading("IDS_TB_PROPVIEW_PROPERTIES");
     for (const CTBPropView::TableEntry& entry : CTBPropView::Tables()) {
-        AddTable(*heading, {true, entry.kind}, Word(entry.titleKey), entry.make != nullptr);
+        AddTable(*heading, {TableSort::Property, entry.kind}, Word(entry.titleKey), WhyNot(entry.make != nullptr));
     }
     heading->setExpanded(true);
 }
@@ -125,10 +167,36 @@ void TableTree::AddKinds() {
         bool any = false;
         for (const TableKindEntry& entry : TableKinds()) {
             if (entry.kind == kTableNone || !Contains(heading.kinds, entry.kind)) continue;
-            AddTable(*parent, {false, entry.kind}, TitleOf(entry), Exists(entry));
+            AddTable(*parent, {TableSort::Model, entry.kind}, TitleOf(entry), WhyNot(Exists(entry)));
             any = any || Exists(entry);
         }
         parent->setExpanded(any || parent == tree_->topLevelItem(1));
+    }
+}
+
+void TableTree::AddResults() {
+    for (const ResultHeading& heading : kResultHeadings) {
+        QTreeWidgetItem* parent = AddHeading(heading.textKey);
+        bool any = false;
+        for (const ResultTableEntry& table : ResultTables()) {
+            const QString title = ToQt(GetTableName(table.id));
+            if (!Contains(heading.ids, table.id) || title.isEmpty() || table.operation.empty()) continue;
+            const QString whyNot = WhyNoResults(table);
+            AddTable(*parent, {TableSort::Result, table.id}, title, whyNot);
+            any = any || whyNot.isEmpty();
+        }
+        parent->setExpanded(any);
+    }
+}
+
+void TableTree::FollowResults() {
+    for (const ResultTableEntry& table : ResultTables()) {
+        QTreeWidgetItem* item = ItemOf({TableSort::Result, table.id});
+        if (!item) continue;
+        const QString whyNot = WhyNoResults(table);
+        if (whyNot == item->toolTip(0)) continue;
+        ShowState(*item, palette(), whyNot);
+        if (whyNot.isEmpty()) item->parent()->setExpanded(true);
     }
 }
 
@@ -154,8 +222,7 @@ QTreeWidgetItem* TableTree::ItemOf(TableId id) const {
         QTreeWidgetItem* heading = tree_->topLevelItem(at);
         for (int child = 0; child < heading->childCount(); ++child) {
             QTreeWidgetItem* item = heading->child(child);
-            const TableId found{item->data(0, kPropertyRole).toBool(), item->data(0, kKindRole).toInt()};
-            if (found == id) return item;
+            if (IdOf(*item) == id) return item;
         }
     }
     return nullptr;
@@ -164,7 +231,7 @@ QTreeWidgetItem* TableTree::ItemOf(TableId id) const {
 std::optional<TableId> TableTree::TableOf(const QTreeWidgetItem* item) {
     // A tool tip says that a table does not exist.
     if (!item || !item->parent() || !item->toolTip(0).isEmpty()) return std::nullopt;
-    return TableId{item->data(0, kPropertyRole).toBool(), item->data(0, kKindRole).toInt()};
+    return IdOf(*item);
 }
 
 void TableTree::Choose(const QTreeWidgetItem* item) {
@@ -177,7 +244,7 @@ void TableTree::ShowMenu(QPoint point) {
     QMenu menu;
     menu.addAction(Word("IDS_DESKTOP_OPEN_TABLE"), this, [this, table] { emit TableChosen(*table); });
     QAction* dock = menu.addAction(Word("IDS_DESKTOP_DOCK"), this, [this, table] { emit PaneChosen(table->kind); });
-    dock->setEnabled(!table->property);
+    dock->setEnabled(table->sort == TableSort::Model);
     menu.exec(tree_->viewport()->mapToGlobal(point));
 }
 

@@ -17,6 +17,8 @@ public:
 
     /// Writes all names anew, in the current language.
     void ShowTexts();
+    /// Results have come or gone: tables of results are bright or dim anew.
+    void FollowResults();
     QLineEdit& Filter() { return *filter_; }
     QTreeWidget& Tree() { return *tree_; }
     /// The entry of a table; null when the tree has none.
@@ -30,9 +32,11 @@ signals:
 
 private:
     QTreeWidgetItem* AddHeading(std::string_view textKey);
-    void AddTable(QTreeWidgetItem& heading, TableId id, const QString& title, bool exists);
+    /// `whyNot` tells why the table cannot be opened; empty when it can.
+    void AddTable(QTreeWidgetItem& heading, TableId id, const QString& title, const QString& whyNot);
     void AddProperties();
     void AddKinds();
+    void AddResults();
     void ApplyFilter();
     /// The table of an entry; none when it is a heading or the table does not exist.
     static std::optional<TableId> TableOf(const QTreeWidgetItem* item);

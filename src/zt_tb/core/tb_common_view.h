@@ -12,7 +12,7 @@ public:
     bool IsCommandEnabled(int id) const override;
 
     /// The right-button menu at a point of the grid's window, and the command that the user chooses there.
-    void OnContextMenu(velda::WindowPoint point);
+    void OnContextMenu(velda::WindowPoint point) override;
     void OnTbGvFind();
     void OnTbGvFindNext();
     void OnTbGvSortDlg();

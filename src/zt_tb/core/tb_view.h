@@ -76,6 +76,8 @@ public:
 
     /// Runs a command; false when it is none of this view or is disabled.
     virtual bool OnCommand(int id);
+    /// Shows the right-button menu of the table in front, and runs what is chosen.
+    virtual void OnContextMenu(velda::WindowPoint /*point*/) {}
     /// Whether a command of this view can be given now.
     virtual bool IsCommandEnabled(int id) const;
 

@@ -43,6 +43,13 @@ constexpr MenuEntry kContextMenu[] = {
     {ResultCommandId::ExportGraphToExcel, "IDS_TB_POSTVIEW_EXPORT_EXCEL_GRAPH"},
 };
 
+/// What needs the windows of the program is done by its main frame.
+void SendToMainFrame(int command) {
+    if (velda::I_MainFrameBase* frame = velda::ApplicationHost::Current().GetMainFrame()) {
+        frame->SendCommand({.id = static_cast<std::uint16_t>(command)});
+    }
+}
+
 }  // namespace
 
 // ---- opening ----
@@ -228,6 +235,8 @@ std::span<const ViewCommand<CTBPostView>> CTBPostView::Commands() {
         {CommandId::Sort, &View::OnSort, &View::HasCore},
         {CommandId::Style, &View::OnStyleDlg, &View::HasCore},
         {ResultCommandId::Activate, &View::OnActiveNewDlg, &View::CanActivate},
+        {ResultCommandId::ExportToExcel, &View::OnExportExcel, &View::HasCore},
+        {ResultCommandId::ExportGraphToExcel, &View::OnExportExcelGraph, &View::HasCore},
         {46515, &View::OnTbCmenuSetDrftParam, &View::Always},
         {46517, &View::OnTbCmenuSelDrftMethod, &View::Always},
         {46519, &View::OnTbCmenuSetOTMParam, &View::Always},
@@ -288,6 +297,10 @@ void CTBPostView::OnTbGvFindNext() {
         GetActiveCore()->FindNext(velda::CTBGrid::m_Find);
     }
 }
+
+void CTBPostView::OnExportExcel() { SendToMainFrame(ResultCommandId::ExportToExcel); }
+
+void CTBPostView::OnExportExcelGraph() { SendToMainFrame(ResultCommandId::ExportGraphToExcel); }
 
 void CTBPostView::OnSort() { GetActiveCore()->SortCtrl().ShowSortDlg(); }
 

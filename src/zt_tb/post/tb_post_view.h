@@ -108,7 +108,7 @@ public:
     bool OnCommand(int id) override;
     bool IsCommandEnabled(int id) const override;
     velda::CMenu BuildContextMenu() const;
-    void OnContextMenu(velda::WindowPoint point);
+    void OnContextMenu(velda::WindowPoint point) override;
     /// What export writes: the tab in front, under its title.
     std::string ActiveTitle() const;
 
@@ -135,6 +135,8 @@ private:
     void OnTbGvFindNext();
     void OnSort();
     void OnStyleDlg();
+    void OnExportExcel();
+    void OnExportExcelGraph();
     // Callers know these commands; they do nothing.
     void OnTbCmenuSetDrftParam() {}
     void OnTbCmenuSelDrftMethod() {}
