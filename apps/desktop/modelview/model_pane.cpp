@@ -60,6 +60,20 @@ QWidget* ModelPane::MakeChoices() {
     supports_->setChecked(view_.ShowsSupports());
     layout->addWidget(loads_, 1);
     layout->addWidget(supports_);
+    deformed_ = new QCheckBox;
+    colours_ = new QCheckBox;
+    for (QCheckBox* box : {deformed_, colours_}) {
+        box->hide();
+        layout->addWidget(box);
+    }
+    connect(deformed_, &QCheckBox::toggled, this, [this](bool on) {
+        results_.ShowDeformed(on);
+        results_.Follow(followed_);
+    });
+    connect(colours_, &QCheckBox::toggled, this, [this](bool on) {
+        results_.ShowColours(on);
+        results_.Follow(followed_);
+    });
     connect(loads_, &QComboBox::activated, this, [this] { view_.ShowLoads(loads_->currentData().toUInt()); });
     connect(supports_, &QCheckBox::toggled, this, [this](bool on) { view_.ShowSupports(on); });
     view_.onLoadCases = [this] { ShowLoadCases(); };
@@ -71,6 +85,13 @@ void ModelPane::ShowLoadCases() {
     loads_->addItem(Word("IDS_DESKTOP_MODEL_NO_LOADS"), 0U);
     for (const LoadCaseName& loadCase : view_.LoadCases()) loads_->addItem(ToQt(loadCase.name), loadCase.key);
     loads_->setCurrentIndex(std::max(loads_->findData(view_.Loads().LoadCase()), 0));
+}
+
+void ModelPane::FollowResults(velda::CTBCore* grid) {
+    followed_ = grid;
+    deformed_->setVisible(grid != nullptr);
+    colours_->setVisible(grid != nullptr);
+    results_.Follow(grid);
 }
 
 void ModelPane::ShowDocument(CDBDoc* doc) {
@@ -96,6 +117,9 @@ void ModelPane::ShowTexts() {
     loads_->setToolTip(Word("IDS_DESKTOP_MODEL_LOADS"));
     loads_->setAccessibleName(loads_->toolTip());
     supports_->setText(Word("IDS_DESKTOP_MODEL_SUPPORTS"));
+    deformed_->setText(Word("IDS_DESKTOP_MODEL_DEFORMED"));
+    colours_->setText(Word("IDS_DESKTOP_MODEL_COLOURS"));
+    colours_->setToolTip(Word("IDS_DESKTOP_MODEL_COLOURS_TIP"));
     ShowLoadCases();
     view_.Refresh();
 }

@@ -7,6 +7,7 @@
 #include <QToolBar>
 
 #include "desktop/modelview/model_widget.h"
+#include "desktop/modelview/result_follower.h"
 
 namespace zt {
 
@@ -26,6 +27,11 @@ public:
     /// Chooses the load case whose loads are drawn; its item data are keys, 0 for none.
     QComboBox& Loads() { return *loads_; }
     QCheckBox& Supports() { return *supports_; }
+    /// Whether the model is drawn as the current table of results has it: deformed, and in the colours of its values.
+    QCheckBox& Deformed() { return *deformed_; }
+    QCheckBox& Colours() { return *colours_; }
+    /// Follows the current table of results; null for none.
+    void FollowResults(velda::CTBCore* grid);
     /// Shows a document; null for none. The pane comes up with a model that has nodes, unless the user has closed it.
     void ShowDocument(CDBDoc* doc);
     /// Shows the pane as the user wants it.
@@ -42,11 +48,15 @@ private:
     void ShowLoadCases();
 
     ModelView view_;
+    ResultFollower results_{view_};
+    velda::CTBCore* followed_ = nullptr;
     ModelWidget* widget_ = nullptr;
     QToolBar* tools_ = nullptr;
     QAction* bands_ = nullptr;
     QComboBox* loads_ = nullptr;
     QCheckBox* supports_ = nullptr;
+    QCheckBox* deformed_ = nullptr;
+    QCheckBox* colours_ = nullptr;
 };
 
 }  // namespace zt

@@ -103,6 +103,8 @@ void MainWindow::Follow() {
     ShowTitle();
     const ResultSource* results = CDBDoc::m_pDBDoc ? CDBDoc::m_pDBDoc->GetMDBCtrl()->GetDBPost()->Results() : nullptr;
     if (std::exchange(shownResults_, results) != results) tree_->FollowResults();
+    velda::CTBGrid* grid = ActiveGrid() ? ActiveGrid()->Grid() : nullptr;
+    modelPane_->FollowResults(dynamic_cast<velda::CTBCore*>(grid));
 }
 
 void MainWindow::changeEvent(QEvent* event) {

@@ -1,6 +1,7 @@
 #include "desktop/window/table_holder.h"
 
 #include <QSignalBlocker>
+#include <QSplitter>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -27,12 +28,19 @@ TableHolder::TableHolder(QWidget* parent) : QWidget(parent) {
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(filters_);
-    layout->addWidget(pages_, 1);
+    plot_ = new StoryPlot;
+    auto* beside = new QSplitter;
+    beside->addWidget(pages_);
+    beside->addWidget(plot_);
+    beside->setStretchFactor(0, 1);
+    beside->setChildrenCollapsible(false);
+    layout->addWidget(beside, 1);
     layout->addWidget(tabs_);
 
     connect(tabs_, &QTabBar::currentChanged, this, [this](int tab) {
         if (view_) view_->SetCurrentTab(tab);
     });
+    connect(grid_, &GridWidget::Refreshed, this, &TableHolder::ShowPlot);
     // A point of a scroll area's menu is one of its viewport.
     grid_->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(grid_, &QWidget::customContextMenuRequested, this, [this](QPoint point) {
@@ -41,6 +49,11 @@ TableHolder::TableHolder(QWidget* parent) : QWidget(parent) {
 }
 
 TableHolder::~TableHolder() { SetView(nullptr); }
+
+void TableHolder::ShowPlot() {
+    const auto* results = dynamic_cast<const velda::CTBCore*>(grid_->Grid());
+    plot_->Show(results ? ProfileOf(*results) : StoryProfile{});
+}
 
 void TableHolder::SetView(CTBView* view) {
     if (view_ && view_->GetTabWnd()) view_->GetTabWnd()->SetHost(nullptr);
@@ -101,6 +114,7 @@ void TableHolder::ShowTable() {
     pages_->setCurrentWidget(page);
     setFocusProxy(page);
     filters_->LayOut();
+    ShowPlot();
     if (view_) emit TableChanged();
 }
 

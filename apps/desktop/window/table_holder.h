@@ -4,6 +4,7 @@
 #include <QStackedWidget>
 #include <QTabBar>
 
+#include "desktop/graph/story_plot.h"
 #include "desktop/grid/grid_widget.h"
 #include "desktop/window/filter_row.h"
 #include "zt_tb/core/tb_view.h"
@@ -24,6 +25,8 @@ public:
     CTBView* View() const { return view_; }
     GridWidget& Grid() const { return *grid_; }
     FilterRow& Filters() const { return *filters_; }
+    /// The plot beside a table of stories; hidden beside others.
+    StoryPlot& Plot() const { return *plot_; }
     QTabBar& Tabs() const { return *tabs_; }
     /// The filters of all tables of the view, to be set again in a view that is made anew.
     ColumnFilters FilterTexts() const;
@@ -39,6 +42,8 @@ signals:
 private:
     void ShowTabs();
     void ShowTable();
+    /// Draws what the table in front has to plot.
+    void ShowPlot();
     /// Lets go of a table that the view no longer has.
     void ForgetLostTable();
 
@@ -47,6 +52,7 @@ private:
     QStackedWidget* pages_;
     GridWidget* grid_;
     QLabel* missing_;
+    StoryPlot* plot_;
     QTabBar* tabs_;
 };
 

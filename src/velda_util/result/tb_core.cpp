@@ -153,6 +153,12 @@ bool CTBCore::DoCommand(TableCommand command) {
     return CTBGrid::DoCommand(command);
 }
 
+bool CTBCore::SetCurrentCell(int row, int col, int flags) {
+    if (!CTBGrid::SetCurrentCell(row, col, flags)) return false;
+    if (onSelection) onSelection();
+    return true;
+}
+
 void CTBCore::ClickCell(int row, int col) {
     if (!source_ || StyleOf(row, col).GetControl() == ControlKind::StaticText) return;
     source_->OnEvent({T_TB_EVENT_D::kClick, static_cast<std::uint32_t>(row), static_cast<std::uint32_t>(col)});

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 
@@ -79,12 +80,18 @@ public:
     const std::vector<STBSortItem>& SortInfo() const override { return sort_.Items(); }
     bool Sort(const std::vector<STBSortItem>& items) override { return sort_.Sort(items); }
     bool DoCommand(TableCommand command) override;
+    bool SetCurrentCell(int row, int col, int flags = 0) override;
+    /// Called when the current cell or the selection became another one.
+    std::function<void()> onSelection;
     /// A click on a cell; the source is told when the cell has a control.
     void ClickCell(int row, int col);
     /// Other units are shown: titles and values follow.
     void UpdateUnit();
 
 protected:
+    void OnChangedSelection() override {
+        if (onSelection) onSelection();
+    }
     std::string GetTitle(ColumnId column) const override;
     std::string GetUnitText(ColumnId column) const override;
     FindResult Search(const STBFindStruct& find, const FindArea& area) const override;

@@ -154,6 +154,11 @@ bool CTBPostDS::GetOrder(std::span<const velda::STBSortItem> items, velda::Recor
     return true;
 }
 
+std::optional<LoadChoice> CTBPostDS::LoadOfRecord(long record) const {
+    if (record < 1 || rows_.empty()) return std::nullopt;
+    return loads_[rows_[static_cast<std::size_t>(record - 1) % rows_.size()].load];
+}
+
 CPostCtrl* CTBPostDS::PostOf(std::size_t load) {
     if (!CDBDoc::m_pDBDoc || load >= loads_.size()) return nullptr;
     posts_.resize(loads_.size());

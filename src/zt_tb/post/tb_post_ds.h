@@ -86,13 +86,17 @@ public:
 
     const ResultDeclaration& Declaration() const { return declaration_; }
     const std::vector<LoadStepRow>& Rows() const { return rows_; }
+    /// The load case of a record; none for a number without one.
+    std::optional<LoadChoice> LoadOfRecord(long record) const;
+    /// The objects that the records count, and the number of one, by its place from 0, as users see it; 0 where objects
+    /// have none.
+    virtual std::size_t ObjectCount() const = 0;
+    virtual std::uint32_t ObjectNumber(std::size_t /*object*/) const { return 0; }
     /// What the current record is about; an object and a row from 0.
     std::size_t CurrentObject() const { return object_; }
     std::size_t CurrentRow() const { return row_; }
 
 protected:
-    /// The objects that the records count.
-    virtual std::size_t ObjectCount() const = 0;
     /// Whether the objects stand in the order of the field that the table is sorted by.
     virtual bool AreObjectsSorted() const = 0;
     /// Rows that a record takes.

@@ -17,8 +17,10 @@ public:
     int FillActivePartList(TB_ACTIVE_PARAM& param) override;
     void MakeRecords() override;
 
-protected:
     std::size_t ObjectCount() const override { return keys_.size(); }
+    std::uint32_t ObjectNumber(std::size_t object) const override { return keys_[object]; }
+
+protected:
     bool AreObjectsSorted() const override;
     /// The key of the current record's object.
     std::uint32_t Key() const { return keys_[CurrentObject()]; }

@@ -33,9 +33,11 @@ public:
     void AfterSetRecCount() override;
     void AfterRedrawTable() override;
 
+    std::size_t ObjectCount() const override { return reacting_.size(); }
+    std::uint32_t ObjectNumber(std::size_t object) const override { return reacting_[object]; }
+
 protected:
     void ReadRecord() override;
-    std::size_t ObjectCount() const override { return reacting_.size(); }
 
 private:
     void FindReacting();

@@ -11,6 +11,7 @@
 #include "zt_tb/core/usage_counter.h"
 #include "zt_tb/post/load_case_lists.h"
 #include "zt_tb/post/member_parts.h"
+#include "zt_tb/post/result_selection.h"
 #include "zt_tb/post/result_sources.h"
 #include "zt_tb/post/result_steps.h"
 #include "zt_tb/post/tb_active_new_dlg.h"
@@ -106,6 +107,7 @@ void CTBPostView::AddTab(int tab) {
     core->SetTableIndex(tab);
     core->SetDataSrc(MakeResultSource(entry.className, tab, entry.argument));
     core->Initialize();
+    core->onSelection = [this, core] { SelectObjectsOf(*core); };
     AddWorksheet(std::move(grid), Text(entry.titleKey));
     const velda::WaitCursor wait;
     if (CTBPostDS* source = SourceOf(core)) source->SetNeedsActivation(NeedsActivationAtSwitch(tab));
@@ -314,6 +316,8 @@ void CTBPostView::OnUpdate(CDBUpdateConnector* sender, int code, T_UPDATE_HINT* 
         CloseFrame();
     } else if (code == HintCode::Changed) {
         UpdateBuffer(hint);
+    } else if (code == HintCode::SelectionAdded) {
+        if (sender != this) FollowSelection();
     } else {
         CTBView::OnUpdate(sender, code, hint);
     }
@@ -365,6 +369,23 @@ void CTBPostView::OnTabSwitch() {
         PostActivation();
     }
     graphMenu_ = GraphMenuOf(tab).value_or(graphMenu_);
+}
+
+// ---- selection ----
+
+void CTBPostView::SelectObjectsOf(const velda::CTBCore& grid) {
+    if (followsSelection_ || &grid != GetActiveGrid() || !CDBDoc::m_pDBDoc) return;
+    if (CDataBase* database = CDBDoc::m_pDBDoc->GetMDBCtrl()->GetCurrentDB()) PushObjects(*database, grid, this);
+}
+
+void CTBPostView::FollowSelection() {
+    velda::CTBCore* grid = GetActiveCore();
+    CDataBase* database = CDBDoc::m_pDBDoc ? CDBDoc::m_pDBDoc->GetMDBCtrl()->GetCurrentDB() : nullptr;
+    if (!grid || !database) return;
+    followsSelection_ = true;
+    SelectRowsOfObjects(*database, *grid);
+    followsSelection_ = false;
+    grid->Redraw();
 }
 
 void CTBPostView::CloseFrame() {

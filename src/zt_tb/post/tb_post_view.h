@@ -151,12 +151,17 @@ private:
     void RemoveTab(int tab);
     bool ActivateTab(int tab, int last);
     void PostActivation();
+    /// Selects in the model what the rows of a table are about.
+    void SelectObjectsOf(const velda::CTBCore& grid);
+    /// Selects the rows of what was selected elsewhere.
+    void FollowSelection();
     std::vector<CTBPostDS*> Sources() const;
     void CloseFrame();
 
     int id_ = 0;
     int memberMark_ = 0;
     bool graphMenu_ = true;
+    bool followsSelection_ = false;  ///< rows are being selected for what was selected elsewhere
     std::array<velda::CTBCore*, kResultTabCount> grids_{};
 };
 
