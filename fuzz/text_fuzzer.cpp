@@ -9,9 +9,11 @@
 #include "velda_lib/number_text.h"
 #include "velda_lib/numeric_optimizer.h"
 #include "velda_lib/str_parser.h"
+#include "velda_lib/word_line.h"
 #include "zt_db/core/field_text.h"
+#include "zt_db/post/memory_results.h"
+#include "zt_db/post/result_seed.h"
 #include "zt_db/records/record_list.h"
-#include "zt_script/script_line.h"
 
 namespace {
 
@@ -69,20 +71,30 @@ void CheckNumberList(const std::string& text) {
     Require(again == numbers, "a range text reads back");
 }
 
-void CheckScriptLine(const std::string& text) {
-    const zt::ScriptLine line = zt::ReadScriptLine(text);
+void CheckWordLine(const std::string& text) {
+    const velda::WordLine line = velda::ReadWordLine(text);
     if (!line.fault.empty()) return;
     std::string quoted;
-    for (const zt::ScriptWord& word : line.words) {
+    for (const velda::LineWord& word : line.words) {
         if (word.value.find('{') != std::string::npos) return;  // could stand for a text
         quoted += ' ';
         zt::AppendQuoted(quoted, word.value);
     }
-    const zt::ScriptLine again = zt::ReadScriptLine(quoted);
+    const velda::WordLine again = velda::ReadWordLine(quoted);
     Require(again.fault.empty() && again.words.size() == line.words.size(), "quoted words read back");
     for (std::size_t i = 0; i < line.words.size(); ++i) {
         Require(again.words[i].value == line.words[i].value, "a quoted word reads back");
     }
+}
+
+/// A text of results is read whole, or refused with nothing given away.
+void CheckResultSeed(const std::string& text) {
+    static zt::CDBDoc* const doc = zt::CDBDoc::New().release();
+    zt::MemoryResults results;
+    const velda::Outcome outcome = zt::ReadResultSeed(text, *doc->GetMDBCtrl()->GetCurrentDB(), results);
+    if (outcome) return;
+    Require(!outcome.Reason().empty(), "a refused text of results has a reason");
+    Require(results.Names().empty() && results.Cases().empty(), "a refused text of results gives nothing");
 }
 
 template <class T>
@@ -101,7 +113,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     CheckLong(text);
     CheckDouble(text);
     CheckNumberList(text);
-    CheckScriptLine(text);
+    CheckWordLine(text);
+    CheckResultSeed(text);
     CheckFieldText<int>(text);
     CheckFieldText<std::uint32_t>(text);
     CheckFieldText<double>(text);

@@ -5,11 +5,12 @@
 #include <string_view>
 
 #include "velda_lib/outcome.h"
-#include "zt_script/script_line.h"
+#include "velda_lib/word_line.h"
 
 namespace zt {
 
 class ScriptSession;
+using ScriptWord = velda::LineWord;
 
 /// What came of a command of a script.
 struct CommandResult {

@@ -5,6 +5,7 @@
 #include "zt_anl/store_results.h"
 #include "zt_db/post/post_ctrl.h"
 #include "zt_db/post/result_keeper.h"
+#include "zt_db/post/result_seed.h"
 #include "zt_script/command.h"
 #include "zt_script/script_session.h"
 
@@ -21,6 +22,13 @@ CommandResult RunAnalysis(ScriptSession& session, ScriptWords words) {
     velda::Outcome outcome = Analyse(model, OptionsOf(model), result, log);
     if (outcome) outcome = StoreResults(result, session.Doc());
     return CommandResult::Of(outcome);
+}
+
+/// Makes results that a text file tells the current ones.
+CommandResult SeedFile(ScriptSession& session, ScriptWords words) {
+    if (words.size() != 1) return CommandResult::Misused();
+    if (velda::Outcome left = session.LeaveRows(); !left) return CommandResult::Of(left);
+    return CommandResult::Of(SeedResults(session.Doc(), words[0].value));
 }
 
 CommandResult DiscardResults(ScriptSession& session, ScriptWords words) {
@@ -91,6 +99,7 @@ CommandResult ExpectReaction(ScriptSession& session, ScriptWords words) {
 
 constexpr ScriptCommand kCommands[] = {
     {"analyse", &RunAnalysis, "analyse"},
+    {"results seed", &SeedFile, "results seed FILE"},
     {"results discard", &DiscardResults, "results discard"},
     {"expect results", &ExpectResults, "expect results on|off"},
     {"expect displacement", &ExpectDisplacement, "expect displacement \"case\" NODE DX|DY|DZ|RX|RY|RZ VALUE"},

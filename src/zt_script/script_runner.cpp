@@ -134,7 +134,7 @@ ScriptCount ScriptRunner::RunText(const std::string& name, std::string_view text
     }
     for (std::size_t at = 0; at < text.size();) {
         const std::size_t end = std::min(text.find('\n', at), text.size());
-        const ScriptLine line = ReadScriptLine(text.substr(at, end - at));
+        const velda::WordLine line = velda::ReadWordLine(text.substr(at, end - at));
         at = end + 1;
         const std::string place = name + ":" + std::to_string(++lineNumber) + ": ";
         bool isCheck = false;

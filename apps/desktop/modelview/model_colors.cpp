@@ -30,6 +30,9 @@ ModelColors ModelColors::Of(const QPalette& palette) {
         colors.highlighted = "#ff9f43";
         colors.axes = {"#e06c6c", "#6fbf73", "#6ea8e8"};
         colors.kinds = {"#8fa8c8", "#6fb7a8", "#c79bd1", "#b0957a", "#8c98a8", "#8c98a8", "#9a9a9a"};
+        colors.steps = {"#840aa4", "#a41f98", "#bf3984", "#d5546e", "#e76f5a",
+                        "#f58d46", "#fcae33", "#fbd225", "#f0f921"};
+        colors.noValue = "#767c84";
     } else {
         colors.node = "#5a6470";
         colors.support = "#3f7d55";
@@ -38,6 +41,9 @@ ModelColors ModelColors::Of(const QPalette& palette) {
         colors.highlighted = "#e8710a";
         colors.axes = {"#c93c3c", "#3a8f40", "#2f6fc0"};
         colors.kinds = {"#3d5a80", "#2a8276", "#8e5a9e", "#a07a52", "#7d8a9c", "#7d8a9c", "#767676"};
+        colors.steps = {"#0d0887", "#3f049c", "#6701a6", "#8d0fa2", "#ad2792",
+                        "#c7437c", "#de6065", "#ef7e4f", "#fba03a"};
+        colors.noValue = "#a9aeb5";
     }
     return colors;
 }

@@ -16,6 +16,11 @@ constexpr std::size_t kManyLines = 4000;
 /// Widths of lines by kind.
 constexpr double kWidths[kDrawnKinds] = {2.4, 1.7, 1.3, 1.7, 1.3, 1.0, 1.3};
 constexpr double kMarkedWidth = 3.0;
+constexpr double kColoredWidth = 2.6;
+constexpr float kColoredCover = 0.6F;
+constexpr double kColoredNodeSize = 7.0;
+/// How near the model as it stands seems behind a deformed one.
+constexpr double kFaintNearness = 0.3;
 /// How much of a face covers what is behind it, by kind; an opening is only framed.
 constexpr float kCover[kDrawnKinds] = {0.2F, 0.2F, 0.2F, 0.30F, 0.17F, 0.0F, 0.17F};
 constexpr float kMarkedCover = 0.4F;
@@ -59,47 +64,86 @@ ModelPainter::ModelPainter(QImage& image, const QFont& font, const ModelColors& 
 }
 
 void ModelPainter::PaintBuilding(const ModelView& view, bool isMoving) {
-    const SceneProjection projection(view.Scene(), view.View());
+    const SceneProjection projection = view.Projection();
     PictureDetail detail = PictureDetail::Of(view.Scene(), isMoving);
     detail.supports = view.ShowsSupports();
+    hasValues_ = !view.Colors().IsEmpty();
+    if (hasValues_) detail.colors = &view.Colors();
     const ScenePicture picture(projection, detail);
-    isDense_ = LinesOf(picture) > kManyLines;
+    const bool isCurved = detail.curves && projection.IsDeformed();
+    isDense_ = LinesOf(picture) / (isCurved ? kCurvePieces : 1) > kManyLines;
     isMoving_ = isMoving;
     PaintLevels(picture.Levels());
+    if (projection.IsDeformed()) PaintUndeformed(view, detail);
     for (const PictureSlice& slice : picture.Slices()) PaintSlice(picture, slice);
     PaintSupports(picture.Supports());
     PaintNodes(picture.Nodes(), colors_.node, kNodeSize);
-    if (view.Loads().LoadCase() != 0) PaintLoads(projection, view);
+    for (std::size_t step = 0; step < kColorSteps; ++step) {
+        PaintNodes(picture.ColoredNodes()[step], colors_.OfStep(step), isDense_ ? kNodeSize : kColoredNodeSize);
+    }
+    // Loads act on the model as it stands.
+    if (view.Loads().LoadCase() != 0) PaintLoads(SceneProjection(view.Scene(), view.View()), view);
 }
 
 void ModelPainter::PaintMarks(const ModelView& view) {
-    const SceneProjection projection(view.Scene(), view.View());
+    const SceneProjection projection = view.Projection();
     ScenePicture picture(projection);
     PaintMarked(picture, view.Highlights(), colors_.highlighted);
     PaintMarked(picture, view.Selection(), colors_.selected);
     // In a small pane they would cover the building.
     if (view.View().Width() < kLeastPane || view.View().Height() < kLeastPane) return;
     PaintAxes(view.View());
-    PaintLegend(view.Scene(), view.View());
-    if (view.Loads().LoadCase() != 0) PaintLoadLegend(view);
+    if (view.Colors().IsEmpty()) {
+        PaintLegend(view.Scene(), view.View());
+    } else {
+        PaintColorLegend(view.Colors(), view.View());
+    }
+    const double top = PaintDeformationText(view);
+    if (view.Loads().LoadCase() != 0) PaintLoadLegend(view, top);
 }
 
 void ModelPainter::PaintSlice(const ScenePicture& picture, const PictureSlice& slice) {
     for (const FaceShape& face : slice.faces) {
         const auto kind = static_cast<std::size_t>(face.kind);
-        const QColor color = colors_.AtDepth(colors_.kinds[kind], slice.nearness);
+        const QColor color = ColorOf(face.group, slice.nearness);
+        const bool hasValue = hasValues_ && face.group < kNoColor;
+        const float cover = hasValue ? kColoredCover : kCover[kind];
         painter_.setPen(isDense_ ? QPen(Qt::NoPen) : QPen(WithCover(color, kFrameCover), 1.0));
-        PaintFace(picture, face, kCover[kind] > 0.0F ? WithCover(color, kCover[kind]) : QBrush(Qt::NoBrush));
+        PaintFace(picture, face, cover > 0.0F ? WithCover(color, cover) : QBrush(Qt::NoBrush));
     }
-    for (std::size_t kind = 0; kind < kDrawnKinds; ++kind) {
-        PaintLines(slice.lines[kind], colors_.AtDepth(colors_.kinds[kind], slice.nearness),
-                   WidthOf(static_cast<DrawnKind>(kind)));
+    // What has no value is drawn first, behind all steps.
+    const auto paint = [&](std::size_t group) {
+        PaintLines(slice.lines[group], ColorOf(group, slice.nearness), WidthOf(group));
+    };
+    paint(kNoColor);
+    for (std::size_t group = 0; group < kNoColor; ++group) paint(group);
+}
+
+void ModelPainter::PaintUndeformed(const ModelView& view, PictureDetail detail) {
+    detail.faces = false;
+    detail.supports = false;
+    detail.colors = nullptr;
+    const SceneProjection projection(view.Scene(), view.View());
+    const ScenePicture picture(projection, detail);
+    const QColor color = colors_.AtDepth(colors_.faint, kFaintNearness);
+    for (const PictureSlice& slice : picture.Slices()) {
+        for (const std::vector<LineStroke>& lines : slice.lines) {
+            PaintLines(lines, color, isDense_ ? 0.0 : 1.0, Qt::DotLine);
+        }
     }
 }
 
-double ModelPainter::WidthOf(DrawnKind kind) const {
+/// Colours of values do not fade with the distance, for they are to be found in the legend.
+QColor ModelPainter::ColorOf(std::size_t group, double nearness) const {
+    if (hasValues_) return colors_.OfStep(group);
+    return colors_.AtDepth(colors_.kinds[std::min(group, kDrawnKinds - 1)], nearness);
+}
+
+double ModelPainter::WidthOf(std::size_t group) const {
     // A pen of no width is one pixel wide at any scale, and is drawn fastest.
-    return isDense_ ? 0.0 : kWidths[static_cast<std::size_t>(kind)];
+    if (isDense_) return 0.0;
+    if (hasValues_) return group < kNoColor ? kColoredWidth : 1.0;
+    return kWidths[std::min(group, kDrawnKinds - 1)];
 }
 
 void ModelPainter::PaintFace(const ScenePicture& picture, const FaceShape& face, const QBrush& brush) {
@@ -119,7 +163,8 @@ void ModelPainter::PaintFace(const ScenePicture& picture, const FaceShape& face,
     painter_.drawPath(path);
 }
 
-void ModelPainter::PaintLines(const std::vector<LineStroke>& lines, const QColor& color, double width) {
+void ModelPainter::PaintLines(const std::vector<LineStroke>& lines, const QColor& color, double width,
+                              Qt::PenStyle style) {
     if (lines.empty()) return;
     if (isDense_ && isMoving_) {
         const PixelPlane plane{reinterpret_cast<std::uint32_t*>(image_.bits()), image_.width(), image_.height(),
@@ -129,7 +174,8 @@ void ModelPainter::PaintLines(const std::vector<LineStroke>& lines, const QColor
     QList<QLineF> drawn;
     drawn.reserve(static_cast<qsizetype>(lines.size()));
     for (const LineStroke& line : lines) drawn.append({ToQt(line.from), ToQt(line.to)});
-    QPen pen(color, width, Qt::SolidLine, Qt::RoundCap);
+    // Dots of many lines take long and are not seen.
+    QPen pen(color, width, isDense_ ? Qt::SolidLine : style, Qt::RoundCap);
     pen.setCosmetic(width == 0.0);
     painter_.setPen(pen);
     painter_.drawLines(drawn);

@@ -62,13 +62,13 @@ void ModelPainter::PaintLabels(const std::vector<LoadLabel>& labels) {
 }
 
 /// In the upper right corner, since the names of levels stand at the left.
-void ModelPainter::PaintLoadLegend(const ModelView& view) {
+void ModelPainter::PaintLoadLegend(const ModelView& view, double top) {
     const LoadLegend legend = LegendOf(view.Loads(), *view.Units());
     const Vec3& weight = view.Loads().SelfWeight();
     const bool hasWeight = weight != Vec3{};
     const QFontMetricsF metrics(painter_.font());
     const double lineHeight = metrics.height() + kLineGap;
-    double y = kCornerRoom + metrics.ascent();
+    double y = top + metrics.ascent();
     // Returns where the line begins.
     const auto write = [&](const std::string& text, const QColor& color, double room) {
         const QString shown = zt::ToQt(text);

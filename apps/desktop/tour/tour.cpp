@@ -281,6 +281,29 @@ void TourLoads(Album& album) {
     }
 }
 
+/// An analysed building as it moves under wind, and the displacements of its nodes and columns in colours.
+void TourResults(Album& album) {
+    auto doc = CDBDoc::New();
+    CDataBase& database = *doc->GetMDBCtrl()->GetCurrentDB();
+    if (BuildSample(database, "small")) AddFrameLoads(database);
+    MainWindow window(std::move(doc));
+    window.resize({1300, 720});
+    window.show();
+    window.RunAnalysis();
+    constexpr std::uint32_t wind = 3;
+    ModelView& view = window.Model().View();
+    const DeformedShape shape = DeformedShapeOf(*window.Document().GetPostCtrl(), {.key = wind});
+    view.ShowDeformed(shape);
+    album.Add("model_deformed", window);
+    ResultColours colours{.title = "|D|", .unit = "mm"};
+    for (const NodeShift& node : shape.nodes) {
+        colours.nodes.push_back({node.no, 1000.0 * std::sqrt(Dot(node.move, node.move))});
+    }
+    for (std::uint32_t member = 1; member <= 8; ++member) colours.members.push_back({member, 0.1 * member});
+    view.ShowColours(std::move(colours));
+    album.Add("model_colors", window.Model());
+}
+
 /// Materials of all types, and sections of all kinds of shapes.
 void AddProperties(CDataBase& database) {
     T_MATL_D composite{.name = "SRC400", .type = "SRC", .dampingRatio = 0.03};
@@ -451,6 +474,7 @@ bool TakeTour(QApplication& application, const QString& folder) {
             TourModel(album);
             TourBuilding(album);
             TourLoads(album);
+            TourResults(album);
             TourProperties(album);
             TourAnalysis(album);
             TourPaperAndGraphs(album);

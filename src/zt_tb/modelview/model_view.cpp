@@ -1,5 +1,9 @@
 #include "zt_tb/modelview/model_view.h"
 
+#include <cmath>
+
+#include "velda_lib/msg_dll.h"
+#include "velda_lib/number_text.h"
 #include "zt_db/core/change_test.h"
 #include "zt_db/core/record_walk.h"
 #include "zt_db/records/load.h"
@@ -43,6 +47,7 @@ void ModelView::SetDocument(CDBDoc* doc) {
     highlights_ = {};
     scene_.Build(Database());
     loads_ = {};
+    DropResults();
     ++sceneRevision_;
     TellLoadCases();
     Show(StandardView::Isometric);
@@ -115,6 +120,45 @@ std::vector<LoadCaseName> ModelView::LoadCases() const {
     return cases;
 }
 
+// ---- results ----
+
+void ModelView::ShowDeformed(DeformedShape shape) {
+    shape_ = std::move(shape);
+    BuildResults();
+    Redraw();
+}
+
+void ModelView::SetDeformationFactor(double factor) {
+    if (!(factor > 0.0) || !std::isfinite(factor)) return;
+    deformation_.SetFactor(factor);
+    Redraw();
+}
+
+std::string ModelView::DeformationText() const {
+    if (deformation_.IsEmpty()) return {};
+    return velda::FormatText("IDS_MODEL_VIEW_DEFORMED", {shape_.title, velda::FormatDouble(deformation_.Scale())});
+}
+
+void ModelView::ShowColours(ResultColours colours) {
+    colours_ = std::move(colours);
+    BuildResults();
+    Redraw();
+}
+
+/// Finds the places of what has results in the scene, so that drawing looks for nothing.
+void ModelView::BuildResults() {
+    if (!Database()) return DropResults();
+    deformation_.Build(*Database(), scene_, shape_);
+    colors_.Build(*Database(), scene_, colours_);
+}
+
+void ModelView::DropResults() {
+    shape_ = {};
+    colours_ = {};
+    deformation_.Clear();
+    colors_ = {};
+}
+
 // ---- selection ----
 
 PickedKeys ModelView::Selection() const {
@@ -142,12 +186,10 @@ void ModelView::Select(const PickedKeys& keys, bool addsOrRemoves) {
     Database()->GetViewCtrl()->Select(this, wanted.nodes, wanted.members);
 }
 
-void ModelView::SelectAt(Point2 place, bool addsOrRemoves) {
-    Select(PickAt(SceneProjection(scene_, camera_), place), addsOrRemoves);
-}
+void ModelView::SelectAt(Point2 place, bool addsOrRemoves) { Select(PickAt(Projection(), place), addsOrRemoves); }
 
 void ModelView::SelectIn(const Rect2& band, BandRule rule, bool addsOrRemoves) {
-    Select(PickIn(SceneProjection(scene_, camera_), band, rule), addsOrRemoves);
+    Select(PickIn(Projection(), band, rule), addsOrRemoves);
 }
 
 // ---- highlights ----
@@ -174,6 +216,10 @@ void ModelView::OnUpdate(CDBUpdateConnector* /*sender*/, int code, T_UPDATE_HINT
         case HintCode::Changed0:
         case HintCode::Changed1:
         case HintCode::Changed: UpdateScene(hint); break;
+        case HintCode::PostDatabaseChanged:
+            DropResults();
+            Redraw();
+            break;
         // Nothing but the values beside loads depends on the units.
         case HintCode::Unit:
             if (loads_.LoadCase() != 0) Redraw();
@@ -193,6 +239,7 @@ void ModelView::UpdateScene(const T_UPDATE_HINT* hint) {
     scene_.Update(*Database());
     ++sceneRevision_;
     loads_.Update(*Database());
+    BuildResults();
     if (Touches<T_STLD_D>(*Database()->GetViewBuff())) TellLoadCases();
     // The first nodes of a new model are brought into sight.
     if (wasEmpty && showsAll_) camera_.Fit(scene_.Bounds(), kMargin);

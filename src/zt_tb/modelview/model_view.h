@@ -58,6 +58,21 @@ public:
     /// The current units; null without a document.
     const CUnitCtrl* Units() const { return Database() ? &Database()->Units() : nullptr; }
 
+    // ---- results. They are given as values; what is drawn of them goes when they are no longer current
+
+    /// Draws the model as it moves under a load case; a shape without nodes has it drawn as it stands.
+    void ShowDeformed(DeformedShape shape);
+    /// Draws displacements larger by a factor than they are drawn by themselves; of 0 or less nothing changes.
+    void SetDeformationFactor(double factor);
+    const SceneDeformation& Deformation() const { return deformation_; }
+    /// What the picture tells of the deformed shape; empty when none is shown.
+    std::string DeformationText() const;
+    /// Draws nodes and members in the colours of their values; without any values those of their kinds.
+    void ShowColours(ResultColours colours);
+    const SceneColors& Colors() const { return colors_; }
+    /// The scene as it is drawn, and taken by the mouse.
+    SceneProjection Projection() const { return {scene_, camera_, &deformation_}; }
+
     // ---- selection
 
     /// Makes keys the selection. To add or remove: adds them, or removes them when all are selected already.
@@ -81,6 +96,8 @@ public:
 private:
     CDataBase* Database() const;
     void UpdateScene(const T_UPDATE_HINT* hint);
+    void BuildResults();
+    void DropResults();
     /// Has the building drawn anew.
     void Redraw() {
         ++sceneRevision_;
@@ -95,6 +112,10 @@ private:
 
     ModelScene scene_;
     SceneLoads loads_;
+    DeformedShape shape_;
+    SceneDeformation deformation_;
+    ResultColours colours_;
+    SceneColors colors_;
     bool showsSupports_ = true;
     Camera camera_;
     std::uint64_t sceneRevision_ = 0;

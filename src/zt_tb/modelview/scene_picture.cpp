@@ -7,6 +7,8 @@ namespace {
 
 /// Up to this many members everything is drawn while the model moves.
 constexpr std::size_t kFewMembers = 4000;
+/// Up to this many members bent ones stay curves while the model moves.
+constexpr std::size_t kFewCurves = 500;
 constexpr std::size_t kSlicesOfFew = 16;
 constexpr std::size_t kSlicesOfMany = 5;
 /// Shapes beyond the frame by less than the width of a line are seen.
@@ -35,7 +37,9 @@ bool AreApart(const Rect2& a, const Rect2& b) {
 
 PictureDetail PictureDetail::Of(const ModelScene& scene, bool isMoving) {
     const bool isFew = scene.MemberCount() <= kFewMembers;
-    return {.faces = isFew || !isMoving, .slices = isFew ? kSlicesOfFew : kSlicesOfMany};
+    return {.faces = isFew || !isMoving,
+            .curves = isFew && (!isMoving || scene.MemberCount() <= kFewCurves),
+            .slices = isFew ? kSlicesOfFew : kSlicesOfMany};
 }
 
 ScenePicture::ScenePicture(const SceneProjection& projection, const PictureDetail& detail) : projection_(projection) {
@@ -44,9 +48,9 @@ ScenePicture::ScenePicture(const SceneProjection& projection, const PictureDetai
     for (std::size_t at = 0; at < slices_.size(); ++at) {
         slices_[at].nearness = last > 0.0 ? static_cast<double>(at) / last : 1.0;
     }
-    AddLines();
-    if (detail.faces) AddFaces();
-    AddNodes();
+    AddLines(detail);
+    if (detail.faces) AddFaces(detail.colors);
+    AddNodes(detail.colors);
     if (detail.supports) AddSupports();
     AddLevels();
 }
@@ -58,20 +62,28 @@ PictureSlice& ScenePicture::SliceAt(double depth) {
     return slices_[static_cast<std::size_t>(std::clamp(at, 0.0, static_cast<double>(slices_.size() - 1)))];
 }
 
-bool ScenePicture::StrokeOf(const SceneLine& line, LineStroke& stroke) const {
-    const Rect2 frame = projection_.Frame();
-    stroke = {projection_.At(line.start).Flat(), projection_.At(line.end).Flat()};
-    const Rect2 box = Rect2::Between(stroke.from, stroke.to);
-    return !AreApart({box.left - kFrameRoom, box.top - kFrameRoom, box.right + kFrameRoom, box.bottom + kFrameRoom},
-                     frame);
+void ScenePicture::AddStrokes(const SceneLine& line, bool isCurve, std::vector<LineStroke>& strokes) const {
+    const LineStroke straight{projection_.At(line.start).Flat(), projection_.At(line.end).Flat()};
+    const Rect2 box = Rect2::Between(straight.from, straight.to);
+    const Rect2 roomy{box.left - kFrameRoom, box.top - kFrameRoom, box.right + kFrameRoom, box.bottom + kFrameRoom};
+    if (AreApart(roomy, projection_.Frame())) return;
+    if (!isCurve || !projection_.IsDeformed()) return strokes.push_back(straight);
+    Point2 from = straight.from;
+    for (int piece = 1; piece <= kCurvePieces; ++piece) {
+        const Point2 to = projection_.PlaceOn(line, static_cast<double>(piece) / kCurvePieces);
+        strokes.push_back({from, to});
+        from = to;
+    }
 }
 
-void ScenePicture::AddLines() {
-    LineStroke stroke;
-    for (const SceneLine& line : projection_.Scene().Lines()) {
-        if (line.key == 0 || !StrokeOf(line, stroke)) continue;
+void ScenePicture::AddLines(const PictureDetail& detail) {
+    const std::vector<SceneLine>& lines = projection_.Scene().Lines();
+    for (std::size_t at = 0; at < lines.size(); ++at) {
+        const SceneLine& line = lines[at];
+        if (line.key == 0) continue;
         const double depth = 0.5 * (projection_.At(line.start).depth + projection_.At(line.end).depth);
-        SliceAt(depth).lines[static_cast<std::size_t>(line.kind)].push_back(stroke);
+        const std::size_t group = detail.colors ? detail.colors->StepOfLine(at) : static_cast<std::size_t>(line.kind);
+        AddStrokes(line, detail.curves, SliceAt(depth).lines[group]);
     }
 }
 
@@ -105,10 +117,13 @@ bool ScenePicture::ShapeOf(const SceneFace& face, FaceShape& shape) {
     return true;
 }
 
-void ScenePicture::AddFaces() {
+void ScenePicture::AddFaces(const SceneColors* colors) {
     FaceShape shape;
-    for (const SceneFace& face : projection_.Scene().Faces()) {
-        if (face.key != 0 && ShapeOf(face, shape)) SliceAt(shape.depth).faces.push_back(shape);
+    const std::vector<SceneFace>& faces = projection_.Scene().Faces();
+    for (std::size_t at = 0; at < faces.size(); ++at) {
+        if (faces[at].key == 0 || !ShapeOf(faces[at], shape)) continue;
+        shape.group = colors ? colors->StepOfFace(at) : static_cast<std::size_t>(shape.kind);
+        SliceAt(shape.depth).faces.push_back(shape);
     }
     for (PictureSlice& slice : slices_) {
         std::sort(slice.faces.begin(), slice.faces.end(),
@@ -116,13 +131,19 @@ void ScenePicture::AddFaces() {
     }
 }
 
-void ScenePicture::AddNodes() {
-    if (!projection_.ShowsNodes()) return;
+void ScenePicture::AddNodes(const SceneColors* colors) {
+    if (!projection_.ShowsNodes() && !colors) return;
     const Rect2 frame = projection_.Frame();
     const std::vector<SceneNode>& nodes = projection_.Scene().Nodes();
     for (std::uint32_t at = 0; at < nodes.size(); ++at) {
         const Point2 point = projection_.At(at).Flat();
-        if (nodes[at].key != 0 && frame.Holds(point)) nodes_.push_back(point);
+        if (nodes[at].key == 0 || !frame.Holds(point)) continue;
+        const std::uint8_t step = colors ? colors->StepOfNode(at) : kNoColor;
+        if (step != kNoColor) {
+            coloredNodes_[step].push_back(point);
+        } else if (projection_.ShowsNodes()) {
+            nodes_.push_back(point);
+        }
     }
 }
 
@@ -164,12 +185,11 @@ void ScenePicture::AddLevels() {
 PictureMarks ScenePicture::MarksOf(const PickedKeys& keys) {
     PictureMarks marks;
     const ModelScene& scene = projection_.Scene();
-    LineStroke stroke;
     FaceShape shape;
     for (const std::uint32_t key : keys.members) {
         const SceneLine* line = scene.FindLine(key);
         const SceneFace* face = line ? nullptr : scene.FindFace(key);
-        if (line && StrokeOf(*line, stroke)) marks.lines.push_back(stroke);
+        if (line) AddStrokes(*line, true, marks.lines);
         if (face && ShapeOf(*face, shape)) marks.faces.push_back(shape);
     }
     for (const std::uint32_t key : keys.nodes) {

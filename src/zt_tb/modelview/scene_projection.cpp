@@ -9,7 +9,8 @@ constexpr double kNodeRoom = 20.0;
 
 }  // namespace
 
-SceneProjection::SceneProjection(const ModelScene& scene, const Camera& camera) : scene_(scene), camera_(camera) {
+SceneProjection::SceneProjection(const ModelScene& scene, const Camera& camera, const SceneDeformation* deformation)
+    : scene_(scene), camera_(camera), deformation_(deformation && !deformation->IsEmpty() ? deformation : nullptr) {
     const std::vector<SceneNode>& nodes = scene.Nodes();
     const Rect2 frame = Frame();
     points_.resize(nodes.size());
@@ -18,7 +19,9 @@ SceneProjection::SceneProjection(const ModelScene& scene, const Camera& camera) 
     bool isFirst = true;
     for (std::size_t at = 0; at < nodes.size(); ++at) {
         if (nodes[at].key == 0) continue;
-        const ScreenPoint point = points_[at] = camera.Project(nodes[at].place);
+        const Vec3 place =
+            deformation_ ? deformation_->PlaceOf(nodes[at], static_cast<std::uint32_t>(at)) : nodes[at].place;
+        const ScreenPoint point = points_[at] = camera.Project(place);
         near_ = isFirst ? point.depth : std::min(near_, point.depth);
         far_ = isFirst ? point.depth : std::max(far_, point.depth);
         isFirst = false;
@@ -28,6 +31,13 @@ SceneProjection::SceneProjection(const ModelScene& scene, const Camera& camera) 
     }
     const double area = (extent.high.x - extent.low.x + kNodeRoom) * (extent.high.y - extent.low.y + kNodeRoom);
     showsNodes_ = visible > 0 && static_cast<double>(visible) * kNodeArea <= area;
+}
+
+Point2 SceneProjection::PlaceOn(const SceneLine& line, double along) const {
+    if (deformation_) return camera_.Project(deformation_->PlaceOn(scene_, line, along)).Flat();
+    const Point2 start = At(line.start).Flat();
+    const Point2 way = At(line.end).Flat() - start;
+    return {start.x + way.x * along, start.y + way.y * along};
 }
 
 void SceneProjection::OutlineOf(const SceneFace& face, std::vector<Point2>& outline) const {

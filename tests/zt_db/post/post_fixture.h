@@ -89,6 +89,11 @@ protected:
     }
 
     CPostCtrl& Post() { return *doc->GetPostCtrl(); }
+    double DxOf(std::uint32_t node, int which = 0) {
+        T_DISP_D values[3];
+        EXPECT_TRUE(Post().GetDisp(node, &values[0], &values[1], &values[2]));
+        return values[which].value[0];
+    }
 };
 
 /// The portal with its results in memory.
@@ -98,12 +103,6 @@ protected:
         auto results = std::make_shared<MemoryResults>();
         EXPECT_TRUE(PutAll(*results));
         doc->GetMDBCtrl()->SetResults(results);
-    }
-
-    double DxOf(std::uint32_t node, int which = 0) {
-        T_DISP_D values[3];
-        EXPECT_TRUE(Post().GetDisp(node, &values[0], &values[1], &values[2]));
-        return values[which].value[0];
     }
 };
 

@@ -1,16 +1,16 @@
-#include "zt_script/script_line.h"
+#include "velda_lib/word_line.h"
 
 #include "velda_lib/msg_dll.h"
 
-namespace zt {
+namespace velda {
 namespace {
 
 class LineReader {
 public:
     explicit LineReader(std::string_view line) : rest_(line) {}
 
-    ScriptLine Read() {
-        ScriptLine result;
+    WordLine Read() {
+        WordLine result;
         SkipBlanks();
         if (!rest_.empty() && rest_.front() == '#') return result;
         for (; !rest_.empty() && fault_.empty(); SkipBlanks()) result.words.push_back(ReadWord());
@@ -30,8 +30,8 @@ private:
         return c;
     }
 
-    ScriptWord ReadWord() {
-        ScriptWord word;
+    LineWord ReadWord() {
+        LineWord word;
         while (!rest_.empty() && rest_.front() != ' ' && rest_.front() != '\t' && rest_.front() != '\r') {
             const char c = rest_.front();
             if (c == '"') {
@@ -87,7 +87,7 @@ private:
 
     void ReadKey(std::string& value) {
         const std::size_t end = rest_.find('}');
-        value += velda::CMsgDll::pfuncLoadStr(rest_.substr(0, end), 0);
+        value += CMsgDll::pfuncLoadStr(rest_.substr(0, end), 0);
         rest_.remove_prefix(end + 1);
     }
 
@@ -117,6 +117,6 @@ private:
 
 }  // namespace
 
-ScriptLine ReadScriptLine(std::string_view line) { return LineReader(line).Read(); }
+WordLine ReadWordLine(std::string_view line) { return LineReader(line).Read(); }
 
-}  // namespace zt
+}  // namespace velda
