@@ -3,6 +3,7 @@
 
 #include "velda_lib/number_text.h"
 #include "zt_script/table_words.h"
+#include "zt_tb/post/story/tb_set_rmf_mini_dlg.h"
 #include "zt_tb/post/tb_active_new_dlg.h"
 #include "zt_tb/post/tb_post_view.h"
 
@@ -139,10 +140,40 @@ CommandResult ExpectOffered(ScriptSession& session, ScriptWords words) {
     return CommandResult::Compare(QuotedTexts(expected, " "), QuotedTexts(found, " "));
 }
 
+using DriftEntries = decltype(CTBSetRMFMiniDlg::entries);
+
+/// The entry of the dialog of drift limits that a word names; null for none.
+std::string* EntryOf(DriftEntries& entries, std::string_view name) {
+    if (name == "ratio1") return &entries[0].ratio;
+    if (name == "denominator1") return &entries[0].denominator;
+    if (name == "ratio2") return &entries[1].ratio;
+    return name == "denominator2" ? &entries[1].denominator : nullptr;
+}
+
+/// dialog drift denominator1=400 ratio1=0.02 ok|cancel: what the user does when the dialog opens next.
+CommandResult UseDriftDialog(ScriptSession& session, ScriptWords words) {
+    if (words.empty() || (words.back().value != "ok" && words.back().value != "cancel")) {
+        return CommandResult::Misused();
+    }
+    const std::vector<ScriptWord> typed(words.begin(), words.end() - 1);
+    DriftEntries none;
+    for (const ScriptWord& word : typed) {
+        if (!EntryOf(none, word.name)) return CommandResult::Misused();
+    }
+    session.Host().dialogs.users.push_back([typed, ok = words.back().value == "ok"](velda::ModalDialog& shown) {
+        auto* dialog = dynamic_cast<CTBSetRMFMiniDlg*>(&shown);
+        if (!dialog) return false;
+        for (const ScriptWord& word : typed) *EntryOf(dialog->entries, word.name) = word.value;
+        return ok;
+    });
+    return CommandResult::Done();
+}
+
 constexpr ScriptCommand kCommands[] = {
     {"view result", &OpenResultView, "view result OPERATION [N ...]"},
     {"activate", &Activate,
      "activate [loads all|\"A\" ...] [parts ...] [steps ...] [stories ...] [objects all|1 3-5 ...] | ok | cancel"},
+    {"dialog drift", &UseDriftDialog, "dialog drift [ratio1=X] [denominator1=X] [ratio2=X] [denominator2=X] ok|cancel"},
     {"expect offered", &ExpectOffered, "expect offered loads|parts|steps|stories|objects \"A*\" \"B\" ..."},
 };
 

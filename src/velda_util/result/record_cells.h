@@ -26,6 +26,8 @@ class RecordCells {
 public:
     /// Empties all cells. The fields outlive their use here.
     void Reset(const CTBRecHdr& fields);
+    /// Empties one cell.
+    void Clear(std::size_t slot) { cells_[slot].kind = RecordCell::Kind::Empty; }
     /// Takes one field only from now on; what else is written is passed over. 0 for all fields.
     void TakeOnly(int fieldNo) { only_ = fieldNo; }
 

@@ -50,6 +50,24 @@ RecordOrder OrderByOneKey(const std::vector<double>& keys, bool descending) {
     return RecordOrder::Of(std::move(records));
 }
 
+/// Puts the ranks of texts in place of their numbers. Where numbers stand among them, as beside a dash, each number
+/// gets its rank behind all texts.
+void RankTexts(const TextNumbers& texts, const std::vector<bool>& isText, std::vector<double>& keys) {
+    const std::vector<double> ranks = texts.Ranks();
+    std::vector<double> numbers;
+    for (std::size_t at = 0; at < keys.size(); ++at) {
+        if (!isText[at]) numbers.push_back(keys[at]);
+    }
+    std::sort(numbers.begin(), numbers.end());
+    for (std::size_t at = 0; at < keys.size(); ++at) {
+        keys[at] =
+            isText[at]
+                ? ranks[static_cast<std::size_t>(keys[at])]
+                : static_cast<double>(ranks.size()) +
+                      static_cast<double>(std::lower_bound(numbers.begin(), numbers.end(), keys[at]) - numbers.begin());
+    }
+}
+
 }  // namespace
 
 std::optional<std::vector<double>> SortKeys(CTBDataSrc& source, const CTBRecHdr& fields, long count, int fieldNo) {
@@ -58,23 +76,25 @@ std::optional<std::vector<double>> SortKeys(CTBDataSrc& source, const CTBRecHdr&
     std::vector<double> keys;
     keys.reserve(static_cast<std::size_t>(count));
     TextNumbers texts;
+    std::vector<bool> isText;
+    isText.reserve(keys.capacity());
     RecordCells cells;
     cells.TakeOnly(fieldNo);
     cells.Reset(fields);
     const bool done =
         WalkInBlocks(CMsgDll::pfuncLoadStr("IDS_TB_ENGINE_SORTING", 0), count, [&](long first, long last) {
             for (long record = first; record <= last; ++record) {
+                cells.Clear(static_cast<std::size_t>(slot));
                 source.SeekRec(record);
                 source.GetRecTexts(cells);
                 const RecordCell& cell = cells.At(static_cast<std::size_t>(slot));
-                const bool isText = cell.kind == RecordCell::Kind::Text;
-                keys.push_back(isText ? texts.NumberOf(cell.text) : cell.number);
+                const bool isEmpty = cell.kind == RecordCell::Kind::Empty;
+                isText.push_back(isEmpty || cell.kind == RecordCell::Kind::Text);
+                keys.push_back(isText.back() ? texts.NumberOf(isEmpty ? std::string() : cell.text) : cell.number);
             }
         });
     if (!done) return std::nullopt;
-    if (texts.IsEmpty()) return keys;
-    const std::vector<double> ranks = texts.Ranks();
-    for (double& key : keys) key = ranks[static_cast<std::size_t>(key)];
+    if (!texts.IsEmpty()) RankTexts(texts, isText, keys);
     return keys;
 }
 

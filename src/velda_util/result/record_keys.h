@@ -11,7 +11,8 @@
 namespace velda {
 
 /// What the records of a source are sorted by: one number for each record, the rank of the text where the field is a
-/// text. None when the user cancels.
+/// text. Where a field holds texts and numbers, texts come first; an empty cell is an empty text. None when the user
+/// cancels.
 std::optional<std::vector<double>> SortKeys(CTBDataSrc& source, const CTBRecHdr& fields, long count, int fieldNo);
 
 /// The records from 1 in the order of their keys; the first list counts most, equal ones as they are numbered.

@@ -4,6 +4,9 @@
 #include <type_traits>
 
 #include "velda_util/grid/tb_grid.h"
+#include "zt_tb/post/story/tb_post_st_disp.h"
+#include "zt_tb/post/story/tb_post_st_drft.h"
+#include "zt_tb/post/story/tb_post_st_drft_th.h"
 #include "zt_tb/post/tb_post_node.h"
 
 namespace zt {
@@ -27,6 +30,14 @@ constexpr ResultSourceClass kClasses[] = {
     Of<CTBPostDisp>("CTBPostDisp"),
     Of<CTBPostReac>("CTBPostReac"),
     Of<CTBPostStek>("CTBPostStek"),
+    Of<CTBPostStDisp>("CTBPostStDisp"),
+    // No tab has this one: it is made by its name.
+    Of<CTBPostStDrftAng>("CTBPostStDrftAng"),
+    Of<CTBPostStDrftQorv>("CTBPostStDrftQorv"),
+    Of<CTBPostStDrftTH>("CTBPostStDrftTH"),
+    Of<CTBPostStDrftTH2>("CTBPostStDrftTH2"),
+    Of<CTBPostStDrftTHNL>("CTBPostStDrftTHNL"),
+    Of<CTBPostStDrftPO>("CTBPostStDrftPO"),
 };
 
 template <std::size_t At>

@@ -14,6 +14,7 @@
 #include "zt_tb/post/result_selection.h"
 #include "zt_tb/post/result_sources.h"
 #include "zt_tb/post/result_steps.h"
+#include "zt_tb/post/story/tb_set_rmf_mini_dlg.h"
 #include "zt_tb/post/tb_active_new_dlg.h"
 
 namespace zt {
@@ -24,6 +25,11 @@ std::string Text(std::string_view key) { return velda::CMsgDll::pfuncLoadStr(key
 /// Tabs that tell the drift restriction outside their records, and those that show it in them.
 constexpr IdRange kDriftLimitTabs[] = {{19, 19}};
 constexpr IdRange kRestrictionTabs[] = {{25, 25}, {27, 28}, {30, 32}};
+
+/// Tables whose limits of drift the user sets.
+constexpr IdRange kDriftTables[] = {{27, 28}, {70, 70}};
+
+CTBPostStDrftBase* DriftSourceOf(CTBPostDS* source) { return dynamic_cast<CTBPostStDrftBase*>(source); }
 
 /// The right-button menu of result tables before a table changes it; an entry without a command is a separator.
 struct MenuEntry {
@@ -227,6 +233,25 @@ std::vector<bool> CTBPostView::SetActiveCheck(const CTBPostDS& source, std::span
     return checks;
 }
 
+// ---- limits of drift ----
+
+bool CTBPostView::CanSetDriftLimits() const {
+    return Contains(kDriftTables, id_) && DriftSourceOf(SourceOf(GetActiveCore()));
+}
+
+int CTBPostView::OnTbSetStorParam2(bool all) {
+    if (!CanSetDriftLimits()) return 0;
+    CTBPostDS* active = SourceOf(GetActiveCore());
+    DriftLimits limits = DriftSourceOf(active)->Limits();
+    CTBSetRMFMiniDlg dialog(limits);
+    if (!velda::DoModal(dialog)) return 0;
+    for (CTBPostDS* source : Sources()) {
+        CTBPostStDrftBase* drift = DriftSourceOf(source);
+        if (drift && (all || source == active)) drift->SetLimits(limits);
+    }
+    return 1;
+}
+
 // ---- commands ----
 
 std::span<const ViewCommand<CTBPostView>> CTBPostView::Commands() {
@@ -239,6 +264,7 @@ std::span<const ViewCommand<CTBPostView>> CTBPostView::Commands() {
         {ResultCommandId::Activate, &View::OnActiveNewDlg, &View::CanActivate},
         {ResultCommandId::ExportToExcel, &View::OnExportExcel, &View::HasCore},
         {ResultCommandId::ExportGraphToExcel, &View::OnExportExcelGraph, &View::HasCore},
+        {ResultCommandId::SetAllowableDrift, &View::OnTbCmenuSetDrftParam2, &View::CanSetDriftLimits},
         {46515, &View::OnTbCmenuSetDrftParam, &View::Always},
         {46517, &View::OnTbCmenuSelDrftMethod, &View::Always},
         {46519, &View::OnTbCmenuSetOTMParam, &View::Always},

@@ -103,6 +103,10 @@ public:
     /// For each of the entries, whether the source shows it.
     static std::vector<bool> SetActiveCheck(const CTBPostDS& source, std::span<const LoadChoice> entries);
 
+    /// Lets the user set the limits of the drift table in front, or of all those beside it with `all`: 1 when they were
+    /// set. Tables whose limits cannot be set give 0.
+    int OnTbSetStorParam2(bool all);
+
     // ---- commands
 
     bool OnCommand(int id) override;
@@ -130,6 +134,8 @@ private:
     static std::span<const ViewCommand<CTBPostView>> Commands();
     bool Always() const { return true; }
     bool HasCore() const { return GetActiveCore() != nullptr; }
+    bool CanSetDriftLimits() const;
+    void OnTbCmenuSetDrftParam2() { OnTbSetStorParam2(false); }
     bool CanActivate() const { return SourceOf(GetActiveCore()) != nullptr; }
     void OnTbGvFind();
     void OnTbGvFindNext();
