@@ -79,7 +79,8 @@ public:
     const std::vector<STBSortItem>& SortInfo() const override { return sort_.Items(); }
     bool Sort(const std::vector<STBSortItem>& items) override { return sort_.Sort(items); }
     bool DoCommand(TableCommand command) override;
-    /// A click on a cell; the source is told when the cell has a control.
+    /// A click on a cell; the source is told when the cell has a control. A drop-down list before or after the records
+    /// offers its lines first, and takes the text of the chosen one.
     void ClickCell(int row, int col);
     /// Other units are shown: titles and values follow.
     void UpdateUnit();
@@ -90,6 +91,7 @@ protected:
     FindResult Search(const STBFindStruct& find, const FindArea& area) const override;
 
 private:
+    void ChooseFromList(int row, int col);
     bool IsAround(int row) const { return records_.GetRecNo(row) == 0; }
     void PutTitles();
     void PutFactors();

@@ -4,7 +4,9 @@
 #include <type_traits>
 
 #include "velda_util/grid/tb_grid.h"
+#include "zt_tb/post/tb_post_memb_force.h"
 #include "zt_tb/post/tb_post_node.h"
+#include "zt_tb/post/tb_post_slab_forc.h"
 
 namespace zt {
 namespace {
@@ -27,6 +29,12 @@ constexpr ResultSourceClass kClasses[] = {
     Of<CTBPostDisp>("CTBPostDisp"),
     Of<CTBPostReac>("CTBPostReac"),
     Of<CTBPostStek>("CTBPostStek"),
+    Of<CTBPostBeamForce>("CTBPostBeamForce"),
+    Of<CTBPostColmForce>("CTBPostColmForce"),
+    Of<CTBPostBraceForce>("CTBPostBraceForce"),
+    Of<CTBPostWBeamForce>("CTBPostWBeamForce"),
+    Of<CTBPostWColmForce>("CTBPostWColmForce"),
+    Of<CTBPostSlabForc>("CTBPostSlabForc"),
 };
 
 template <std::size_t At>
