@@ -1,4 +1,7 @@
+#include <algorithm>
+
 #include "velda_util/edit/key_chord.h"
+#include "velda_util/result/tb_core.h"
 #include "zt_script/table_words.h"
 
 namespace zt {
@@ -44,6 +47,24 @@ CommandResult DoubleClick(ScriptSession&, CTBCommonWnd& table, ScriptWords words
     const NamedPlace cell = ReadCell(table, words[0], words[1]);
     if (cell.IsRead()) table.OnLButtonDblClk(cell.row, cell.col);
     return cell.fault;
+}
+
+/// click R COL, click R COL "entry": clicks a cell of a result table, and chooses an entry of the list that it offers.
+CommandResult Click(ScriptSession& session, velda::CTBGrid& table, ScriptWords words) {
+    if (words.size() != 2 && words.size() != 3) return CommandResult::Misused();
+    const NamedPlace cell = ReadCell(table, words[0], words[1]);
+    if (!cell.IsRead()) return cell.fault;
+    auto* results = dynamic_cast<velda::CTBCore*>(&table);
+    if (!results) return CommandResult::Refused("cells of records are not clicked");
+    velda::HeadlessMenus& menus = session.Host().menus;
+    menus.last.reset();
+    if (words.size() == 3) menus.texts.push_back(words[2].value);
+    session.Host().queue.Run([&] { results->ClickCell(cell.row, cell.col); });
+    menus.texts.clear();
+    if (words.size() == 2) return CommandResult::Done();
+    const bool isOffered = menus.last && std::any_of(menus.last->Items().begin(), menus.last->Items().end(),
+                                                     [&](const auto& item) { return item.text == words[2].value; });
+    return isOffered ? CommandResult::Done() : CommandResult::Refused("the cell does not offer " + words[2].value);
 }
 
 // ---- what comes of it
@@ -128,6 +149,7 @@ constexpr ScriptCommand kCommands[] = {
     {"edit", &OnTable<&EditCell>, "edit R COL \"text\""},
     {"leave", &OnTable<&LeaveRow>, "leave"},
     {"doubleclick", &OnTable<&DoubleClick>, "doubleclick R COL"},
+    {"click", &OnGrid<&Click>, "click R COL [\"entry\"]"},
     {"expect current", &OnGrid<&ExpectCurrent>, "expect current R COL"},
     {"expect editing row", &OnTable<&ExpectEditingRow>, "expect editing row R"},
     {"expect browsing", &OnTable<&ExpectBrowsing>, "expect browsing"},

@@ -21,6 +21,14 @@ MessageAnswer CarefulAnswer(MessageButtons buttons) {
     return MessageAnswer::Ok;
 }
 
+/// The command of the entry with a text; 0 when there is none.
+int CommandOf(const CMenu& menu, const std::string& text) {
+    for (const MenuItem& item : menu.Items()) {
+        if (!item.IsSeparator() && item.text == text) return item.id;
+    }
+    return 0;
+}
+
 }  // namespace
 
 MessageAnswer HeadlessMessageBox::Show(const std::string& text, MessageButtons buttons) {
@@ -46,7 +54,8 @@ bool HeadlessProgress::Step(int count) {
 int HeadlessMenus::Track(const CMenu& menu, CWnd* /*window*/, WindowPoint place) {
     last = menu;
     lastPlace = place;
-    const int choice = TakeNext(choices).value_or(0);
+    const auto text = TakeNext(texts);
+    const int choice = text ? CommandOf(menu, *text) : TakeNext(choices).value_or(0);
     const MenuItem* item = menu.Find(choice);
     return item && item->enabled ? choice : 0;
 }

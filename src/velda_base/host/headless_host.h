@@ -54,12 +54,14 @@ private:
     std::string text_;
 };
 
-/// Keeps the last menu and chooses from a queue. A command that the menu lacks or that is disabled is not chosen.
+/// Keeps the last menu and chooses from queues: by text while there are texts, otherwise by command. An entry that the
+/// menu lacks or that is disabled is not chosen.
 class HeadlessMenus final : public IMenuTracker {
 public:
     int Track(const CMenu& menu, CWnd* window, WindowPoint place) override;
 
     std::deque<int> choices;
+    std::deque<std::string> texts;
     std::optional<CMenu> last;
     WindowPoint lastPlace;
 };

@@ -34,7 +34,8 @@ void RecordCells::Number(int fieldNo, double value, int recRow) {
     if (!cell) return;
     const int slot = fields_->SlotOf(fieldNo, recRow);
     cell->kind = RecordCell::Kind::Number;
-    cell->number = value * fields_->Fields()[static_cast<std::size_t>(slot)].factor;
+    // The sum is 0 for a negative zero, which would be shown with its sign.
+    cell->number = value * fields_->Fields()[static_cast<std::size_t>(slot)].factor + 0.0;
 }
 
 void RecordCells::Text(int fieldNo, std::string_view text, int recRow) {

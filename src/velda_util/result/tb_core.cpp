@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 
+#include "velda_base/host/application_host.h"
 #include "velda_lib/msg_dll.h"
 #include "velda_util/result/record_walk.h"
 
@@ -160,8 +161,24 @@ bool CTBCore::SetCurrentCell(int row, int col, int flags) {
 }
 
 void CTBCore::ClickCell(int row, int col) {
-    if (!source_ || StyleOf(row, col).GetControl() == ControlKind::StaticText) return;
+    if (!source_) return;
+    const ControlKind control = StyleOf(row, col).GetControl();
+    if (control == ControlKind::StaticText) return;
+    if (control == ControlKind::DropDownList && IsAround(row)) ChooseFromList(row, col);
     source_->OnEvent({T_TB_EVENT_D::kClick, static_cast<std::uint32_t>(row), static_cast<std::uint32_t>(col)});
+}
+
+void CTBCore::ChooseFromList(int row, int col) {
+    const ChoiceList choices = StyleOf(row, col).GetChoices();
+    CMenu menu;
+    for (std::size_t line = 0; line < choices.Count(); ++line) {
+        menu.Append(static_cast<int>(line) + 1, std::string(choices.Text(line)));
+    }
+    const WindowPoint place = CellMiddle({row, col}).value_or(WindowPoint{});
+    const int chosen = ApplicationHost::Current().GetMenus().Track(menu, nullptr, place);
+    if (chosen == 0) return;
+    SetValueRange(row, col, std::string(choices.Text(static_cast<std::size_t>(chosen - 1))));
+    Redraw();
 }
 
 void CTBCore::UpdateUnit() {

@@ -83,7 +83,8 @@ public:
     bool SetCurrentCell(int row, int col, int flags = 0) override;
     /// Called when the current cell or the selection became another one.
     std::function<void()> onSelection;
-    /// A click on a cell; the source is told when the cell has a control.
+    /// A click on a cell; the source is told when the cell has a control. A drop-down list before or after the records
+    /// offers its lines first, and takes the text of the chosen one.
     void ClickCell(int row, int col);
     /// Other units are shown: titles and values follow.
     void UpdateUnit();
@@ -97,6 +98,7 @@ protected:
     FindResult Search(const STBFindStruct& find, const FindArea& area) const override;
 
 private:
+    void ChooseFromList(int row, int col);
     bool IsAround(int row) const { return records_.GetRecNo(row) == 0; }
     void PutTitles();
     void PutFactors();

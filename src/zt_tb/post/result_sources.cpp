@@ -7,7 +7,9 @@
 #include "zt_tb/post/story/tb_post_st_disp.h"
 #include "zt_tb/post/story/tb_post_st_drft.h"
 #include "zt_tb/post/story/tb_post_st_drft_th.h"
+#include "zt_tb/post/tb_post_memb_force.h"
 #include "zt_tb/post/tb_post_node.h"
+#include "zt_tb/post/tb_post_slab_forc.h"
 
 namespace zt {
 namespace {
@@ -38,6 +40,12 @@ constexpr ResultSourceClass kClasses[] = {
     Of<CTBPostStDrftTH2>("CTBPostStDrftTH2"),
     Of<CTBPostStDrftTHNL>("CTBPostStDrftTHNL"),
     Of<CTBPostStDrftPO>("CTBPostStDrftPO"),
+    Of<CTBPostBeamForce>("CTBPostBeamForce"),
+    Of<CTBPostColmForce>("CTBPostColmForce"),
+    Of<CTBPostBraceForce>("CTBPostBraceForce"),
+    Of<CTBPostWBeamForce>("CTBPostWBeamForce"),
+    Of<CTBPostWColmForce>("CTBPostWColmForce"),
+    Of<CTBPostSlabForc>("CTBPostSlabForc"),
 };
 
 template <std::size_t At>

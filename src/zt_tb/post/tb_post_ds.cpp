@@ -195,6 +195,14 @@ bool CTBPostDS::StoryNames(std::uint32_t mdul, std::uint32_t story, std::string&
     return true;
 }
 
+std::optional<CTBPostDS::ShownStory> CTBPostDS::StoryOf(const T_PMEMB_D& member) {
+    T_PMDUL_D module;
+    T_PSTOR_D story;
+    if (!CClassPMdul(&Results()).Get(member.mdul, module)) return std::nullopt;
+    if (!CClassPStor(&Results()).Get(member.story, story)) return std::nullopt;
+    return ShownStory{module.name + " : " + story.name, story.level};
+}
+
 std::string CTBPostDS::GetErrorText() { return Text("IDS_TB_POSTDISP_Error"); }
 
 // ---- drawing ----

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <memory>
+#include <optional>
 
 #include "velda_util/result/tb_core.h"
 #include "zt_db/doc/doc.h"
@@ -119,7 +121,8 @@ protected:
     /// What a table adds to the name of a case of a kind.
     virtual std::string TextOfKind(std::uint32_t /*kind*/) const { return {}; }
 
-    /// Reads the value that the sub-kind of the current record means, with a getter of CPostCtrl.
+    /// Reads the value that the sub-kind of the current record means, with a getter of CPostCtrl or a function that is
+    /// called like one.
     template <class Record, class Getter>
     void ReadEnvelope(Getter getter, std::uint32_t object, Record& record) {
         record = {};
@@ -132,11 +135,19 @@ protected:
         const bool isAll = load.subKind == LoadCaseSubKind::All;
         const bool isMin = load.subKind == LoadCaseSubKind::Min;
         Record* const none = nullptr;
-        return (post.*getter)(object, isAll ? &record : none, isAll || isMin ? none : &record, isMin ? &record : none);
+        return std::invoke(getter, post, object, isAll ? &record : none, isAll || isMin ? none : &record,
+                           isMin ? &record : none);
     }
 
     /// The names of the module and the story of a record; false, and the record stays empty, when one is not there.
     static bool StoryNames(std::uint32_t mdul, std::uint32_t story, std::string& mdulName, std::string& storyName);
+    /// The story of a member or a slab as tables show it.
+    struct ShownStory {
+        std::string name{};  ///< module : story
+        double level = 0.0;  ///< current length unit
+    };
+    /// None, and the record stays empty, when the module or the story cannot be read.
+    static std::optional<ShownStory> StoryOf(const T_PMEMB_D& member);
     /// Colours rows by their load case, which stands in a field: every other case has another colour.
     void BandByLoadCase(int row, int col, int loadField, velda::CGXStyle& style);
     /// Colours a cell that holds a verdict.

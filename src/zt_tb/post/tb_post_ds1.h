@@ -13,7 +13,7 @@ public:
     /// Takes the chosen objects; with a story filter, only the members of the chosen stories. A member that cannot be
     /// read stays.
     void ApplyObjects(const TB_ACTIVE_PARAM& param) override;
-    /// Offers the stories of all members, from the topmost down, and chooses those of the current ones.
+    /// Offers the stories of all members, from the lowest up, and chooses those of the current ones.
     int FillActivePartList(TB_ACTIVE_PARAM& param) override;
     void MakeRecords() override;
 

@@ -4,10 +4,10 @@
 
 #include "velda_lib/msg_dll.h"
 #include "velda_lib/number_text.h"
+#include "zt_tb/post/result_columns.h"
 
 namespace zt {
 
-using Type = ResultColumn::Type;
 using velda::CGXStyle;
 
 namespace {
@@ -21,17 +21,8 @@ void WriteSix(velda::RecordCells& cells, int firstField, const double* values, i
     for (int at = 0; at < kComponents; ++at) cells.Number(firstField + at, values[at], recRow);
 }
 
-constexpr ResultColumn Counter(std::string_view title) { return {.title = title, .type = Type::Long}; }
 constexpr ResultColumn Value(std::string_view title, int unitKind) {
-    return {.title = title, .type = Type::Double, .unitKind = unitKind, .places = kValuePlaces, .width = 90};
-}
-constexpr ResultColumn PerEnd(ResultColumn column) {
-    column.isPerPart = true;
-    return column;
-}
-constexpr ResultColumn LoadCase() { return {.title = "IDS_TB_POSTDISP_Load", .width = 130}; }
-constexpr ResultColumn HiddenOrder() {
-    return {.title = "IDS_TB_POSTDISP_Load_Order", .type = Type::Long, .isHidden = true};
+    return ValueColumn(title, unitKind, kValuePlaces);
 }
 
 }  // namespace
@@ -40,15 +31,15 @@ constexpr ResultColumn HiddenOrder() {
 
 const ResultDeclaration& CTBPostDisp::Declared() {
     static constexpr ResultColumn kColumns[] = {
-        Counter("IDS_TB_POSTDISP_Node"),
-        LoadCase(),
+        CounterColumn("IDS_TB_POSTDISP_Node"),
+        LoadColumn(),
         Value("IDS_TB_POSTDISP_DX", Unit::ModelLength),
         Value("IDS_TB_POSTDISP_DY", Unit::ModelLength),
         Value("IDS_TB_POSTDISP_DZ", Unit::ModelLength),
         Value("IDS_TB_POSTDISP_RX", Unit::None),
         Value("IDS_TB_POSTDISP_RY", Unit::None),
         Value("IDS_TB_POSTDISP_RZ", Unit::None),
-        HiddenOrder(),
+        LoadOrderColumn(),
     };
     static constexpr ResultDeclaration kDeclaration{
         .name = "TBPostDisp", .columns = kColumns, .loadOrderField = 9, .objectField = 1};
@@ -72,15 +63,15 @@ void CTBPostDisp::GetRecTexts(velda::RecordCells& cells) {
 
 const ResultDeclaration& CTBPostReac::Declared() {
     static constexpr ResultColumn kColumns[] = {
-        Counter("IDS_TB_POSTDISP_Node"),
-        LoadCase(),
+        CounterColumn("IDS_TB_POSTDISP_Node"),
+        LoadColumn(),
         Value("IDS_TB_POSTDISP_FX", Unit::Force),
         Value("IDS_TB_POSTDISP_FY", Unit::Force),
         Value("IDS_TB_POSTDISP_FZ", Unit::Force),
         Value("IDS_TB_POSTDISP_MX", Unit::Moment),
         Value("IDS_TB_POSTDISP_MY", Unit::Moment),
         Value("IDS_TB_POSTDISP_MZ", Unit::Moment),
-        HiddenOrder(),
+        LoadOrderColumn(),
     };
     static constexpr ResultDeclaration kDeclaration{
         .name = "TBPostReac", .columns = kColumns, .loadOrderField = 9, .objectField = 1};
@@ -176,16 +167,16 @@ void CTBPostReac::WriteSum(int row, std::size_t load) {
 
 const ResultDeclaration& CTBPostStek::Declared() {
     static constexpr ResultColumn kColumns[] = {
-        Counter("IDS_TB_POSTDISP_No_"),
-        LoadCase(),
-        PerEnd(Counter("IDS_TB_POSTDISP_Node")),
-        PerEnd(Value("IDS_TB_POSTDISP_N_Axial", Unit::Force)),
-        PerEnd(Value("IDS_TB_POSTDISP_Vy_Shear", Unit::Force)),
-        PerEnd(Value("IDS_TB_POSTDISP_Vz_Shear", Unit::Force)),
-        PerEnd(Value("IDS_TB_POSTDISP_T_Torsion", Unit::Moment)),
-        PerEnd(Value("IDS_TB_POSTDISP_My_Moment", Unit::Moment)),
-        PerEnd(Value("IDS_TB_POSTDISP_Mz_Moment", Unit::Moment)),
-        HiddenOrder(),
+        CounterColumn("IDS_TB_POSTDISP_No_"),
+        LoadColumn(),
+        PerPart(CounterColumn("IDS_TB_POSTDISP_Node")),
+        PerPart(Value("IDS_TB_POSTDISP_N_Axial", Unit::Force)),
+        PerPart(Value("IDS_TB_POSTDISP_Vy_Shear", Unit::Force)),
+        PerPart(Value("IDS_TB_POSTDISP_Vz_Shear", Unit::Force)),
+        PerPart(Value("IDS_TB_POSTDISP_T_Torsion", Unit::Moment)),
+        PerPart(Value("IDS_TB_POSTDISP_My_Moment", Unit::Moment)),
+        PerPart(Value("IDS_TB_POSTDISP_Mz_Moment", Unit::Moment)),
+        LoadOrderColumn(),
     };
     static constexpr ResultDeclaration kDeclaration{
         .name = "TBPostStek", .columns = kColumns, .loadOrderField = 10, .objectField = 1};

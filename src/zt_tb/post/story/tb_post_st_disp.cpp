@@ -33,7 +33,7 @@ const ResultDeclaration& CTBPostStDisp::Declared() {
 }
 
 CTBPostStDisp::CTBPostStDisp(int kind, int direction)
-    : StorySource(kind, Declared(), {.level = 3, .height = 4, .load = 5}),
+    : StorySource(kind, Declared(), {.level = 3, .height = 4, .load = 5, .plot = 7}),
       direction_(direction == 1 || direction == 2 ? static_cast<std::size_t>(direction) : 0) {}
 
 void CTBPostStDisp::ReadStories(const CPostCtrl& control, const LoadChoice& load, int /*step*/,

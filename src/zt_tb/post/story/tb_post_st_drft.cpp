@@ -53,7 +53,8 @@ const ResultDeclaration& CTBPostStDrftAng::Declared() {
 }
 
 CTBPostStDrftAng::CTBPostStDrftAng(int kind, int follows)
-    : StaticDrift(kind, Declared(), StoryLayout{.height = 3, .load = 4, .verdicts = {8}}), follows_(follows == 1) {
+    : StaticDrift(kind, Declared(), StoryLayout{.height = 3, .load = 4, .verdicts = {8}, .plot = 5}),
+      follows_(follows == 1) {
     if (!follows_) leader_ = this;
 }
 
@@ -132,7 +133,7 @@ const ResultDeclaration& CTBPostStDrftQorv::Declared() {
 }
 
 CTBPostStDrftQorv::CTBPostStDrftQorv(int kind)
-    : StaticDrift(kind, Declared(), StoryLayout{.height = 3, .load = 4, .verdicts = {11, 15}}) {}
+    : StaticDrift(kind, Declared(), StoryLayout{.height = 3, .load = 4, .verdicts = {11, 15}, .plot = 10}) {}
 
 void CTBPostStDrftQorv::AfterRedrawTable() {
     if (FollowRestriction()) Grid()->RecCtrl().ForgetCells();

@@ -39,8 +39,8 @@ constexpr ResultDeclaration AngleTable(std::string_view name, std::span<const Re
 
 // ---- records ----
 
-GreatestDrift::GreatestDrift(int kind, const ResultDeclaration& declaration, int remark, int direction)
-    : StorySource(kind, declaration, {.height = 3, .load = 4, .verdicts = {remark}}), direction_(direction) {}
+GreatestDrift::GreatestDrift(int kind, const ResultDeclaration& declaration, const StoryLayout& layout, int direction)
+    : StorySource(kind, declaration, layout), direction_(direction) {}
 
 void GreatestDrift::ReadStories(const CPostCtrl& control, const LoadChoice& load, int step,
                                 std::vector<T_STDFTTH_D>& records) {
@@ -141,7 +141,7 @@ const ResultDeclaration& CTBPostStDrftPO::Declared() {
     return kDeclaration;
 }
 
-CTBPostStDrftPO::CTBPostStDrftPO(int kind) : CTBPostStDrftTH(kind, Declared(), kGoverning) {
+CTBPostStDrftPO::CTBPostStDrftPO(int kind) : CTBPostStDrftTH(kind, Declared(), kGoverning, 5) {
     stepsOn_ = true;
     stepSettings_.isPushover = true;
 }

@@ -14,8 +14,8 @@ public:
     /// What a table without a direction of its own shows: that in which a case moves the building more.
     static constexpr int kGoverning = -1;
 
-    /// `remark` is the field of the verdict; the direction is 0 for X, 1 for Y.
-    GreatestDrift(int kind, const ResultDeclaration& declaration, int remark, int direction);
+    /// The direction is 0 for X, 1 for Y.
+    GreatestDrift(int kind, const ResultDeclaration& declaration, const StoryLayout& layout, int direction);
 
 protected:
     void ReadStories(const CPostCtrl& control, const LoadChoice& load, int step,
@@ -39,8 +39,10 @@ public:
     void AfterRedrawTable() override { WriteLineAbove("IDS_TB_POSTDISP_PRESS_MOUSE_Drift_Ang_TH"); }
 
 protected:
-    CTBPostStDrftTH(int kind, const ResultDeclaration& declaration, int direction)
-        : GreatestDrift(kind, declaration, kRemark, direction) {}
+    /// `step` is the field that tells records of one case apart; 0 for none.
+    CTBPostStDrftTH(int kind, const ResultDeclaration& declaration, int direction, int step = 0)
+        : GreatestDrift(kind, declaration, {.height = 3, .load = 4, .verdicts = {kRemark}, .plot = 6, .step = step},
+                        direction) {}
     void WriteRecord(const T_STDFTTH_D& record, velda::RecordCells& cells) override;
     /// Writes when the drift was greatest into field 5.
     virtual void WriteMoment(const T_STDFTTH_PART& part, velda::RecordCells& cells) { cells.Number(5, part.time); }
@@ -52,7 +54,8 @@ private:
 /// Drift angles of linear time histories at the edge of a story beside those of its average.
 class CTBPostStDrftTH2 : public GreatestDrift {
 public:
-    explicit CTBPostStDrftTH2(int kind) : GreatestDrift(kind, Declared(), kRemark, kGoverning) {}
+    explicit CTBPostStDrftTH2(int kind)
+        : GreatestDrift(kind, Declared(), {.height = 3, .load = 4, .verdicts = {kRemark}, .plot = 9}, kGoverning) {}
     static const ResultDeclaration& Declared();
 
 protected:
