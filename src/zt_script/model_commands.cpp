@@ -3,6 +3,7 @@
 
 #include "velda_lib/language.h"
 #include "velda_lib/number_text.h"
+#include "zt_db/exchange/model_exchange.h"
 #include "zt_script/command.h"
 #include "zt_script/script_session.h"
 
@@ -30,6 +31,17 @@ CommandResult SaveModel(ScriptSession& session, ScriptWords words) {
 CommandResult SampleModel(ScriptSession& session, ScriptWords words) {
     if (words.size() != 1) return CommandResult::Unreadable("model sample NAME");
     return CommandResult::Of(session.SampleModel(words[0].value));
+}
+
+/// A new model of what a workbook or a folder of tables holds.
+CommandResult Import(ScriptSession& session, ScriptWords words) {
+    if (words.size() != 1) return CommandResult::Misused();
+    if (velda::Outcome made = session.NewModel(); !made) return CommandResult::Of(made);
+    ExchangeReport report;
+    if (ImportModel(*session.Doc().GetMDBCtrl()->GetCurrentDB(), words[0].value, {}, report)) {
+        return CommandResult::Done();
+    }
+    return CommandResult::Refused(words[0].value + " cannot be imported");
 }
 
 struct QuantityName {
@@ -101,6 +113,7 @@ constexpr ScriptCommand kCommands[] = {
     {"model open", &OpenModel, "model open FILE [readonly]"},
     {"model save", &SaveModel, "model save FILE"},
     {"model sample", &SampleModel, "model sample NAME"},
+    {"model import", &Import, "model import FILE.xlsx|FOLDER"},
     {"units", &SetUnits, "units force=kN length=mm modelLength=m mass=t temperature=C"},
     {"lang", &SetLanguage, "lang en|ko"},
     {"expect unit", &ExpectLabel, "expect unit CODE \"label\""},
