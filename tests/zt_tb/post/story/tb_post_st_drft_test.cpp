@@ -43,9 +43,9 @@ TEST_F(DriftTable, AnAngleOfExactlyTheLimitIsGood) {
     PutDrifts(kSeismic, {Drift(3, 1.0 / 550.0), Drift(2, -1.0 / 549.0), Drift(1, 0.0)});
     auto& table = Open<CTBPostStDrftAng>(0);
     table.SetActiveParam(Loads({Static(kSeismic)}));
-    EXPECT_EQ(RowOf(table, 2), "M|3F|3|E1|0.00545454545454545|1/550|1/550|OK|300001|1");
-    EXPECT_EQ(RowOf(table, 3), "M|2F|3|E1|-0.00546448087431694|-1/549|1/550|NG|300001|2");
-    EXPECT_EQ(RowOf(table, 4), "M|1F|3|E1|0|0|1/550|OK|300001|3");
+    EXPECT_EQ(RowOf(table, 2), "M|3F|3|case|0.00545454545454545|1/550|1/550|OK|300001|1");
+    EXPECT_EQ(RowOf(table, 3), "M|2F|3|case|-0.00546448087431694|-1/549|1/550|NG|300001|2");
+    EXPECT_EQ(RowOf(table, 4), "M|1F|3|case|0|0|1/550|OK|300001|3");
 }
 
 TEST_F(DriftTable, StoriesWithWallsHaveTheSecondLimit) {
@@ -73,7 +73,7 @@ TEST_F(DriftTable, AStoryWithoutALineOfNodesHasDashesAndStays) {
     auto& table = Open<CTBPostStDrftAng>(0);
     table.SetActiveParam(Loads({Static(kSeismic)}));
     EXPECT_EQ(table.Grid()->GetRowCount(), 3);
-    EXPECT_EQ(RowOf(table, 3), "M|2F|3|E1|-|-|-|-|300001|2");
+    EXPECT_EQ(RowOf(table, 3), "M|2F|3|case|-|-|-|-|300001|2");
 }
 
 TEST_F(DriftTable, ARecordOfAStoryThatIsNotThereStaysEmptyInItsPlace) {
