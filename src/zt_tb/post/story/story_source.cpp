@@ -1,5 +1,6 @@
 #include "zt_tb/post/story/story_source.h"
 
+#include "velda_base/host/wait_cursor.h"
 #include "velda_lib/msg_dll.h"
 
 namespace zt {
@@ -23,6 +24,7 @@ void StoryTable::MakeRecords() {
 }
 
 void StoryTable::ReadAgain() {
+    const velda::WaitCursor wait;
     restriction_ = RestrictionOf(Results());
     keys_.clear();
     MakeObjectKeys(keys_);

@@ -136,7 +136,9 @@ CTBPostStDrftQorv::CTBPostStDrftQorv(int kind)
     : StaticDrift(kind, Declared(), StoryLayout{.height = 3, .load = 4, .verdicts = {11, 15}, .plot = 10}) {}
 
 void CTBPostStDrftQorv::AfterRedrawTable() {
-    if (FollowRestriction()) Grid()->RecCtrl().ForgetCells();
+    if (!FollowRestriction()) return;
+    const velda::GridUpdateLock redraws(*Grid());
+    Grid()->RecCtrl().ForgetCells();
 }
 
 void CTBPostStDrftQorv::WriteRecord(const T_STDFT_D& record, velda::RecordCells& cells) {
