@@ -181,6 +181,20 @@ TEST_F(HeadlessHostTest, ACommandThatTheMenuDoesNotOfferIsNotChosen) {
     EXPECT_EQ(host.menus.lastPlace, (WindowPoint{5, 6}));
 }
 
+TEST_F(HeadlessHostTest, EntriesOfMenusAreChosenByTextBeforeCommands) {
+    CMenu menu;
+    menu.AppendSeparator();
+    menu.Append(1, "One");
+    menu.Append(2, "Two");
+    menu.Append(3, "Three", false);
+    host.menus.choices = {1};
+    host.menus.texts = {"Two", "Three", ""};
+    EXPECT_EQ(host.menus.Track(menu, nullptr, {}), 2);
+    EXPECT_EQ(host.menus.Track(menu, nullptr, {}), 0);
+    EXPECT_EQ(host.menus.Track(menu, nullptr, {}), 0);
+    EXPECT_EQ(host.menus.Track(menu, nullptr, {}), 1);
+}
+
 // ---- dialogs
 
 class StubbornDialog : public ModalDialog {

@@ -210,6 +210,9 @@ void CTBPostView::OnActiveNewDlg() {
         Activate(param);
     } else if (ReadsAgainAfterCancel(id_)) {
         for (CTBPostDS* one : Sources()) one->SetReRead(true);
+        // A table that shows nothing yet shows what it would have offered.
+        param.loads.selected = param.loads.defaults;
+        if (source->Rows().empty() && !param.loads.selected.empty()) Activate(param);
     }
 }
 
