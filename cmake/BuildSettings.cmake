@@ -8,6 +8,10 @@ target_compile_options(zt_build_settings INTERFACE
     # False alarms of GCC 12 on std::string with -O3.
     $<$<AND:$<COMPILE_LANGUAGE:CXX>,$<CXX_COMPILER_ID:GNU>>:-Wno-restrict>)
 
+# Tests leave the optimiser little to do, and are most of the time to build.
+set(is_test $<BOOL:$<TARGET_PROPERTY:ZT_IS_TEST>>)
+target_compile_options(zt_build_settings INTERFACE $<${is_test}:-O0>)
+
 # One build serves the sanitizers and the fuzzers. It is optimised just enough to run the tests, and keeps the lines of
 # the sources for the reports: more of either would double the time to build.
 if(ZT_SANITIZE)
@@ -15,11 +19,10 @@ if(ZT_SANITIZE)
         message(FATAL_ERROR "The build with sanitizers needs clang: cmake --preset sanitizers")
     endif()
     set(ZT_SANITIZER_FLAGS -fsanitize=address,undefined -fno-sanitize-recover=undefined)
-    set(is_test $<BOOL:$<TARGET_PROPERTY:ZT_IS_TEST>>)
     target_compile_options(zt_build_settings INTERFACE -fno-omit-frame-pointer -gline-tables-only
-        # Tests are most of the time to build: they leave the optimiser little to do, and only what they do to memory is
-        # watched in them. Everything else is watched in full, and shows the fuzzers which paths an input takes.
-        "$<${is_test}:-O0;-fsanitize=address>"
+        # In tests only what they do to memory is watched. Everything else is watched in full, and shows the fuzzers which
+        # paths an input takes.
+        $<${is_test}:-fsanitize=address>
         "$<$<NOT:${is_test}>:-O1;${ZT_SANITIZER_FLAGS};-fsanitize=fuzzer-no-link>")
     target_link_options(zt_build_settings INTERFACE ${ZT_SANITIZER_FLAGS})
 endif()

@@ -25,7 +25,7 @@ protected:
         window = std::make_unique<MainWindow>(std::move(doc));
         window->show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
-        window->OpenTable({true, kThickness});
+        window->OpenTable({TableSort::Property, kThickness});
         grid = window->ActiveGrid();
         ASSERT_NE(nullptr, grid->Grid());
     }

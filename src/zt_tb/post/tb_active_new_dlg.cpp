@@ -7,6 +7,7 @@
 #include "velda_lib/msg_dll.h"
 #include "velda_lib/number_text.h"
 #include "velda_lib/numeric_optimizer.h"
+#include "zt_tb/post/result_tracer.h"
 
 namespace zt {
 namespace {
@@ -82,7 +83,9 @@ void CTBActiveNewDlg::ForEachList(Visitor visit) {
 void CTBActiveNewDlg::OnInitDialog() {
     objects_ = param_.allObjects;
     std::sort(objects_.begin(), objects_.end());
-    objectText = RangeText(param_.selectedObjects);
+    Numbers selected = param_.selectedObjects;
+    DropUntraced(selected);
+    objectText = RangeText(std::move(selected));
     lists_ = {};
     ForEachList([this](ActiveSection section, const auto& list) {
         for (std::size_t i = 0; i < list.names.size(); ++i) {
@@ -94,8 +97,9 @@ void CTBActiveNewDlg::OnInitDialog() {
 
 void CTBActiveNewDlg::FillLoads() {
     const LoadChoiceList& loads = param_.loads;
-    const bool isFirst = loads.selected.empty();
-    const std::vector<LoadChoice>& ticked = isFirst ? loads.defaults : loads.selected;
+    const auto traced = TracedLoads(loads.all);
+    const bool isFirst = loads.selected.empty() && !traced;
+    const std::vector<LoadChoice>& ticked = traced ? *traced : isFirst ? loads.defaults : loads.selected;
     for (std::size_t i = 0; i < loads.names.size(); ++i) {
         const LoadChoice& choice = loads.all[i];
         const bool isTicked = isFirst && !loads.useDefaults ? IsShownFirst(choice) : Holds(ticked, choice);

@@ -1,6 +1,7 @@
 #include "zt_tb/post/tb_post_ds_memb2.h"
 
 #include "velda_lib/msg_dll.h"
+#include "zt_tb/post/result_tracer.h"
 
 namespace zt {
 
@@ -66,6 +67,7 @@ void CTBPostDSMemb2::FilterObjectKeys(std::vector<std::uint32_t>& keys) {
         T_PMEMB_D member;
         return members.Get(key, member) && !types_.contains(member.kind);
     });
+    if (!keys_.empty()) DropUntraced(keys);
 }
 
 void CTBPostDSMemb2::AfterSetRecCount() {

@@ -14,6 +14,7 @@
 #include "zt_tb/post/result_selection.h"
 #include "zt_tb/post/result_sources.h"
 #include "zt_tb/post/result_steps.h"
+#include "zt_tb/post/result_tracer.h"
 #include "zt_tb/post/story/tb_set_rmf_mini_dlg.h"
 #include "zt_tb/post/tb_active_new_dlg.h"
 
@@ -139,11 +140,29 @@ void CTBPostView::AddnDelView(const TabFlags& flags) {
     velda::TabStyle style = GetTabWnd()->GetStyle();
     style.stripHeight += velda::TabStyle{}.stripHeight == style.stripHeight ? style.stripHeight * 2 / 3 : 0;
     GetTabWnd()->SetStyle(style);
-    if (OpensActivation(id_, ActiveTab())) PostActivation();
+    if (OpensActivation(id_, ActiveTab()) && FollowTracer()) PostActivation();
+}
+
+bool CTBPostView::FollowTracer() {
+    // The finding of story displacements tells its direction.
+    constexpr int kStoryDisplacement = 15;
+    const ResultTableEntry* table = FindResultTable(id_);
+    if (!table || !table->tracerTab) return true;
+    if (!CDBDoc::m_pDBDoc) return false;
+    if (!CDBDoc::m_pDBDoc->IsTracerMode()) return true;
+    if (id_ == kStoryDisplacement) {
+        const CCheckerCtrl* checker = TracingChecker();
+        if (!checker) return false;
+        if (checker->GetCurrentTracerKey2() != 1) return true;
+    }
+    SetCurrentTab(*table->tracerTab);
+    return true;
 }
 
 void CTBPostView::PostActivation() {
-    if (GetWindow()) GetWindow()->PostCommand({.id = ResultCommandId::Activate});
+    if (!GetWindow() || activationWaits_) return;
+    activationWaits_ = true;
+    GetWindow()->PostCommand({.id = ResultCommandId::Activate});
 }
 
 bool CTBPostView::ActivateTab(int tab, int last) {
@@ -200,6 +219,7 @@ bool CTBPostView::GetActivation(TB_ACTIVE_PARAM& param) {
 }
 
 void CTBPostView::OnActiveNewDlg() {
+    activationWaits_ = false;
     CTBPostDS* source = SourceOf(GetActiveCore());
     if (!source) return;
     source->SetDialogSeen();
@@ -395,6 +415,8 @@ void CTBPostView::OnTabSwitch() {
     CTBPostDS* source = SourceOf(GetActiveCore());
     if (source && source->GetNeedsActivation()) {
         source->SetNeedsActivation(false);
+        CDBDoc* doc = CDBDoc::m_pDBDoc;
+        if (doc && doc->GetTableID4Checker() == kFilteredResultTable) doc->StartTracerMode();
         PostActivation();
     }
     graphMenu_ = GraphMenuOf(tab).value_or(graphMenu_);

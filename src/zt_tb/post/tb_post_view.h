@@ -157,6 +157,8 @@ private:
     void RemoveTab(int tab);
     bool ActivateTab(int tab, int last);
     void PostActivation();
+    /// Turns to the tab that a traced finding is about; false when there is no checker to tell.
+    bool FollowTracer();
     /// Selects in the model what the rows of a table are about.
     void SelectObjectsOf(const velda::CTBCore& grid);
     /// Selects the rows of what was selected elsewhere.
@@ -167,6 +169,7 @@ private:
     int id_ = 0;
     int memberMark_ = 0;
     bool graphMenu_ = true;
+    bool activationWaits_ = false;   ///< the command of the activation dialog was posted
     bool followsSelection_ = false;  ///< rows are being selected for what was selected elsewhere
     std::array<velda::CTBCore*, kResultTabCount> grids_{};
 };

@@ -2,6 +2,7 @@
 
 #include "velda_lib/number_text.h"
 #include "zt_db/post/story/story_result_post.h"
+#include "zt_tb/post/result_tracer.h"
 #include "zt_tb/post/story/story_columns.h"
 
 namespace zt {
@@ -35,6 +36,17 @@ const ResultDeclaration& CTBPostStDisp::Declared() {
 CTBPostStDisp::CTBPostStDisp(int kind, int direction)
     : StorySource(kind, Declared(), {.level = 3, .height = 4, .load = 5, .plot = 7}),
       direction_(direction == 1 || direction == 2 ? static_cast<std::size_t>(direction) : 0) {}
+
+void CTBPostStDisp::CustomizeCell(int row, int col, velda::CGXStyle& style) {
+    constexpr int kCheckMode = 73;
+    constexpr int kAverage = 8;
+    constexpr std::uint32_t kRed = 255;
+    StorySource::CustomizeCell(row, col, style);
+    if (Grid()->RecCtrl().GetFldID(row, col) != kAverage) return;
+    const long record = Grid()->RecCtrl().GetRecNo(row);
+    const std::uint32_t story = ObjectNumber(static_cast<std::size_t>(record - 1) / Rows().size());
+    if (IsTraced(kCheckMode, story, *LoadOfRecord(record))) style.SetTextColor(kRed);
+}
 
 void CTBPostStDisp::ReadStories(const CPostCtrl& control, const LoadChoice& load, int /*step*/,
                                 std::vector<T_STDSP_D>& records) {

@@ -11,6 +11,9 @@ public:
     CTBPostStDisp(int kind, int direction);
     static const ResultDeclaration& Declared();
 
+    /// Marks the average that a finding of the model checker is about.
+    void CustomizeCell(int row, int col, velda::CGXStyle& style) override;
+
 protected:
     void ReadStories(const CPostCtrl& control, const LoadChoice& load, int step,
                      std::vector<T_STDSP_D>& records) override;

@@ -1,0 +1,74 @@
+#include "zt_tb/post/result_tracer.h"
+
+#include <gtest/gtest.h>
+
+namespace zt {
+namespace {
+
+/// A checker that found node 2 and the wind on story 7.
+class FakeChecker final : public CCheckerCtrl {
+public:
+    bool ExistFilteredKey4Table(std::uint32_t key) const override { return key == 2; }
+    int GetCurrentTracerKey2() const override { return 1; }
+    int GetCurrentSelectedCheckType() const override { return check; }
+    std::vector<TracedResult> GetCheckingResult() const override { return {{7, 3, LoadCaseKind::Static}}; }
+
+    int check = 73;
+};
+
+class ResultTracer : public testing::Test {
+protected:
+    ResultTracer() {
+        doc->MakeCurrent();
+        doc->SetChekCtrl(&checker);
+        doc->StartTracerMode();
+    }
+
+    using Loads = std::vector<LoadChoice>;
+    const Loads offered{{.key = 1}, {.key = 3}, {.key = 3, .kind = LoadCaseKind::EsSpectrum}};
+    FakeChecker checker;
+    std::unique_ptr<CDBDoc> doc = CDBDoc::New();
+};
+
+TEST_F(ResultTracer, NothingIsTracedOutsideTracerModeOrWithoutAChecker) {
+    doc->EndTracerMode();
+    EXPECT_EQ(nullptr, TracingChecker());
+    EXPECT_FALSE(TracedLoads(offered));
+    doc->StartTracerMode();
+    doc->SetChekCtrl(nullptr);
+    EXPECT_EQ(nullptr, TracingChecker());
+}
+
+TEST_F(ResultTracer, OnlyTheTableThatTheCheckerLeadsToIsNarrowed) {
+    std::vector<std::uint32_t> numbers{1, 2, 3};
+    DropUntraced(numbers);
+    EXPECT_EQ(3u, numbers.size());
+    doc->SetTableID4Checker(kFilteredResultTable);
+    DropUntraced(numbers);
+    EXPECT_EQ(std::vector<std::uint32_t>{2}, numbers);
+}
+
+TEST_F(ResultTracer, AFindingIsThatOfItsCheckStoryAndLoadCase) {
+    doc->SetCheckMode(73);
+    EXPECT_TRUE(IsTraced(73, 7, {.key = 3}));
+    EXPECT_FALSE(IsTraced(73, 8, {.key = 3}));
+    EXPECT_FALSE(IsTraced(73, 7, {.key = 1}));
+    EXPECT_FALSE(IsTraced(73, 7, {.key = 3, .kind = LoadCaseKind::Spectrum}));
+    doc->SetCheckMode(72);
+    EXPECT_FALSE(IsTraced(73, 7, {.key = 3}));
+}
+
+TEST_F(ResultTracer, TheCheckSaysWhichLoadCasesAreTicked) {
+    EXPECT_EQ((Loads{{.key = 3}}), TracedLoads(offered));
+    checker.check = 108;
+    EXPECT_EQ(offered, TracedLoads(offered));
+    checker.check = 99;
+    EXPECT_EQ(Loads{}, TracedLoads(offered));
+    checker.check = 116;
+    EXPECT_EQ((Loads{{.key = 3, .kind = LoadCaseKind::EsSpectrum}}), TracedLoads(offered));
+    checker.check = 72;
+    EXPECT_EQ(std::nullopt, TracedLoads(offered));
+}
+
+}  // namespace
+}  // namespace zt

@@ -1,0 +1,173 @@
+#include "zt_tb/post/tb_post_view.h"
+
+#include "velda_base/host/headless_host.h"
+#include "zt_tb/core/usage_counter.h"
+#include "zt_tb/post/result_sources.h"
+#include <gtest/gtest.h>
+
+namespace zt {
+namespace {
+
+class TBPostView : public testing::Test {
+protected:
+    /// A window that counts the commands that come to it.
+    class Window final : public velda::HeadlessWindow {
+    public:
+        using HeadlessWindow::HeadlessWindow;
+        int commands = 0;
+
+    protected:
+        void OnCommand(const velda::CommandMessage& command) override {
+            if (command.id == ResultCommandId::Activate) ++commands;
+        }
+    };
+    TBPostView() {
+        doc->MakeCurrent();
+        view.SetWindow(&window);
+    }
+    std::vector<int> Tabs() const {
+        std::vector<int> tabs;
+        for (int tab = 0; tab < kResultTabCount; ++tab) {
+            if (view.GridOf(tab)) tabs.push_back(tab);
+        }
+        return tabs;
+    }
+
+    velda::HeadlessHost host;
+    velda::UseHost use{host};
+    std::unique_ptr<CDBDoc> doc = CDBDoc::New();
+    Window window{host.queue};
+    CTBPostView view;
+};
+
+TEST_F(TBPostView, EveryOperationOpensTheTabsOfItsTable) {
+    for (const ResultTableEntry& table : ResultTables()) {
+        if (table.operation.empty()) continue;
+        const std::vector<int> tabs = TabsOf(table);
+        CTBPostView one;
+        std::vector<int> arguments;
+        if (table.choice == TabChoice::ByCaller) arguments.assign(tabs.size(), 1);
+        if (table.choice == TabChoice::BySwitch) arguments = {table.id};
+        EXPECT_TRUE(one.AddTable(table.operation, arguments)) << table.operation;
+        EXPECT_EQ(table.id, one.GetResultTableId());
+        EXPECT_EQ(GetTableName(table.id), one.GetTitle());
+        const int expected = table.choice == TabChoice::ByModelControl ? 1 : static_cast<int>(tabs.size());
+        EXPECT_EQ(std::max(expected, 1), one.GetTabCount()) << table.operation;
+    }
+}
+
+TEST_F(TBPostView, TabsWithoutAClassAreGridsWithoutASource) {
+    view.AddColmView(true, true);
+    ASSERT_EQ(2, view.GetTabCount());
+    EXPECT_EQ(nullptr, view.GridOf(3)->GetDataSrc());
+    EXPECT_EQ(0, view.GridOf(3)->RowCount());
+    TB_ACTIVE_PARAM param;
+    EXPECT_FALSE(view.GetActivation(param));
+}
+
+TEST_F(TBPostView, EachTabOfTheCatalogueHasItsSourceOrIsListedAsWithoutOne) {
+    for (const ResultTabEntry& tab : ResultTabs()) {
+        const auto source = MakeResultSource(tab.className, tab.tab, tab.argument);
+        EXPECT_EQ(FindResultSourceClass(tab.className) != nullptr, source != nullptr) << tab.tab;
+        if (source) {
+            EXPECT_EQ(tab.tab, source->GetKind());
+        }
+    }
+}
+
+TEST_F(TBPostView, ArgumentsThatDoNotFitAreRefused) {
+    EXPECT_FALSE(view.AddTable("AddNothingView"));
+    EXPECT_FALSE(view.AddTable("AddColmView", std::array{1}));
+    EXPECT_FALSE(view.AddTable("AddDgnMaxFctView", std::array{2}));
+    EXPECT_EQ(0, view.GetResultTableId());
+}
+
+TEST_F(TBPostView, AViewKeepsItsTable) {
+    view.AddDispView();
+    EXPECT_FALSE(view.AddTable("AddReacView"));
+    EXPECT_EQ(2, view.GetResultTableId());
+}
+
+TEST_F(TBPostView, OperationsThatOpenNothingDoSo) {
+    view.AddStorDrftView();
+    view.AddStorModeView();
+    EXPECT_EQ(0, view.GetResultTableId());
+    EXPECT_EQ(0, view.GetTabCount());
+}
+
+TEST_F(TBPostView, ASecondChoiceOfTabsTakesSomeAwayButNeverTheLast) {
+    view.AddStorQueryView();
+    EXPECT_EQ((std::vector<int>{60, 61, 62}), Tabs());
+    CTBPostView::TabFlags flags{};
+    flags[61] = true;
+    view.AddnDelView(flags);
+    EXPECT_EQ(std::vector<int>{61}, Tabs());
+    flags[61] = false;
+    view.AddnDelView(flags);
+    EXPECT_EQ(std::vector<int>{61}, Tabs());
+}
+
+TEST_F(TBPostView, TheActivationIsPostedOnceAndRunsAfterTheOperation) {
+    view.AddMembForceView();
+    EXPECT_EQ(0, window.commands);
+    // Another tab that wants to be activated asks while the first request waits.
+    view.SetCurrentTab(1);
+    host.queue.Deliver();
+    EXPECT_EQ(1, window.commands);
+}
+
+TEST_F(TBPostView, SomeTablesOpenWithoutTheDialog) {
+    view.AddVibrModeView();
+    host.queue.Deliver();
+    EXPECT_EQ(0, window.commands);
+}
+
+TEST_F(TBPostView, ATracedFindingTurnsToItsTab) {
+    doc->StartTracerMode();
+    view.AddMembForceView();
+    EXPECT_EQ(67, view.ActiveTab());
+}
+
+TEST_F(TBPostView, TabsOfStoryDisplacementsAreChosenWithinBounds) {
+    EXPECT_TRUE(view.ActiveStorDispTab(1));
+    view.AddStorDispView();
+    EXPECT_TRUE(view.ActiveStorDispTab(1));
+    EXPECT_EQ(21, view.ActiveTab());
+    EXPECT_FALSE(view.ActiveStorDispTab(2));
+    EXPECT_FALSE(view.ActiveMaxFctTab(4));
+    EXPECT_EQ(21, view.ActiveTab());
+}
+
+TEST_F(TBPostView, TheMenuIsThatOfTheTable) {
+    view.AddStorDrftAngView();
+    EXPECT_NE(nullptr, view.BuildContextMenu().Find(ResultCommandId::Activate));
+    EXPECT_EQ(nullptr, view.BuildContextMenu().Find(ResultCommandId::ExportGraphToExcel));
+    CTBPostView modes;
+    modes.AddVibrModeView();
+    EXPECT_EQ(nullptr, modes.BuildContextMenu().Find(ResultCommandId::Activate));
+}
+
+TEST_F(TBPostView, UsesOfStoryTablesAreCounted) {
+    const int before = IUsageCounter::Current().CountOf("TBSTRDSP");
+    view.AddStorDispView();
+    EXPECT_EQ(before + 1, IUsageCounter::Current().CountOf("TBSTRDSP"));
+}
+
+TEST_F(TBPostView, OnlyMemberTablesHaveTheirMark) {
+    view.AddMembForceView();
+    EXPECT_EQ(3, view.GetMemberTableMark());
+    CTBPostView other;
+    other.AddDispView();
+    EXPECT_EQ(0, other.GetMemberTableMark());
+}
+
+TEST_F(TBPostView, TablesOfTheModelReadItBeforeAnyAnalysis) {
+    view.AddStorLoadView();
+    EXPECT_EQ(doc->GetMDBCtrl()->GetDBPre(), &view.GetDB());
+    CTBPostView results;
+    results.AddDispView();
+    EXPECT_EQ(doc->GetMDBCtrl()->GetDBPost(), &results.GetDB());
+}
+
+}  // namespace
+}  // namespace zt
