@@ -27,7 +27,7 @@ double RoundStep(double range, int count) {
 }  // namespace
 
 StoryPlot::StoryPlot(QWidget* parent) : QWidget(parent) {
-    setMinimumWidth(220);
+    setMinimumWidth(160);
     hide();
 }
 

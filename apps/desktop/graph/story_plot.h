@@ -16,7 +16,7 @@ public:
     /// Shows a profile from now on; the window hides with an empty one.
     void Show(StoryProfile profile);
     const StoryProfile& Profile() const { return profile_; }
-    QSize sizeHint() const override { return {320, 400}; }
+    QSize sizeHint() const override { return {230, 400}; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;

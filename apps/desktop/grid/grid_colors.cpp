@@ -47,6 +47,13 @@ QColor GridColors::OfStyle(std::uint32_t color) {
     return {static_cast<int>(color & 0xFF), static_cast<int>(color >> 8 & 0xFF), static_cast<int>(color >> 16 & 0xFF)};
 }
 
+QColor GridColors::InteriorOf(std::uint32_t color) const {
+    constexpr double kTint = 0.3;
+    constexpr double kShare = 0.25;
+    const QColor given = OfStyle(color);
+    return dark && Luminance(given) > kTint ? Mixed(base, given, kShare) : given;
+}
+
 QColor GridColors::TextOn(const QColor& background) { return IsDark(background) ? Qt::white : Qt::black; }
 
 QColor GridColors::Readable(const QColor& text, const QColor& background) {

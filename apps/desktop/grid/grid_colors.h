@@ -27,6 +27,8 @@ struct GridColors {
     static GridColors Of(const QPalette& palette);
     /// A colour of a style, whose numbers are blue-green-red.
     static QColor OfStyle(std::uint32_t color);
+    /// The background that a style asks for; in a dark table light tints are as faint as they are in a light one.
+    QColor InteriorOf(std::uint32_t color) const;
     /// Black or white, whichever can be read on a background.
     static QColor TextOn(const QColor& background);
     /// A colour of letters, made lighter or darker as far as it must be to be read on a background.

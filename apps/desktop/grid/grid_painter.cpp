@@ -119,7 +119,7 @@ QColor GridPainter::BackgroundOf(int row, const velda::CGXStyle& style, bool ena
     if (browser_ && browser_->Session().IsRowOpen() && browser_->Session().Row() == grid_.RowIdAt(row)) {
         return colors_.rowInEdit;
     }
-    if (style.IncludeInterior()) return GridColors::OfStyle(style.GetInterior());
+    if (style.IncludeInterior()) return colors_.InteriorOf(style.GetInterior());
     if (!enabled) return colors_.disabled;
     return style.GetReadOnly() ? colors_.readOnly : colors_.base;
 }

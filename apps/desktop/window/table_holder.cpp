@@ -33,6 +33,7 @@ TableHolder::TableHolder(QWidget* parent) : QWidget(parent) {
     beside->addWidget(pages_);
     beside->addWidget(plot_);
     beside->setStretchFactor(0, 1);
+    beside->setStretchFactor(1, 0);
     beside->setChildrenCollapsible(false);
     layout->addWidget(beside, 1);
     layout->addWidget(tabs_);
