@@ -5,6 +5,7 @@
 
 #include "desktop/host/activation_dialog.h"
 #include "desktop/host/dialogs.h"
+#include "desktop/host/drift_limits_dialog.h"
 #include "desktop/host/property_window.h"
 
 namespace zt {
@@ -23,10 +24,14 @@ std::unique_ptr<QDialog> MakeFor(velda::ModalDialog& dialog) {
 
 using Maker = std::unique_ptr<QDialog> (*)(velda::ModalDialog& dialog);
 constexpr Maker kMakers[] = {
-    &MakeFor<CTBFindDlg, &MakeFindDialog>,          &MakeFor<velda::CTBSortDlg, &MakeSortDialog>,
-    &MakeFor<velda::CTBColorDlg, &MakeColorDialog>, &MakeFor<velda::CTBStyleDlg, &MakeStyleDialog>,
-    &MakeFor<CTBDisplayDlg, &MakeDisplayDialog>,    &MakeFor<PropertyDialog, &MakePropertyWindow>,
+    &MakeFor<CTBFindDlg, &MakeFindDialog>,
+    &MakeFor<velda::CTBSortDlg, &MakeSortDialog>,
+    &MakeFor<velda::CTBColorDlg, &MakeColorDialog>,
+    &MakeFor<velda::CTBStyleDlg, &MakeStyleDialog>,
+    &MakeFor<CTBDisplayDlg, &MakeDisplayDialog>,
+    &MakeFor<PropertyDialog, &MakePropertyWindow>,
     &MakeFor<CTBActiveNewDlg, &MakeActivationDialog>,
+    &MakeFor<CTBSetRMFMiniDlg, &MakeDriftLimitsDialog>,
 };
 
 }  // namespace

@@ -21,6 +21,7 @@
 #include "velda_base/host/headless_host.h"
 #include "velda_lib/language.h"
 #include "velda_util/pref/table_registry.h"
+#include "zt_db/exchange/model_exchange.h"
 #include "zt_db/records/actl.h"
 #include "zt_db/records/lnld.h"
 #include "zt_db/records/matl.h"
@@ -38,6 +39,7 @@
 #include "zt_tb/model/tb_display_dlg.h"
 #include "zt_tb/model/tb_pre_view.h"
 #include "zt_tb/model/tb_prop_view.h"
+#include "zt_tb/post/story/tb_set_rmf_mini_dlg.h"
 #include "zt_tb/post/tb_post_view.h"
 
 namespace zt {
@@ -283,7 +285,7 @@ void TourLoads(Album& album) {
 }
 
 /// Tables of results: the dialog in which load cases are chosen, and what they show of all load cases.
-void TourResultTables(Album& album, MainWindow& window) {
+void TourResultTables(Album& album, MainWindow& window, const QString& prefix = QStringLiteral("results-")) {
     const auto open = [&window](int id) {
         window.OpenTable({TableSort::Result, id});
         return dynamic_cast<CTBPostView*>(window.ActiveHolder()->View());
@@ -295,15 +297,51 @@ void TourResultTables(Album& album, MainWindow& window) {
         view.Activate(param);
     };
     // The dialog opens as soon as the table does.
-    AddDialog(album, "results-activation", [&] { open(2); });
-    for (const auto& [name, id] : {std::pair("results-displacements", 2), std::pair("results-reactions", 3),
-                                   std::pair("results-member-forces", 48), std::pair("results-story-displacement", 15),
-                                   std::pair("results-story-drift", 14)}) {
+    AddDialog(album, prefix + "activation", [&] { open(2); });
+    for (const auto& [name, id] :
+         {std::pair("displacements", 2), std::pair("reactions", 3), std::pair("member-forces", 48),
+          std::pair("story-displacement", 15), std::pair("story-drift", 14)}) {
         AddDialog(album, {}, [&, table = id] { open(table); });
         activate(*open(id));
+        window.ActiveGrid()->Grid()->SetCurrentCell(1, 3);
         window.ActiveGrid()->Refresh();
-        album.Add(name, window);
+        album.Add(prefix + name, window);
     }
+}
+
+/// The whole way of a building: imported, a section renamed, analysed, read by node, member and storey in two units.
+/// Without the sample it is passed over.
+void TourWalk(Album& album) {
+    auto doc = CDBDoc::New();
+    CDataBase& database = *doc->GetMDBCtrl()->GetCurrentDB();
+    ExchangeReport report;
+    if (!ImportModel(database, "samples/steel_frame_3_storeys", {}, report)) return;
+    MainWindow window(std::move(doc));
+    window.resize({1400, 760});
+    window.show();
+    album.Add("walk-imported", window);
+    window.OpenTable({TableSort::Property, CTBPropView::kSection});
+    auto& sections = dynamic_cast<velda::CTBBrowserWnd&>(*window.ActiveGrid()->Grid());
+    if (sections.EditCell(1, 2, "C-1")) sections.LeaveRow();
+    album.Add("walk-section", window);
+    window.RunAnalysis();
+    window.Log().show();
+    album.Add("walk-analysed", window);
+    window.Log().hide();
+    window.Model().Deformed().setChecked(true);
+    window.Model().Colours().setChecked(true);
+    TourResultTables(album, window, "walk-");
+    AddDialog(album, "walk-drift-limits", [] {
+        DriftLimits limits;
+        CTBSetRMFMiniDlg dialog(limits);
+        velda::DoModal(dialog);
+    });
+    T_UNIT_INDEX units;
+    CUnitCtrl& control = *window.Document().GetUnitCtrl();
+    control.GetUnitIndexCurrent(units);
+    units.length = units.modelLength = CUnitCtrl::FindChoice(UnitQuantity::Length, "mm");
+    control.SetUnitIndexCurrent(units, 1);
+    album.Add("walk-millimetres", window);
 }
 
 /// An analysed building as it moves under wind, and the displacements of its nodes and columns in colours.
@@ -501,6 +539,7 @@ bool TakeTour(QApplication& application, const QString& folder) {
             TourBuilding(album);
             TourLoads(album);
             TourResults(album);
+            TourWalk(album);
             TourProperties(album);
             TourAnalysis(album);
             TourPaperAndGraphs(album);
