@@ -293,7 +293,7 @@ void TourResultTables(Album& album, MainWindow& window, const QString& prefix = 
     const auto activate = [](CTBPostView& view) {
         TB_ACTIVE_PARAM param;
         if (!view.GetActivation(param)) return;
-        param.loads.selected = param.loads.useDefaults ? param.loads.defaults : param.loads.all;
+        param.loads.selected = param.loads.defaults.empty() ? param.loads.all : param.loads.defaults;
         view.Activate(param);
     };
     // The dialog opens as soon as the table does.
