@@ -161,7 +161,7 @@ void TourEditing(Album& album) {
     album.Add("selection", *stage.window);
     for (const auto& [name, command] : {std::pair("find", CommandId::EditFind), std::pair("sort", CommandId::Sort),
                                         std::pair("style", CommandId::Style), std::pair("colors", CommandId::Color)}) {
-        AddDialog(album, name, [&] { stage.window->ActiveHolder()->View()->OnCommand(command); });
+        AddDialog(album, name, [&, id = command] { stage.window->ActiveHolder()->View()->OnCommand(id); });
     }
     AddDialog(album, "displayed-tables", [] {
         CTBDisplayDlg dialog({});
@@ -171,7 +171,8 @@ void TourEditing(Album& album) {
          {std::pair("dialog-materials", "CModelPropMatlDlg"), std::pair("dialog-sections", "CCMSectItemDlg"),
           std::pair("dialog-thicknesses", "CModelPropThikDlg"), std::pair("dialog-load-cases", "LoadCaseDialog"),
           std::pair("dialog-load-combinations", "LoadCombinationDialog")}) {
-        AddDialog(album, name, [&] { velda::ICmdDialog::Instance()->DoModal3(dialog, 1, nullptr, nullptr); });
+        AddDialog(album, name,
+                  [&, box = dialog] { velda::ICmdDialog::Instance()->DoModal3(box, 1, nullptr, nullptr); });
     }
     stage.window->ToggleFilter();
     stage.window->OpenFind();
@@ -441,7 +442,8 @@ void TourAnalysis(Album& album) {
           std::pair("dialog-time-functions", "TimeFunctionDialog"),
           std::pair("dialog-time-history-cases", "TimeHistoryCaseDialog"),
           std::pair("dialog-drift-restriction", "DriftRestrictionDialog")}) {
-        AddDialog(album, name, [&] { velda::ICmdDialog::Instance()->DoModal3(dialog, 1, nullptr, nullptr); });
+        AddDialog(album, name,
+                  [&, box = dialog] { velda::ICmdDialog::Instance()->DoModal3(box, 1, nullptr, nullptr); });
     }
     // A load on a node that no member meets is a warning.
     constexpr std::uint32_t loose = 90001;
