@@ -49,7 +49,11 @@ TableHolder::TableHolder(QWidget* parent) : QWidget(parent) {
     });
 }
 
-TableHolder::~TableHolder() { SetView(nullptr); }
+// The window of the table goes last and tells of it.
+TableHolder::~TableHolder() {
+    SetView(nullptr);
+    grid_->disconnect(this);
+}
 
 void TableHolder::ShowPlot() {
     const auto* results = dynamic_cast<const velda::CTBCore*>(grid_->Grid());

@@ -186,7 +186,7 @@ std::uint32_t ModelWriter::ModuleOf(const std::string& name) {
 void ModelWriter::UseStoriesOfModel() {
     std::vector<std::uint32_t> keys;
     database_.GetClass<CClassStor>()->GetKeyList(keys);
-    std::vector<StoryLevel> levels;
+    std::vector<ExchangeLevel> levels;
     for (const std::uint32_t key : keys) {
         T_STOR_D record;
         database_.GetClass<CClassStor>()->Get(key, record);
@@ -207,7 +207,7 @@ bool ModelWriter::WriteStoreys() {
     FillHeights(storeys_);
     RecordBatch<CClassStor> batch(database_);
     const KnownRecords<CClassStor> known(database_, NameOf<T_STOR_D>);
-    std::vector<StoryLevel> levels;
+    std::vector<ExchangeLevel> levels;
     for (const ExchangeStorey& storey : storeys_) {
         const std::uint32_t module = ModuleOf(storey.module);
         if (module == 0) return false;

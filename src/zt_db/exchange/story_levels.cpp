@@ -5,8 +5,8 @@
 #include <unordered_map>
 
 #include "velda_lib/number_text.h"
-#include "zt_db/geometry/member_geometry.h"
 #include "zt_db/exchange/member_kinds.h"
+#include "zt_db/geometry/member_geometry.h"
 
 namespace zt {
 namespace {
@@ -16,21 +16,21 @@ constexpr double kTolerance = 0.01;
 
 }  // namespace
 
-StoryLevels::StoryLevels(std::vector<StoryLevel> levels) : levels_(std::move(levels)) {
-    std::sort(levels_.begin(), levels_.end(), [](const StoryLevel& a, const StoryLevel& b) {
+StoryLevels::StoryLevels(std::vector<ExchangeLevel> levels) : levels_(std::move(levels)) {
+    std::sort(levels_.begin(), levels_.end(), [](const ExchangeLevel& a, const ExchangeLevel& b) {
         return a.level < b.level || (a.level == b.level && a.key < b.key);
     });
 }
 
 std::size_t StoryLevels::PlaceOfHeight(double z) const {
     const auto at = std::find_if(levels_.begin(), levels_.end(),
-                                 [&](const StoryLevel& story) { return story.level >= z - kTolerance; });
+                                 [&](const ExchangeLevel& story) { return story.level >= z - kTolerance; });
     return at == levels_.end() ? levels_.size() - 1 : static_cast<std::size_t>(at - levels_.begin());
 }
 
 std::size_t StoryLevels::PlaceOfKey(std::uint32_t key) const {
     const auto at =
-        std::find_if(levels_.begin(), levels_.end(), [&](const StoryLevel& story) { return story.key == key; });
+        std::find_if(levels_.begin(), levels_.end(), [&](const ExchangeLevel& story) { return story.key == key; });
     return static_cast<std::size_t>(at - levels_.begin());
 }
 

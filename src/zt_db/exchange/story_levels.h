@@ -9,7 +9,7 @@
 namespace zt {
 
 /// A story by its top level.
-struct StoryLevel {
+struct ExchangeLevel {
     double level = 0.0;
     std::uint32_t key = 0;
 };
@@ -17,17 +17,17 @@ struct StoryLevel {
 /// The stories of a module from the lowest up, and which of them a height belongs to.
 class StoryLevels {
 public:
-    explicit StoryLevels(std::vector<StoryLevel> levels);
+    explicit StoryLevels(std::vector<ExchangeLevel> levels);
 
     bool Empty() const { return levels_.empty(); }
     /// Place, from the lowest up, of the story that ends at or above a height; the topmost for what stands higher.
     std::size_t PlaceOfHeight(double z) const;
     /// Place of the story with a key.
     std::size_t PlaceOfKey(std::uint32_t key) const;
-    const StoryLevel& At(std::size_t place) const { return levels_[place]; }
+    const ExchangeLevel& At(std::size_t place) const { return levels_[place]; }
 
 private:
-    std::vector<StoryLevel> levels_;
+    std::vector<ExchangeLevel> levels_;
 };
 
 /// How far a height lies above a level, without the last digits that the difference leaves behind.
