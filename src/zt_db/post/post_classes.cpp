@@ -9,22 +9,6 @@ namespace {
 
 constexpr int kWallTypes[] = {202, 216, 217, 218, 219};
 
-/// Numbers of all records of a class, ascending.
-template <class Class>
-std::vector<std::uint32_t> NumbersOf(const Class* records) {
-    std::vector<std::uint32_t> numbers;
-    if (records) records->GetKeyList(numbers);
-    for (std::uint32_t& number : numbers) {
-        if constexpr (std::is_same_v<Class, CClassPont>) {
-            number = records->GetPontNoByKey(number);
-        } else {
-            number = records->GetMembNoByKey(number);
-        }
-    }
-    std::sort(numbers.begin(), numbers.end());
-    return numbers;
-}
-
 bool IsOneOf(int kind, std::span<const int> types) {
     return std::find(types.begin(), types.end(), kind) != types.end();
 }
@@ -43,7 +27,9 @@ int CClassPNode::Exist(std::uint32_t no) const {
     return nodes && nodes->GetPontKeyByNo(no) != 0 ? 1 : 0;
 }
 
-std::vector<std::uint32_t> CClassPNode::Keys() const { return NumbersOf(OfModel<CClassPont>()); }
+std::vector<std::uint32_t> CClassPNode::Keys() const {
+    return database_ ? database_->NodeNumbers() : std::vector<std::uint32_t>{};
+}
 
 int CClassPMemb::Get(std::uint32_t no, T_PMEMB_D& member) const {
     const CClassMemb* members = OfModel<CClassMemb>();
@@ -61,7 +47,9 @@ int CClassPMemb::Exist(std::uint32_t no) const {
     return members && members->GetMembKeyByNo(no) != 0 ? 1 : 0;
 }
 
-std::vector<std::uint32_t> CClassPMemb::Keys() const { return NumbersOf(OfModel<CClassMemb>()); }
+std::vector<std::uint32_t> CClassPMemb::Keys() const {
+    return database_ ? database_->MemberNumbers() : std::vector<std::uint32_t>{};
+}
 
 int PostMembersOfTypes::Get(std::uint32_t no, T_PMEMB_D& member) const {
     T_PMEMB_D record;

@@ -3,9 +3,27 @@
 #include <algorithm>
 
 #include "zt_db/post/story/story_model.h"
+#include "zt_db/records/memb.h"
+#include "zt_db/records/pont.h"
 
 namespace zt {
 namespace {
+
+/// Numbers of all records of a class, ascending.
+template <class Class>
+std::vector<std::uint32_t> NumbersOf(const Class* records) {
+    std::vector<std::uint32_t> numbers;
+    if (records) records->GetKeyList(numbers);
+    for (std::uint32_t& number : numbers) {
+        if constexpr (std::is_same_v<Class, CClassPont>) {
+            number = records->GetPontNoByKey(number);
+        } else {
+            number = records->GetMembNoByKey(number);
+        }
+    }
+    std::sort(numbers.begin(), numbers.end());
+    return numbers;
+}
 
 void PutPlaces(const std::vector<std::uint32_t>& keys, velda::FlatIndex& places) {
     places.Reserve(keys.size());
@@ -77,6 +95,20 @@ std::span<const CPostDataBase::Element> CPostDataBase::ElementsOfMember(std::uin
     std::size_t last = first;
     while (last < elements_.size() && elements_[last].member == no) ++last;
     return std::span(elements_).subspan(first, last - first);
+}
+
+std::vector<std::uint32_t> CPostDataBase::NodeNumbers() const {
+    const CClassPont* nodes = model_ ? model_->GetClass<CClassPont>() : nullptr;
+    if (!results_) return NumbersOf(nodes);
+    if (nodeNumbers_.empty()) nodeNumbers_ = NumbersOf(nodes);
+    return nodeNumbers_;
+}
+
+std::vector<std::uint32_t> CPostDataBase::MemberNumbers() const {
+    const CClassMemb* members = model_ ? model_->GetClass<CClassMemb>() : nullptr;
+    if (!results_) return NumbersOf(members);
+    if (memberNumbers_.empty()) memberNumbers_ = NumbersOf(members);
+    return memberNumbers_;
 }
 
 }  // namespace zt

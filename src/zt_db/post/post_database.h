@@ -60,6 +60,11 @@ public:
         return static_cast<std::size_t>(&element - elements_.data());
     }
 
+    /// Numbers of all nodes, of all members of the model, ascending. They are sorted once where there are results,
+    /// since the model cannot change then.
+    std::vector<std::uint32_t> NodeNumbers() const;
+    std::vector<std::uint32_t> MemberNumbers() const;
+
     /// Stories, made when they are first asked for; none without results, since the model may change then.
     const StoryModel& Stories() const;
 
@@ -83,6 +88,8 @@ private:
     velda::FlatIndex firstElement_;
     std::vector<std::array<std::uint32_t, 3>> slabNodes_;  ///< slab, node, place; sorted
     mutable std::shared_ptr<const StoryModel> stories_;
+    mutable std::vector<std::uint32_t> nodeNumbers_;    ///< sorted; made when first asked for
+    mutable std::vector<std::uint32_t> memberNumbers_;  ///< likewise
 };
 
 }  // namespace zt

@@ -48,7 +48,15 @@ const ResultDeclaration& CTBPostDisp::Declared() {
 
 CTBPostDisp::CTBPostDisp(int kind) : CTBPostDS1(kind, KeyDomain::Nodes, Declared()) {}
 
-void CTBPostDisp::MakeObjectKeys(std::vector<std::uint32_t>& keys) { CClassPNode(&Results()).GetKeyList(keys); }
+void CTBPostDisp::MakeObjectKeys(std::vector<std::uint32_t>& keys) {
+    CClassPNode(&Results()).GetKeyList(keys);
+    hasAllNodes_ = true;
+}
+
+void CTBPostDisp::ApplyObjects(const TB_ACTIVE_PARAM& param) {
+    CTBPostDS1::ApplyObjects(param);
+    if (param.hasObjects) hasAllNodes_ = false;
+}
 
 void CTBPostDisp::ReadRecord() { ReadEnvelope(&CPostCtrl::GetDisp, Key(), record_); }
 

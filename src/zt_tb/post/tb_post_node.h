@@ -11,12 +11,15 @@ public:
     static const ResultDeclaration& Declared();
 
     void MakeObjectKeys(std::vector<std::uint32_t>& keys) override;
+    void ApplyObjects(const TB_ACTIVE_PARAM& param) override;
     void GetRecTexts(velda::RecordCells& cells) override;
 
 protected:
     void ReadRecord() override;
+    bool AreObjectsSorted() const override { return hasAllNodes_ || CTBPostDS1::AreObjectsSorted(); }
 
 private:
+    bool hasAllNodes_ = false;  ///< as they were found, which is in their order: a large table opens faster
     T_DISP_D record_;
 };
 
