@@ -4,6 +4,7 @@
 
 #include "velda_util/preference_damage.h"
 #include "velda_util/preference_folder.h"
+#include "velda_util/result/tb_data_src.h"
 #include <gmock/gmock.h>
 
 namespace velda {
@@ -65,6 +66,52 @@ TEST_F(TableRegistryTest, RegisteringTheSameAgainIsNoFault) {
 TEST_F(TableRegistryTest, RegisteringANameWithAnotherFunctionIsABrokenInvariant) {
     EXPECT_THROW(registry.RegisterTable("TBThik", &MembDefaults), std::invalid_argument);
     EXPECT_EQ(registry.GetPrefInfo("TBThik"), kThik);
+}
+
+/// A source of two columns, by its kind and argument.
+class TwoColumns final : public CTBDataSrc {
+public:
+    TwoColumns(int kind, int argument) : CTBDataSrc(kind), argument_(argument) {}
+    static std::unique_ptr<CTBDataSrc> Make(int kind, int argument) {
+        return std::make_unique<TwoColumns>(kind, argument);
+    }
+    int Argument() const { return argument_; }
+    void InitColHeader() override {}
+    void InitRecFields() override {}
+    void MakeRecords() override {}
+    void AppendPreferences(Items& items) const override { items.insert(items.end(), {{2, 2, 6, 90}, {3, 0, 0, 80}}); }
+    int UserDefinedInit() override { return 1; }
+    long GetRecCount() override { return 0; }
+    int SeekRec(long) override { return 0; }
+    void GetRecTexts(RecordCells&) override {}
+
+private:
+    int argument_;
+};
+std::unique_ptr<CTBDataSrc> MakeOther(int kind, int) { return TwoColumns::Make(kind, 0); }
+
+TEST_F(TableRegistryTest, AClassOfResultTablesIsMadeByItsNameAndTellsItsPreferences) {
+    EXPECT_EQ(registry.RegisterTable("CTBPostTwo", "TBPostTwo", &TwoColumns::Make), "TBPostTwo");
+    const DataSrcFactory make = registry.FactoryOf("CTBPostTwo");
+    ASSERT_NE(make, nullptr);
+    const auto source = make(7, 3);
+    EXPECT_EQ(source->GetKind(), 7);
+    EXPECT_EQ(dynamic_cast<TwoColumns&>(*source).Argument(), 3);
+    EXPECT_THAT(WidthsOf(registry, "TBPostTwo"), ElementsAre(90, 80));
+    EXPECT_EQ(registry.FactoryOf("TBPostTwo"), nullptr) << "the name of its preferences";
+    EXPECT_EQ(registry.FactoryOf("CTBPostOther"), nullptr);
+}
+
+TEST_F(TableRegistryTest, AClassHasOneNameAndANameOneFactory) {
+    registry.RegisterTable("CTBPostTwo", "TBPostTwo", &TwoColumns::Make);
+    EXPECT_EQ(registry.RegisterTable("CTBPostTwo", "TBPostTwo", &TwoColumns::Make), "TBPostTwo");
+    EXPECT_THROW(registry.RegisterTable("CTBPostTwo", "TBPostMore", &TwoColumns::Make), std::invalid_argument);
+    EXPECT_THROW(registry.RegisterTable("CTBPostMore", "TBPostTwo", &MakeOther), std::invalid_argument);
+    EXPECT_THROW(registry.RegisterTable("CTBPostThik", "TBThik", &MakeOther), std::invalid_argument);
+    EXPECT_THROW(registry.RegisterTable("", "TBPostMore", &MakeOther), std::invalid_argument);
+    EXPECT_THROW(registry.RegisterTable("CTBPostMore", "TBPostMore", nullptr), std::invalid_argument);
+    EXPECT_EQ(registry.FactoryOf("CTBPostMore"), nullptr);
+    EXPECT_THAT(registry.RegisteredNames(), ElementsAre("TBMemb", "TBPostTwo", "TBThik"));
 }
 
 TEST_F(TableRegistryTest, ATableWithoutNameOrDefaultsIsABrokenInvariant) {

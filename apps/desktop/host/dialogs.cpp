@@ -174,7 +174,7 @@ std::unique_ptr<BlockDialog> MakeColorDialog(velda::CTBColorDlg& block, QWidget*
 
 std::unique_ptr<BlockDialog> MakeStyleDialog(velda::CTBStyleDlg& block, QWidget* parent) {
     auto dialog = std::make_unique<BlockDialog>(block, "IDS_DESKTOP_STYLE_TITLE", parent);
-    auto* table = new QTableWidget(static_cast<int>(block.items.size()), 2);
+    auto* table = new QTableWidget(static_cast<int>(block.Columns().size()), 2);
     table->setHorizontalHeaderLabels({Word("IDS_DESKTOP_STYLE_PLACES"), Word("IDS_DESKTOP_STYLE_WIDTH")});
     const auto addSpin = [&](int row, int column, int value, int largest) {
         auto* spin = new QSpinBox;
@@ -185,8 +185,9 @@ std::unique_ptr<BlockDialog> MakeStyleDialog(velda::CTBStyleDlg& block, QWidget*
     };
     QStringList titles;
     for (int row = 0; row < table->rowCount(); ++row) {
-        const velda::STBPrefItem& item = block.items[static_cast<std::size_t>(row)];
-        titles << ToQt(block.TitleOf(row));
+        const velda::CTBStyleDlg::Column& column = block.Columns()[static_cast<std::size_t>(row)];
+        const velda::STBPrefItem& item = block.items[static_cast<std::size_t>(column.id)];
+        titles << ToQt(column.title);
         constexpr int kDouble = 2;
         addSpin(row, 0, item.decimalPlaces, velda::kMaxDecimalPlaces)->setEnabled(item.columnType == kDouble);
         addSpin(row, 1, item.columnWidth, velda::kMaxColumnWidth);
@@ -200,7 +201,8 @@ std::unique_ptr<BlockDialog> MakeStyleDialog(velda::CTBStyleDlg& block, QWidget*
             return qobject_cast<QSpinBox*>(table->cellWidget(row, column))->value();
         };
         for (int row = 0; row < table->rowCount(); ++row) {
-            velda::STBPrefItem& item = block.items[static_cast<std::size_t>(row)];
+            const velda::ColumnId column = block.Columns()[static_cast<std::size_t>(row)].id;
+            velda::STBPrefItem& item = block.items[static_cast<std::size_t>(column)];
             item.decimalPlaces = value(row, 0);
             item.columnWidth = value(row, 1);
         }

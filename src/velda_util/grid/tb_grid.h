@@ -31,6 +31,11 @@ public:
     static std::string RegisterTable(std::string_view name, DefaultPreferenceFunction defaults) {
         return TableRegistry::OfProcess().RegisterTable(name, defaults);
     }
+    /// Registers a class of result tables under its name, the name of its preferences, and what makes its source;
+    /// returns the name of its preferences.
+    static std::string RegisterTable(std::string_view className, std::string_view name, DataSrcFactory factory) {
+        return TableRegistry::OfProcess().RegisterTable(className, name, factory);
+    }
     static std::vector<STBPrefItem> GetPrefInfo(std::string_view name) {
         return TableRegistry::OfProcess().GetPrefInfo(name);
     }

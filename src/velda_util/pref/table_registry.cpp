@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "velda_lib/msg_dll.h"
+#include "velda_util/result/tb_data_src.h"
 
 namespace velda {
 
@@ -20,11 +21,33 @@ void TableRegistry::UseFile(PreferenceFile file) {
 
 std::string TableRegistry::RegisterTable(std::string_view name, DefaultPreferenceFunction defaults) {
     if (name.empty() || !defaults) throw std::invalid_argument("a table needs a name and default preferences");
-    const auto [place, added] = entries_.try_emplace(std::string(name), Entry{defaults, std::nullopt});
-    if (!added && place->second.defaults != defaults) {
+    return Add(name, {.defaults = defaults});
+}
+
+std::string TableRegistry::RegisterTable(std::string_view className, std::string_view name, DataSrcFactory factory) {
+    if (className.empty() || name.empty() || !factory) {
+        throw std::invalid_argument("a table of results needs a class, a name and a factory");
+    }
+    const auto known = classes_.find(className);
+    if (known != classes_.end() && known->second != name) {
+        throw std::invalid_argument("class registered twice: " + known->first);
+    }
+    std::string added = Add(name, {.factory = factory});
+    classes_.try_emplace(std::string(className), added);
+    return added;
+}
+
+std::string TableRegistry::Add(std::string_view name, const Entry& entry) {
+    const auto [place, added] = entries_.try_emplace(std::string(name), entry);
+    if (!added && (place->second.defaults != entry.defaults || place->second.factory != entry.factory)) {
         throw std::invalid_argument("table registered twice: " + place->first);
     }
     return place->first;
+}
+
+DataSrcFactory TableRegistry::FactoryOf(std::string_view className) const {
+    const auto place = classes_.find(className);
+    return place == classes_.end() ? nullptr : entries_.find(place->second)->second.factory;
 }
 
 std::vector<std::string> TableRegistry::RegisteredNames() const {
@@ -94,7 +117,11 @@ PreferenceFile& TableRegistry::LoadedFile() {
 TablePreferences TableRegistry::Current(std::string_view name, const Entry& entry) {
     if (entry.changed) return *entry.changed;
     std::vector<STBPrefItem> usual;
-    entry.defaults(usual);
+    if (entry.factory) {
+        entry.factory(0, 0)->AppendPreferences(usual);
+    } else {
+        entry.defaults(usual);
+    }
     return FitPreferences(LoadedFile().Table(name).value_or(TablePreferences()), usual);
 }
 

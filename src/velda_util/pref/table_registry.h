@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -12,6 +13,11 @@
 #include "velda_util/pref/table_preferences.h"
 
 namespace velda {
+
+class CTBDataSrc;
+
+/// Makes the source of a table of results for a tab of a kind; the argument tells apart the tabs of one class.
+using DataSrcFactory = std::unique_ptr<CTBDataSrc> (*)(int kind, int argument);
 
 /// The registered tables and the user's preferences of each. The file is read when preferences are first asked for, not
 /// while tables register.
@@ -30,6 +36,12 @@ public:
     /// Registers a table and returns the name to keep. Throws std::invalid_argument for an empty name, for no function,
     /// and for a name that is registered with another function.
     std::string RegisterTable(std::string_view name, DefaultPreferenceFunction defaults);
+    /// Registers a table of results: the name of its class, the name of its preferences, which is returned, and what
+    /// makes its source. The source tells the default preferences. Throws std::invalid_argument like the above, and for
+    /// a class that is registered under another name.
+    std::string RegisterTable(std::string_view className, std::string_view name, DataSrcFactory factory);
+    /// What makes the sources of a class of result tables; null when none of this name is registered.
+    DataSrcFactory FactoryOf(std::string_view className) const;
     /// Names of all tables, sorted by bytes.
     std::vector<std::string> RegisteredNames() const;
 
@@ -57,14 +69,17 @@ public:
 private:
     struct Entry {
         DefaultPreferenceFunction defaults = nullptr;
-        std::optional<TablePreferences> changed;  // set here and not written yet
+        DataSrcFactory factory = nullptr;           // of a table of results, in place of the function
+        std::optional<TablePreferences> changed{};  // set here and not written yet
     };
 
+    std::string Add(std::string_view name, const Entry& entry);
     Entry* Find(std::string_view name);
     PreferenceFile& LoadedFile();
     TablePreferences Current(std::string_view name, const Entry& entry);
 
     std::map<std::string, Entry, std::less<>> entries_;
+    std::map<std::string, std::string, std::less<>> classes_;  // names of result tables by those of their classes
     PreferenceFile file_;
     bool loaded_ = false;
 };

@@ -163,7 +163,7 @@ bool CTBCore::SetCurrentCell(int row, int col, int flags) {
 void CTBCore::ClickCell(int row, int col) {
     if (!source_) return;
     const ControlKind control = StyleOf(row, col).GetControl();
-    if (control == ControlKind::StaticText) return;
+    if (control == ControlKind::StaticText && !IsAround(row)) return;
     if (control == ControlKind::DropDownList && IsAround(row)) ChooseFromList(row, col);
     source_->OnEvent({T_TB_EVENT_D::kClick, static_cast<std::uint32_t>(row), static_cast<std::uint32_t>(col)});
 }

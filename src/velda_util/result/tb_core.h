@@ -83,8 +83,8 @@ public:
     bool SetCurrentCell(int row, int col, int flags = 0) override;
     /// Called when the current cell or the selection became another one.
     std::function<void()> onSelection;
-    /// A click on a cell; the source is told when the cell has a control. A drop-down list before or after the records
-    /// offers its lines first, and takes the text of the chosen one.
+    /// A click on a cell; the source is told when the cell has a control or stands before or after the records. A
+    /// drop-down list before or after the records offers its lines first, and takes the text of the chosen one.
     void ClickCell(int row, int col);
     /// Other units are shown: titles and values follow.
     void UpdateUnit();
@@ -108,7 +108,7 @@ private:
     CTBColHdr titles_;
     CTBRecHdr fields_;
     CTBRecCtrl records_{*this};
-    CTBStyleCtrl styleCtrl_;
+    CTBStyleCtrl styleCtrl_{*this};
     CTBVisibleCtrl visibleCtrl_{*this};
     CTBSort sort_{*this};
     CTBKeyCtrl keyCtrl_;

@@ -13,24 +13,20 @@ namespace velda {
 /// The columns whose look the user can choose.
 class CTBStyleCtrl {
 public:
-    struct Column {
-        std::string title;
-        ColumnType type = ColumnType::String;
-        int fieldNo = 0;
-    };
-    void AddCol(std::string title, ColumnType type, int fieldNo) {
-        columns_.push_back({std::move(title), type, fieldNo});
+    explicit CTBStyleCtrl(CTBGrid& grid) : grid_(grid) {}
+    /// Offers a field, under a title.
+    void AddCol(std::string title, ColumnType /*type*/, int fieldNo) {
+        columns_.push_back({fieldNo - 1, std::move(title)});
     }
-    const std::vector<Column>& Columns() const { return columns_; }
     /// Lets the user choose the look; false when he cancels.
-    static bool ShowStyleDlg(CTBGrid& grid) {
-        CTBStyleCtrlEx control;
-        control.Initialize(grid);
-        return control.ShowStyleDlg();
+    bool ShowStyleDlg() {
+        CTBStyleDlg dialog(grid_, columns_);
+        return DoModal(dialog);
     }
 
 private:
-    std::vector<Column> columns_;
+    CTBGrid& grid_;
+    std::vector<CTBStyleDlg::Column> columns_;
 };
 
 /// Columns that are there for the program and not for the user.

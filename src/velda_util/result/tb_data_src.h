@@ -16,7 +16,7 @@ class CTBCore;
 
 /// What happened in a result grid.
 struct T_TB_EVENT_D {
-    static constexpr std::uint32_t kClick = 1;  ///< on the control of a cell
+    static constexpr std::uint32_t kClick = 1;  ///< on a cell with a control, or before or after the records
 
     std::uint32_t kind = 0;
     std::uint32_t row = 0;
@@ -46,6 +46,8 @@ public:
     virtual void InitRecFields() = 0;
     /// Finds the objects of the table for the first time.
     virtual void MakeRecords() = 0;
+    /// Appends the preferences of a table that nobody has changed, one item for each column.
+    virtual void AppendPreferences(std::vector<STBPrefItem>& /*items*/) const {}
     /// Styles of the grid; once.
     virtual int UserDefinedInit() = 0;
 

@@ -189,6 +189,23 @@ bool CClassPLcom::IsMaxMinComb(const T_PLCOM_D& combination) const {
            });
 }
 
+// ---- pushover ----
+
+CClassPPolc::Run CClassPPolc::RunOf(std::uint32_t key) const {
+    constexpr std::size_t kWidth = 4;
+    const std::vector<std::uint32_t> runs =
+        Results() ? Results()->Keys(ResultName::PushoverCases) : std::vector<std::uint32_t>();
+    for (std::size_t at = 0; at + kWidth <= runs.size(); at += kWidth) {
+        if (runs[at] == key) return {runs[at + 1], runs[at + 2], runs[at + 3] != 0};
+    }
+    return {};
+}
+
+int CClassPoas::Get(T_POAS_D& record) const {
+    record.stages = Results() ? Results()->Keys(ResultName::PushoverStages) : std::vector<std::uint32_t>();
+    return record.stages.empty() ? 0 : 1;
+}
+
 // ---- modes ----
 
 int CClassPEigv::Get(T_PEIGV_D& record) const {

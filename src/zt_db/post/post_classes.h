@@ -181,10 +181,20 @@ using CClassPEspc = PostCaseOf<LoadCaseKind::EsSpectrum>;
 class CClassPPolc : public PostCaseOf<LoadCaseKind::Pushover> {
 public:
     using PostCaseOf::PostCaseOf;
-    /// The number of load increments of a case, and the case that it starts from; no analysis stage stores them yet, so
-    /// that there are none, which is 0.
-    int GetIncStep(std::uint32_t) const { return 0; }
-    std::uint32_t GetPrePolcKey(std::uint32_t) const { return 0; }
+    /// The number of load increments of a case; 0 where results do not tell it.
+    int GetIncStep(std::uint32_t key) const { return static_cast<int>(RunOf(key).increments); }
+    /// The case that a case starts from; 0 for none.
+    std::uint32_t GetPrePolcKey(std::uint32_t key) const { return RunOf(key).previous; }
+    /// Whether a case loads the structure before the others.
+    bool IsInitial(std::uint32_t key) const { return RunOf(key).isInitial; }
+
+private:
+    struct Run {
+        std::uint32_t increments = 0;
+        std::uint32_t previous = 0;
+        bool isInitial = false;
+    };
+    Run RunOf(std::uint32_t key) const;
 };
 
 using CClassPPtlc = PostCaseOf<LoadCaseKind::Pt>;
@@ -213,15 +223,16 @@ public:
     int GetNumEigv() const;
 };
 
-/// The control of pushover analyses; no analysis stage stores one yet, so that there is none.
+/// The control of pushover analyses.
 struct T_POAS_D {
-    std::vector<std::string> stages{};
+    std::vector<std::uint32_t> stages{};  ///< the case of each stage behind the last step
 };
 
 class CClassPoas : public PostClass {
 public:
     using PostClass::PostClass;
-    int Get(T_POAS_D&) const { return 0; }
+    /// False when results tell no stages.
+    int Get(T_POAS_D& record) const;
     /// The name of a step of an analysis of `maximum` steps: its number. Steps behind the last one have names that the
     /// control tells, by the variant of the table; as long as there is none they have no name.
     std::string GetStepName(int maximum, int step, int, int) const {

@@ -331,4 +331,22 @@ int CPostCtrl::SelectThlc(std::uint32_t key) {
 
 int CPostCtrl::SelectThnc(std::uint32_t key) { return CClassPThnc(&Database()).Exist(key); }
 
+// ---- steps ----
+
+int CPostCtrl::GetMaxStep_PO() const {
+    const CClassPPolc cases(&Database());
+    int most = 0;
+    for (const std::uint32_t key : cases.Keys()) most = std::max(most, cases.GetIncStep(key));
+    return most;
+}
+
+int CPostCtrl::GetCaseStep_AS(std::vector<std::string>& stages) const {
+    T_POAS_D control;
+    const int exist = CClassPoas(&Database()).Get(control);
+    const CClassPPolc cases(&Database());
+    stages.clear();
+    for (const std::uint32_t key : control.stages) stages.push_back(cases.GetDisplayName(key));
+    return exist;
+}
+
 }  // namespace zt

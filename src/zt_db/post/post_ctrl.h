@@ -109,15 +109,12 @@ public:
     /// The opened case; 0 when there is none.
     std::uint32_t SelectedThlc() const { return history_; }
     int SelectThnc(std::uint32_t key);
-    /// The number of stored steps of pushover and of nonlinear analyses; 0 without.
-    int GetMaxStep_PO() const { return 0; }
+    /// The number of steps of the longest pushover case; 0 without.
+    int GetMaxStep_PO() const;
+    /// The number of steps of nonlinear analyses; no analysis stage stores them yet, so that there are none.
     int GetMaxStep_NL() const { return 0; }
-    /// Names of the stages behind the last step of pushover analyses; no analysis stage stores them yet, so that there
-    /// are none.
-    int GetCaseStep_AS(std::vector<std::string>& stages) const {
-        stages.clear();
-        return 0;
-    }
+    /// Names of the stages behind the last step of pushover analyses, each that of its case; false without.
+    int GetCaseStep_AS(std::vector<std::string>& stages) const;
 
     const CPostDataBase& Database() const;
     const CUnitCtrl& Units() const { return units_; }

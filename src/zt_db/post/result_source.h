@@ -103,6 +103,10 @@ inline constexpr std::string_view ElementRanges = "model/element_range";    ///<
 inline constexpr std::string_view Links = "model/link";                     ///< keys: numbers of elastic links
 inline constexpr std::string_view LinkEnds = "model/link_node";   ///< keys: numbers of both nodes of each link
 inline constexpr std::string_view SlabNodes = "model/slab_node";  ///< keys: number of a slab and of a node of it
+/// Keys, four a pushover case: the case, the number of its load increments, the case that it starts from or 0, and 1
+/// where it loads the structure before the others.
+inline constexpr std::string_view PushoverCases = "model/pushover_case";
+inline constexpr std::string_view PushoverStages = "model/pushover_stage";  ///< keys: the case of each stage
 
 inline constexpr std::string_view Frequency = "modal/frequency";           ///< Hz, one a mode
 inline constexpr std::string_view Participation = "modal/participation";   ///< factors, six a mode

@@ -1,5 +1,7 @@
 #include "zt_tb/post/load_step_rows.h"
 
+#include <algorithm>
+
 namespace zt {
 namespace {
 
@@ -39,8 +41,13 @@ PushoverControl PushoverControlOf(const CPostDataBase& database) {
     PushoverControl pushover;
     const CClassPPolc cases(&database);
     for (const std::uint32_t key : cases.Keys()) {
-        pushover.cases[key] = {.increments = cases.GetIncStep(key), .previous = cases.GetPrePolcKey(key)};
+        pushover.cases[key] = {.increments = cases.GetIncStep(key),
+                               .isInitial = cases.IsInitial(key),
+                               .previous = cases.GetPrePolcKey(key)};
     }
+    T_POAS_D control;
+    CClassPoas(&database).Get(control);
+    pushover.stageCases = std::move(control.stages);
     return pushover;
 }
 
@@ -57,6 +64,18 @@ std::vector<LoadStepRow> BuildLoadStepRows(const PushoverControl& pushover, std:
         }
     }
     return rows;
+}
+
+std::set<int> ReachedSteps(const PushoverControl& pushover, std::span<const std::int16_t> steps) {
+    StepSettings settings{.isPushover = true};
+    std::vector<LoadChoice> cases;
+    for (const auto& [key, run] : pushover.cases) {
+        cases.push_back({key, LoadCaseKind::Pushover, LoadCaseSubKind::All});
+        settings.maxStep = std::max(settings.maxStep, run.increments);
+    }
+    std::set<int> reached;
+    for (const LoadStepRow& row : BuildLoadStepRows(pushover, cases, steps, settings)) reached.insert(row.step);
+    return reached;
 }
 
 }  // namespace zt

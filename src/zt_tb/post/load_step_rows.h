@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <set>
 #include <span>
 #include <vector>
 
@@ -36,12 +37,15 @@ struct PushoverControl {
     std::map<std::uint32_t, Case> cases{};
 };
 
-/// What the results tell of pushover analyses; no cases and no stages without.
+/// What results tell of pushover analyses; no cases and no stages without.
 PushoverControl PushoverControlOf(const CPostDataBase& database);
 
 /// The rows of a selection of load cases and steps. Steps behind the last one name the stages of pushover analyses; a
 /// case takes part in those that continue it. Where a case is missing that a stage asks for, the rows end.
 std::vector<LoadStepRow> BuildLoadStepRows(const PushoverControl& pushover, std::span<const LoadChoice> loads,
                                            std::span<const std::int16_t> steps, const StepSettings& settings);
+
+/// Those of the steps that at least one pushover case reaches, or that name a stage which continues one.
+std::set<int> ReachedSteps(const PushoverControl& pushover, std::span<const std::int16_t> steps);
 
 }  // namespace zt

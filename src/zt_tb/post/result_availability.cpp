@@ -51,7 +51,7 @@ bool Has(Needs needs, const CPostDataBase& results) {
 bool HasSource(const ResultTableEntry& table) {
     const std::vector<int> tabs = TabsOf(table);
     return std::any_of(tabs.begin(), tabs.end(),
-                       [](int tab) { return FindResultSourceClass(FindResultTab(tab)->className) != nullptr; });
+                       [](int tab) { return HasResultSource(FindResultTab(tab)->className); });
 }
 
 }  // namespace

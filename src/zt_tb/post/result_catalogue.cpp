@@ -502,6 +502,7 @@ constexpr IdRange kHistoryDriftTable[] = {{27, 27}};
 constexpr IdRange kShearWeightTable[] = {{29, 29}};
 constexpr IdRange kShearShareTable[] = {{34, 34}};
 constexpr IdRange kTablesReadAfterCancel[] = {{14, 14}, {27, 28}};
+constexpr int kTableOfAskedLimits = 26;
 
 constexpr AppendedCommand kSetAllowableDrift = {ResultCommandId::SetAllowableDrift,
                                                 "IDS_TB_POSTDISP_Drift_Ang_Alw_R___"};
@@ -577,6 +578,8 @@ bool NeedsActivationAtSwitch(int tab) { return Contains(kTabsActivatedAtSwitch, 
 bool IsPOResTableForActiveEtc(int tab) { return Contains(kPushoverTabs, tab); }
 
 bool ReadsAgainAfterCancel(int id) { return Contains(kTablesReadAfterCancel, id); }
+
+bool AsksForDriftLimits(int id) { return id == kTableOfAskedLimits; }
 
 bool ShowsStoryLoads(int tab) { return Contains(kStoryLoadTabs, tab); }
 

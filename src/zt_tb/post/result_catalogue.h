@@ -80,6 +80,8 @@ bool NeedsActivationAtSwitch(int tab);
 bool IsPOResTableForActiveEtc(int tab);
 /// Whether a cancelled dialog still has the table read again, so that its first display shows the defaults.
 bool ReadsAgainAfterCancel(int id);
+/// Whether a table asks for the limits of drift before it shows what was chosen.
+bool AsksForDriftLimits(int id);
 /// Whether a tab shows loads of stories: those know static cases only.
 bool ShowsStoryLoads(int tab);
 
@@ -89,6 +91,10 @@ namespace ResultCommandId {
 inline constexpr int SetDriftParameters = 46515;
 inline constexpr int Activate = 46516;
 inline constexpr int SelectDriftMethod = 46517;
+inline constexpr int SetOverturningParameters = 46519;
+inline constexpr int SelectTorsionEnds = 46521;
+inline constexpr int SelectSoftStoryMethod = 46522;
+inline constexpr int SelectWeightMethod = 46523;
 inline constexpr int SetAllowableDrift = 46524;
 inline constexpr int SetLeastShearWeight = 46525;
 inline constexpr int ExportToExcel = 46526;

@@ -6,14 +6,6 @@
 
 namespace zt {
 
-void AddPreferences(const ResultDeclaration& declaration, std::vector<velda::STBPrefItem>& items) {
-    constexpr int kFixed = 2;
-    for (const ResultColumn& column : declaration.columns) {
-        items.push_back({static_cast<int>(column.type), column.type == ResultColumn::Type::Double ? kFixed : 0,
-                         column.places, column.width});
-    }
-}
-
 std::string ResultTitle(std::string_view title) {
     return title.starts_with("IDS_") ? velda::CMsgDll::pfuncLoadStr(std::string(title).c_str(), 0) : std::string(title);
 }

@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "velda_util/cells/row_sort.h"
-#include "velda_util/pref/table_preferences.h"
 
 namespace zt {
 
@@ -39,9 +38,6 @@ struct ResultDeclaration {
     int loadOrderField = 0;
     int objectField = 0;
 };
-
-/// The preferences of a table that nobody has changed.
-void AddPreferences(const ResultDeclaration& declaration, std::vector<velda::STBPrefItem>& items);
 
 /// The text of a title.
 std::string ResultTitle(std::string_view title);

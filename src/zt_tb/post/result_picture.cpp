@@ -5,8 +5,6 @@
 namespace zt {
 namespace {
 
-CTBPostDS* SourceOf(const velda::CTBCore& grid) { return dynamic_cast<CTBPostDS*>(grid.GetDataSrc()); }
-
 /// The value of a field that is greatest in magnitude over the rows of a record.
 double GreatestOf(const velda::CTBRecHdr& fields, const velda::RecordCells& cells, int fieldNo) {
     double greatest = 0.0;
@@ -22,13 +20,13 @@ double GreatestOf(const velda::CTBRecHdr& fields, const velda::RecordCells& cell
 }  // namespace
 
 std::optional<LoadChoice> LoadOfRow(const velda::CTBCore& grid, int row) {
-    const CTBPostDS* source = SourceOf(grid);
+    const CTBPostDS* source = PostSourceOf(&grid);
     const long record = grid.RecCtrl().GetRecNo(row);
     return source && record > 0 ? source->LoadOfRecord(record) : std::nullopt;
 }
 
 ResultColours ColoursOfColumn(velda::CTBCore& grid, int row, int col) {
-    CTBPostDS* source = SourceOf(grid);
+    CTBPostDS* source = PostSourceOf(&grid);
     const long first = source ? grid.RecCtrl().GetRecNo(row) : 0;
     if (first == 0) return {};
     const std::uint32_t domain = source->KeyDomainOf();

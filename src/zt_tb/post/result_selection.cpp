@@ -12,8 +12,9 @@ namespace {
 
 using Keys = std::vector<std::uint32_t>;
 
-const CTBPostDS* SourceOf(const velda::CTBCore& grid) {
-    const auto* source = dynamic_cast<const CTBPostDS*>(grid.GetDataSrc());
+/// The source of a grid whose objects can be selected; null for others.
+const CTBPostDS* ObjectSourceOf(const velda::CTBCore& grid) {
+    const CTBPostDS* source = PostSourceOf(&grid);
     const bool hasObjects =
         source && (source->KeyDomainOf() == KeyDomain::Nodes || source->KeyDomainOf() == KeyDomain::Members);
     return hasObjects ? source : nullptr;
@@ -47,7 +48,7 @@ std::set<std::size_t> ObjectsOfRows(const velda::CTBCore& grid, const CTBPostDS&
 }  // namespace
 
 void PushObjects(CDataBase& database, const velda::CTBCore& grid, CDBUpdateConnector* sender) {
-    const CTBPostDS* source = SourceOf(grid);
+    const CTBPostDS* source = ObjectSourceOf(grid);
     if (!source || source->Rows().empty()) return;
     const std::uint32_t domain = source->KeyDomainOf();
     Keys keys;
@@ -64,7 +65,7 @@ void PushObjects(CDataBase& database, const velda::CTBCore& grid, CDBUpdateConne
 }
 
 void SelectRowsOfObjects(CDataBase& database, velda::CTBCore& grid) {
-    const CTBPostDS* source = SourceOf(grid);
+    const CTBPostDS* source = ObjectSourceOf(grid);
     if (!source || source->Rows().empty()) return;
     const std::uint32_t domain = source->KeyDomainOf();
     const CViewCtrl& view = *database.GetViewCtrl();

@@ -1,6 +1,5 @@
 #include "zt_tb/post/result_sources.h"
 
-#include <algorithm>
 #include <type_traits>
 
 #include "velda_util/grid/tb_grid.h"
@@ -24,63 +23,44 @@ std::unique_ptr<velda::CTBDataSrc> Make(int kind, [[maybe_unused]] int argument)
 }
 
 template <class Source>
-constexpr ResultSourceClass Of(std::string_view name) {
-    return {name, &Source::Declared, &Make<Source>};
+void Register(std::string_view className) {
+    velda::CTBGrid::RegisterTable(className, Source::Declared().name, &Make<Source>);
 }
 
-constexpr ResultSourceClass kClasses[] = {
-    Of<CTBPostDisp>("CTBPostDisp"),
-    Of<CTBPostReac>("CTBPostReac"),
-    Of<CTBPostStek>("CTBPostStek"),
-    Of<CTBPostStDisp>("CTBPostStDisp"),
+bool RegisterAll() {
+    Register<CTBPostDisp>("CTBPostDisp");
+    Register<CTBPostReac>("CTBPostReac");
+    Register<CTBPostStek>("CTBPostStek");
+    Register<CTBPostStDisp>("CTBPostStDisp");
     // No tab has this one: it is made by its name.
-    Of<CTBPostStDrftAng>("CTBPostStDrftAng"),
-    Of<CTBPostStDrftQorv>("CTBPostStDrftQorv"),
-    Of<CTBPostStDrftTH>("CTBPostStDrftTH"),
-    Of<CTBPostStDrftTH2>("CTBPostStDrftTH2"),
-    Of<CTBPostStDrftTHNL>("CTBPostStDrftTHNL"),
-    Of<CTBPostStDrftPO>("CTBPostStDrftPO"),
-    Of<CTBPostBeamForce>("CTBPostBeamForce"),
-    Of<CTBPostColmForce>("CTBPostColmForce"),
-    Of<CTBPostBraceForce>("CTBPostBraceForce"),
-    Of<CTBPostWBeamForce>("CTBPostWBeamForce"),
-    Of<CTBPostWColmForce>("CTBPostWColmForce"),
-    Of<CTBPostSlabForc>("CTBPostSlabForc"),
-};
-
-template <std::size_t At>
-void AddPreferencesOf(std::vector<velda::STBPrefItem>& items) {
-    AddPreferences(kClasses[At].declaration(), items);
-}
-
-template <std::size_t... At>
-bool RegisterAll(std::index_sequence<At...>) {
-    (velda::CTBGrid::RegisterTable(kClasses[At].declaration().name, &AddPreferencesOf<At>), ...);
+    Register<CTBPostStDrftAng>("CTBPostStDrftAng");
+    Register<CTBPostStDrftQorv>("CTBPostStDrftQorv");
+    Register<CTBPostStDrftTH>("CTBPostStDrftTH");
+    Register<CTBPostStDrftTH2>("CTBPostStDrftTH2");
+    Register<CTBPostStDrftTHNL>("CTBPostStDrftTHNL");
+    Register<CTBPostStDrftPO>("CTBPostStDrftPO");
+    Register<CTBPostBeamForce>("CTBPostBeamForce");
+    Register<CTBPostColmForce>("CTBPostColmForce");
+    Register<CTBPostBraceForce>("CTBPostBraceForce");
+    Register<CTBPostWBeamForce>("CTBPostWBeamForce");
+    Register<CTBPostWColmForce>("CTBPostWColmForce");
+    Register<CTBPostSlabForc>("CTBPostSlabForc");
     return true;
 }
 
-/// Registers the tables once, before their preferences are asked for.
-void RegisterTables() {
-    [[maybe_unused]] static const bool registered = RegisterAll(std::make_index_sequence<std::size(kClasses)>());
+/// The classes register once, before the first of them is asked for.
+velda::DataSrcFactory FactoryOf(std::string_view className) {
+    [[maybe_unused]] static const bool registered = RegisterAll();
+    return velda::TableRegistry::OfProcess().FactoryOf(className);
 }
 
 }  // namespace
 
-std::span<const ResultSourceClass> ResultSourceClasses() {
-    RegisterTables();
-    return kClasses;
-}
+bool HasResultSource(std::string_view className) { return FactoryOf(className) != nullptr; }
 
-const ResultSourceClass* FindResultSourceClass(std::string_view name) {
-    const std::span<const ResultSourceClass> classes = ResultSourceClasses();
-    const auto found =
-        std::find_if(classes.begin(), classes.end(), [&](const ResultSourceClass& one) { return one.name == name; });
-    return found == classes.end() ? nullptr : &*found;
-}
-
-std::unique_ptr<velda::CTBDataSrc> MakeResultSource(std::string_view name, int kind, int argument) {
-    const ResultSourceClass* found = FindResultSourceClass(name);
-    return found ? found->make(kind, argument) : nullptr;
+std::unique_ptr<velda::CTBDataSrc> MakeResultSource(std::string_view className, int kind, int argument) {
+    const velda::DataSrcFactory make = FactoryOf(className);
+    return make ? make(kind, argument) : nullptr;
 }
 
 }  // namespace zt

@@ -83,6 +83,7 @@ void CTBActiveNewDlg::ForEachList(Visitor visit) {
 void CTBActiveNewDlg::OnInitDialog() {
     objects_ = param_.allObjects;
     std::sort(objects_.begin(), objects_.end());
+    pickable_ = Pickable();
     Numbers selected = param_.selectedObjects;
     DropUntraced(selected);
     objectText = RangeText(std::move(selected));
@@ -189,6 +190,17 @@ std::optional<std::size_t> CTBActiveNewDlg::CurrentObjectKind() const {
         if (kinds[i].domain == param_.objectDomain) return i;
     }
     return std::nullopt;
+}
+
+Numbers CTBActiveNewDlg::Pickable() const {
+    Numbers numbers = objects_;
+    if (mdul_ == 0) return numbers;
+    const CClassPMemb members(&database_);
+    std::erase_if(numbers, [&](std::uint32_t number) {
+        T_PMEMB_D member;
+        return !members.Get(number, member) || member.mdul != mdul_;
+    });
+    return numbers;
 }
 
 void CTBActiveNewDlg::SelectAllObjects() { objectText = RangeText(objects_); }

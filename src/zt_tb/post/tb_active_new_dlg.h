@@ -33,8 +33,10 @@ public:
         std::string name;
     };
 
-    /// Both outlive the dialog. `database` is what the table reads.
-    CTBActiveNewDlg(TB_ACTIVE_PARAM& param, const CPostDataBase& database) : param_(param), database_(database) {}
+    /// Both outlive the dialog. `database` is what the table reads, `mdul` the module whose members it shows, 0 for
+    /// all: members are picked among those.
+    CTBActiveNewDlg(TB_ACTIVE_PARAM& param, const CPostDataBase& database, std::uint32_t mdul = 0)
+        : param_(param), database_(database), mdul_(mdul) {}
 
     std::string_view GetName() const override { return kName; }
     void OnInitDialog() override;
@@ -86,12 +88,15 @@ private:
     template <class Visitor>
     void ForEachList(Visitor visit);
     void FillLoads();
-    ObjectQuery QueryObjects() const { return {database_, param_.objectDomain, objects_}; }
+    ObjectQuery QueryObjects() const { return {database_, param_.objectDomain, pickable_}; }
+    std::vector<std::uint32_t> Pickable() const;
     velda::Outcome ReadObjects(std::vector<std::uint32_t>& numbers) const;
 
     TB_ACTIVE_PARAM& param_;
     const CPostDataBase& database_;
-    std::vector<std::uint32_t> objects_;  ///< all that the table can show, ascending
+    std::uint32_t mdul_;
+    std::vector<std::uint32_t> objects_;   ///< all that the table can show, ascending
+    std::vector<std::uint32_t> pickable_;  ///< those of them that can be picked
     QueryKind query_ = QueryKind::MemberType;
     std::array<CheckList, kActiveSections> lists_;
 };

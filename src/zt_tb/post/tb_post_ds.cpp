@@ -66,6 +66,14 @@ void CTBPostDS::InitColHeader() {
     }
 }
 
+void CTBPostDS::AppendPreferences(std::vector<velda::STBPrefItem>& items) const {
+    constexpr int kFixed = 2;
+    for (const ResultColumn& column : declaration_.columns) {
+        const bool isDouble = column.type == ResultColumn::Type::Double;
+        items.push_back({static_cast<int>(column.type), isDouble ? kFixed : 0, column.places, column.width});
+    }
+}
+
 int CTBPostDS::RecordRows() const { return partsOn_ ? std::max(static_cast<int>(parts_.size()), 1) : 1; }
 
 void CTBPostDS::InitRecFields() {
@@ -78,6 +86,15 @@ void CTBPostDS::InitRecFields() {
             ++field;
         }
     }
+}
+
+std::string CTBPostDS::TitleInGroup(int fieldNo) const {
+    const std::string title = ResultTitle(declaration_.columns[static_cast<std::size_t>(fieldNo - 1)].title);
+    const auto isOver = [fieldNo](const ResultGroup& group) {
+        return group.firstField <= fieldNo && fieldNo <= group.lastField;
+    };
+    const auto over = std::find_if(declaration_.groups.begin(), declaration_.groups.end(), isOver);
+    return over == declaration_.groups.end() ? title : ResultTitle(over->title) + " : " + title;
 }
 
 void CTBPostDS::PutColumnStyles() {
@@ -95,8 +112,11 @@ void CTBPostDS::PutColumnStyles() {
         style.SetHorizontalAlignment(isText ? velda::HorizontalAlignment::Left : velda::HorizontalAlignment::Right);
         if (!isText) style.SetFormat(velda::NumberFormat::Fixed).SetPlaces(column.places);
         grid.SetStyleRange(CGXRange().SetCols(at), style);
-        grid.StyleCtrl().AddCol(ResultTitle(column.title), column.type, col);
-        if (column.isHidden) grid.VisibleCtrl().HideColsByIntend(col, col, true);
+        if (column.isHidden) {
+            grid.VisibleCtrl().HideColsByIntend(col, col, true);
+        } else {
+            grid.StyleCtrl().AddCol(TitleInGroup(col), column.type, col);
+        }
         ++col;
     }
 }
@@ -320,6 +340,10 @@ void CTBPostDS::BuildLoadStepRows() {
         stepSettings_.maxStep = stepSettings_.isNonlinear ? post.GetMaxStep_NL() : post.GetMaxStep_PO();
     }
     rows_ = zt::BuildLoadStepRows(PushoverControlOf(Results()), loads_, steps_, stepSettings_);
+}
+
+CTBPostDS* PostSourceOf(const velda::CTBCore* grid) {
+    return grid ? dynamic_cast<CTBPostDS*>(grid->GetDataSrc()) : nullptr;
 }
 
 }  // namespace zt

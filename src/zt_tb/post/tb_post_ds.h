@@ -26,6 +26,7 @@ public:
     void Initialize(velda::CTBCore& grid) override;
     void InitColHeader() override;
     void InitRecFields() override;
+    void AppendPreferences(std::vector<velda::STBPrefItem>& items) const override;
     int UserDefinedInit() override;
     int SeekRec(long record) override;
     bool GetOrder(std::span<const velda::STBSortItem> items, velda::RecordOrder& order) override;
@@ -62,7 +63,7 @@ public:
     /// The choice was taken over: records are read anew where the table keeps them.
     virtual void AfterApplyParam(const TB_ACTIVE_PARAM& /*param*/) {}
     /// Restricts the steps that are offered to those of the table.
-    virtual int PrepareActiveSteps() { return 1; }
+    virtual int PrepareActiveSteps(TB_ACTIVE_PARAM& /*param*/) { return 1; }
     virtual void OnDgnForceChanged() {}
     virtual bool HasModuleChoice() const { return false; }
     virtual std::uint32_t GetCurModuleKey() const { return 0; }
@@ -82,6 +83,8 @@ public:
     bool IsPrivate() const { return isPrivate_; }
     void SetReRead(bool reRead) { reRead_ = reRead; }
     bool IsReRead() const { return reRead_; }
+    /// Does a command of the view that shows the table; the view sets it.
+    std::function<void(int)> onCommand;
     void SetStepListOff(bool off) { stepSettings_.listOff = off; }
 
     // ---- for tests and for the surroundings of a table
@@ -171,6 +174,8 @@ protected:
 
 private:
     void PutColumnStyles();
+    /// The title of a column, behind that of the group over it.
+    std::string TitleInGroup(int fieldNo) const;
     /// The number of a load case, by its text, in the order in which the table shows them.
     int BandOf(const std::string& loadText);
 
@@ -183,5 +188,8 @@ private:
     std::vector<std::string> loadTexts_;             ///< likewise
     std::map<std::string, int> bands_;               ///< numbers of load case texts, made when first asked for
 };
+
+/// The source of a grid of results; null without a grid, and in one without a source.
+CTBPostDS* PostSourceOf(const velda::CTBCore* grid);
 
 }  // namespace zt

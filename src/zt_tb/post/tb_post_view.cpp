@@ -117,7 +117,10 @@ void CTBPostView::AddTab(int tab) {
     core->onSelection = [this, core] { SelectObjectsOf(*core); };
     AddWorksheet(std::move(grid), Text(entry.titleKey));
     const velda::WaitCursor wait;
-    if (CTBPostDS* source = SourceOf(core)) source->SetNeedsActivation(NeedsActivationAtSwitch(tab));
+    if (CTBPostDS* source = PostSourceOf(core)) {
+        source->SetNeedsActivation(NeedsActivationAtSwitch(tab));
+        source->onCommand = [this](int id) { OnCommand(id); };
+    }
     core->RecCtrl().ReadRecords();
     core->KeyCtrl().EnableDeleteKey(false);
 }
@@ -173,20 +176,20 @@ bool CTBPostView::ActivateTab(int tab, int last) {
 
 // ---- what is shown ----
 
+bool CTBPostView::ReadsResults() {
+    return CDBDoc::m_pDBDoc && (CDBDoc::m_pDBDoc->IsPostMode() || CDBDoc::m_pDBDoc->IsExcuted());
+}
+
 const CPostDataBase& CTBPostView::GetDB() const {
     static const CPostDataBase kNone;
     if (!CDBDoc::m_pDBDoc) return kNone;
     CMDBCtrl& databases = *CDBDoc::m_pDBDoc->GetMDBCtrl();
-    const bool isModel = IsModelTable(id_) && !CDBDoc::m_pDBDoc->IsPostMode();
+    const bool isModel = IsModelTable(id_) && !ReadsResults();
     return isModel ? *databases.GetDBPre() : *databases.GetDBPost();
 }
 
 velda::CTBCore* CTBPostView::GridOf(int tab) const {
     return tab >= 0 && tab < kResultTabCount ? grids_[static_cast<std::size_t>(tab)] : nullptr;
-}
-
-CTBPostDS* CTBPostView::SourceOf(const velda::CTBCore* grid) {
-    return grid ? dynamic_cast<CTBPostDS*>(grid->GetDataSrc()) : nullptr;
 }
 
 int CTBPostView::ActiveTab() const {
@@ -197,7 +200,7 @@ int CTBPostView::ActiveTab() const {
 std::vector<CTBPostDS*> CTBPostView::Sources() const {
     std::vector<CTBPostDS*> sources;
     for (velda::CTBCore* grid : grids_) {
-        if (CTBPostDS* source = SourceOf(grid)) sources.push_back(source);
+        if (CTBPostDS* source = PostSourceOf(grid)) sources.push_back(source);
     }
     return sources;
 }
@@ -205,29 +208,29 @@ std::vector<CTBPostDS*> CTBPostView::Sources() const {
 // ---- activation ----
 
 bool CTBPostView::GetActivation(TB_ACTIVE_PARAM& param) {
-    CTBPostDS* source = SourceOf(GetActiveCore());
+    CTBPostDS* source = PostSourceOf(GetActiveCore());
     if (!source || !CDBDoc::m_pDBDoc || !source->GetActiveParam(param)) return false;
     const int tab = ActiveTab();
     const CPostCtrl& control = *CDBDoc::m_pDBDoc->GetPostCtrl();
     if (param.hasLoads) LoadCaseLister(GetDB(), control).GetAllLoadcaseForActiveNew(id_, tab, param.loads);
-    if (param.steps.isOn && CDBDoc::m_pDBDoc->IsPostMode()) {
+    if (param.steps.isOn && ReadsResults()) {
         source->SetStepListOff(GetAllStepForActiveNew(StepsOf(control), tab, param));
     }
     if (param.parts.isOn) GetAllPartForActiveNew(tab, param.parts);
-    if (IsPOResTableForActiveEtc(tab)) source->PrepareActiveSteps();
+    if (IsPOResTableForActiveEtc(tab)) source->PrepareActiveSteps(param);
     return true;
 }
 
 void CTBPostView::OnActiveNewDlg() {
     activationWaits_ = false;
-    CTBPostDS* source = SourceOf(GetActiveCore());
+    CTBPostDS* source = PostSourceOf(GetActiveCore());
     if (!source) return;
     source->SetDialogSeen();
     TB_ACTIVE_PARAM param;
     if (!GetActivation(param)) return;
-    CTBActiveNewDlg dialog(param, GetDB());
+    CTBActiveNewDlg dialog(param, GetDB(), source->HasModuleChoice() ? source->GetCurModuleKey() : 0);
     if (velda::DoModal(dialog)) {
-        Activate(param);
+        if (!AsksForDriftLimits(id_) || OnTbSetStorParam2(true) != 0) Activate(param);
     } else if (ReadsAgainAfterCancel(id_)) {
         for (CTBPostDS* one : Sources()) one->SetReRead(true);
         // A table that shows nothing yet shows what it would have offered.
@@ -237,7 +240,7 @@ void CTBPostView::OnActiveNewDlg() {
 }
 
 void CTBPostView::Activate(const TB_ACTIVE_PARAM& param) {
-    const CTBPostDS* active = SourceOf(GetActiveCore());
+    const CTBPostDS* active = PostSourceOf(GetActiveCore());
     if (!active) return;
     for (CTBPostDS* source : Sources()) {
         if (source->IsPrivate() && source->GetKind() != active->GetKind()) continue;
@@ -259,12 +262,12 @@ std::vector<bool> CTBPostView::SetActiveCheck(const CTBPostDS& source, std::span
 // ---- limits of drift ----
 
 bool CTBPostView::CanSetDriftLimits() const {
-    return Contains(kDriftTables, id_) && DriftSourceOf(SourceOf(GetActiveCore()));
+    return Contains(kDriftTables, id_) && DriftSourceOf(PostSourceOf(GetActiveCore()));
 }
 
 int CTBPostView::OnTbSetStorParam2(bool all) {
     if (!CanSetDriftLimits()) return 0;
-    CTBPostDS* active = SourceOf(GetActiveCore());
+    CTBPostDS* active = PostSourceOf(GetActiveCore());
     DriftLimits limits = DriftSourceOf(active)->Limits();
     CTBSetRMFMiniDlg dialog(limits);
     if (!velda::DoModal(dialog)) return 0;
@@ -288,12 +291,12 @@ std::span<const ViewCommand<CTBPostView>> CTBPostView::Commands() {
         {ResultCommandId::ExportToExcel, &View::OnExportExcel, &View::HasCore},
         {ResultCommandId::ExportGraphToExcel, &View::OnExportExcelGraph, &View::HasCore},
         {ResultCommandId::SetAllowableDrift, &View::OnTbCmenuSetDrftParam2, &View::CanSetDriftLimits},
-        {46515, &View::OnTbCmenuSetDrftParam, &View::Always},
-        {46517, &View::OnTbCmenuSelDrftMethod, &View::Always},
-        {46519, &View::OnTbCmenuSetOTMParam, &View::Always},
-        {46521, &View::OnTbCMenuSetTICParam, &View::Always},
-        {46522, &View::OnTbCmenuSICParam, &View::Always},
-        {46523, &View::OnTbCmenuWICParam, &View::Always},
+        {ResultCommandId::SetDriftParameters, &View::OnTbCmenuSetDrftParam, &View::Always},
+        {ResultCommandId::SelectDriftMethod, &View::OnTbCmenuSelDrftMethod, &View::Always},
+        {ResultCommandId::SetOverturningParameters, &View::OnTbCmenuSetOTMParam, &View::Always},
+        {ResultCommandId::SelectTorsionEnds, &View::OnTbCMenuSetTICParam, &View::Always},
+        {ResultCommandId::SelectSoftStoryMethod, &View::OnTbCmenuSICParam, &View::Always},
+        {ResultCommandId::SelectWeightMethod, &View::OnTbCmenuWICParam, &View::Always},
     };
     return kCommands;
 }
@@ -355,7 +358,7 @@ void CTBPostView::OnExportExcelGraph() { SendToMainFrame(ResultCommandId::Export
 
 void CTBPostView::OnSort() { GetActiveCore()->SortCtrl().ShowSortDlg(); }
 
-void CTBPostView::OnStyleDlg() { velda::CTBStyleCtrl::ShowStyleDlg(*GetActiveCore()); }
+void CTBPostView::OnStyleDlg() { GetActiveCore()->StyleCtrl().ShowStyleDlg(); }
 
 // ---- hints ----
 
@@ -381,7 +384,7 @@ void CTBPostView::UpdateBuffer(T_UPDATE_HINT* hint) {
     CDataBase* db = hint && CDBDoc::m_pDBDoc ? CDBDoc::m_pDBDoc->GetMDBCtrl()->GetDB(hint->dbIndex) : nullptr;
     if (!db || !Touches<T_RSTP_D>(*db->GetViewBuff())) return;
     for (velda::CTBCore* grid : grids_) {
-        CTBPostDS* source = SourceOf(grid);
+        CTBPostDS* source = PostSourceOf(grid);
         if (!source) continue;
         if (Contains(kDriftLimitTabs, source->GetKind())) source->AfterRedrawTable();
         if (Contains(kRestrictionTabs, source->GetKind())) grid->RecCtrl().DisplayRecords();
@@ -412,7 +415,7 @@ void CTBPostView::UpdateDgnForceRemoved() {
 
 void CTBPostView::OnTabSwitch() {
     const int tab = ActiveTab();
-    CTBPostDS* source = SourceOf(GetActiveCore());
+    CTBPostDS* source = PostSourceOf(GetActiveCore());
     if (source && source->GetNeedsActivation()) {
         source->SetNeedsActivation(false);
         CDBDoc* doc = CDBDoc::m_pDBDoc;

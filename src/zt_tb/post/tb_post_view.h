@@ -87,8 +87,6 @@ public:
     /// The grid of a tab number; null when it is not there.
     velda::CTBCore* GridOf(int tab) const;
     velda::CTBCore* GetActiveCore() const { return dynamic_cast<velda::CTBCore*>(GetActiveGrid()); }
-    /// The source of a grid; null in a grid without one.
-    static CTBPostDS* SourceOf(const velda::CTBCore* grid);
     /// The number of the tab in front; -1 without one.
     int ActiveTab() const;
 
@@ -136,7 +134,9 @@ private:
     bool HasCore() const { return GetActiveCore() != nullptr; }
     bool CanSetDriftLimits() const;
     void OnTbCmenuSetDrftParam2() { OnTbSetStorParam2(false); }
-    bool CanActivate() const { return SourceOf(GetActiveCore()) != nullptr; }
+    /// Whether the tables read results: on the side of the program that shows them, and wherever there are some.
+    static bool ReadsResults();
+    bool CanActivate() const { return PostSourceOf(GetActiveCore()) != nullptr; }
     void OnTbGvFind();
     void OnTbGvFindNext();
     void OnSort();

@@ -259,6 +259,7 @@ TEST(ResultActivation, TakesStepsOfPushoverAnalysesOnSomeTabs) {
 
 TEST(ResultActivation, ReadsSomeTablesAgainAfterACancel) {
     EXPECT_THAT(IdsWhere(&ReadsAgainAfterCancel), ElementsAre(14, 27, 28));
+    EXPECT_THAT(IdsWhere(&AsksForDriftLimits), ElementsAre(26));
 }
 
 TEST(ResultActivation, KnowsTabsOfStoryLoads) { EXPECT_THAT(TabsWhere(&ShowsStoryLoads), ElementsAre(60, 63, 64, 65)); }

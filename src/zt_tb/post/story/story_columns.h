@@ -1,7 +1,6 @@
 #pragma once
 
-#include "zt_db/units/unit_codes.h"
-#include "zt_tb/post/result_declaration.h"
+#include "zt_tb/post/result_columns.h"
 
 namespace zt::story_columns {
 
@@ -11,10 +10,8 @@ inline constexpr ResultColumn kModule = {.title = "IDS_TB_POSTDISP_Module"};
 inline constexpr ResultColumn kStory = {.title = "IDS_TB_POSTDISP_Story"};
 inline constexpr ResultColumn kLoadCase = {.title = "IDS_TB_POSTDISP_Load_Case", .width = 130};
 inline constexpr ResultColumn kRemark = {.title = "IDS_TB_POSTDISP_Remark", .width = 60};
-inline constexpr ResultColumn kLoadOrder = {
-    .title = "IDS_TB_POSTDISP_Load_Order", .type = ResultColumn::Type::Long, .isHidden = true};
-inline constexpr ResultColumn kSeqNum = {
-    .title = "IDS_TB_POSTDISP_Seq_Num", .type = ResultColumn::Type::Long, .isHidden = true};
+inline constexpr ResultColumn kLoadOrder = LoadOrderColumn();
+inline constexpr ResultColumn kSeqNum = HiddenColumn("IDS_TB_POSTDISP_Seq_Num");
 
 constexpr ResultColumn TextColumn(std::string_view title) { return {.title = title, .width = 100}; }
 constexpr ResultColumn NumberColumn(std::string_view title, int unitKind = Unit::None, int places = 4) {

@@ -54,12 +54,15 @@ const ResultDeclaration& CTBPostStDrftAng::Declared() {
 
 CTBPostStDrftAng::CTBPostStDrftAng(int kind, int follows)
     : StaticDrift(kind, Declared(), StoryLayout{.height = 3, .load = 4, .verdicts = {8}, .plot = 5}),
-      follows_(follows == 1) {
-    if (!follows_) leader_ = this;
-}
+      follows_(follows == 1) {}
 
 CTBPostStDrftAng::~CTBPostStDrftAng() {
     if (leader_ == this) leader_ = nullptr;
+}
+
+void CTBPostStDrftAng::Initialize(velda::CTBCore& grid) {
+    StaticDrift::Initialize(grid);
+    if (!follows_) leader_ = this;
 }
 
 void CTBPostStDrftAng::MakeRecords() {

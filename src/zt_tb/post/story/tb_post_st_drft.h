@@ -58,11 +58,12 @@ protected:
 /// as long as they show the same load cases.
 class CTBPostStDrftAng : public StaticDrift {
 public:
-    /// The table leads where `follows` is not 1.
+    /// The table leads, once it has a grid, where `follows` is not 1.
     CTBPostStDrftAng(int kind, int follows);
     ~CTBPostStDrftAng() override;
     static const ResultDeclaration& Declared();
 
+    void Initialize(velda::CTBCore& grid) override;
     void MakeRecords() override;
     void MakeObjectKeys(std::vector<std::uint32_t>& keys) override;
     void UpdateUnit() override;

@@ -1,6 +1,9 @@
 #include "zt_tb/post/story/tb_post_st_drft_th.h"
 
+#include <utility>
+
 #include "velda_lib/number_text.h"
+#include "zt_tb/post/result_catalogue.h"
 #include "zt_tb/post/story/story_columns.h"
 
 namespace zt {
@@ -87,6 +90,13 @@ void CTBPostStDrftTH::WriteRecord(const T_STDFTTH_D& record, velda::RecordCells&
     cells.Text(kRemark, VerdictText(part.isFailed == 0));
 }
 
+void CTBPostStDrftTH::OnEvent(const velda::T_TB_EVENT_D& event) {
+    int first = 0;
+    int last = 0;
+    if (event.kind != velda::T_TB_EVENT_D::kClick || !Grid()->GetPreRecRange(first, last)) return;
+    if (std::cmp_equal(event.row, first) && onCommand) onCommand(ResultCommandId::SetAllowableDrift);
+}
+
 const ResultDeclaration& CTBPostStDrftTH2::Declared() {
     static constexpr ResultColumn kColumns[] = {
         columns::kModule,
@@ -153,6 +163,20 @@ void CTBPostStDrftPO::ApplySteps(const TB_ACTIVE_PARAM& param) {
     for (std::size_t i = 0; i < param.steps.names.size(); ++i) {
         stepNames_[param.steps.keys[i]] = param.steps.names[i];
     }
+}
+
+int CTBPostStDrftPO::PrepareActiveSteps(TB_ACTIVE_PARAM& param) {
+    const std::set<int> reached = ReachedSteps(PushoverControlOf(Results()), param.steps.keys);
+    ActiveList<std::int16_t> offered = param.steps;
+    offered.names.clear();
+    offered.keys.clear();
+    for (std::size_t i = 0; i < param.steps.keys.size(); ++i) {
+        if (!reached.contains(param.steps.keys[i])) continue;
+        offered.names.push_back(param.steps.names[i]);
+        offered.keys.push_back(param.steps.keys[i]);
+    }
+    param.steps = std::move(offered);
+    return 1;
 }
 
 void CTBPostStDrftPO::ReadService(const CStoryResult& service, const LoadChoice& load, int step,

@@ -37,6 +37,8 @@ public:
 
     void AfterSetRecCount() override { InsertLineAbove(); }
     void AfterRedrawTable() override { WriteLineAbove("IDS_TB_POSTDISP_PRESS_MOUSE_Drift_Ang_TH"); }
+    /// A click on the line above the records sets the limits.
+    void OnEvent(const velda::T_TB_EVENT_D& event) override;
 
 protected:
     /// `step` is the field that tells records of one case apart; 0 for none.
@@ -83,6 +85,8 @@ public:
     static const ResultDeclaration& Declared();
 
     void ApplySteps(const TB_ACTIVE_PARAM& param) override;
+    /// Offers the steps that a case reaches.
+    int PrepareActiveSteps(TB_ACTIVE_PARAM& param) override;
     /// Several steps of a case have one place among the load cases.
     bool GetOrder(std::span<const velda::STBSortItem> /*items*/, velda::RecordOrder& /*order*/) override {
         return false;
