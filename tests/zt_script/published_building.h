@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
+#include <limits>
 #include <map>
 #include <memory>
 #include <string>
@@ -184,9 +185,10 @@ protected:
     }
     /// Holds a number that is shown against a figure, both in the same unit: to the coarser of their last digits.
     static void ExpectShown(const std::string& shown, double figure, double tolerance, const std::string& where) {
-        constexpr double kRounding = 1.0 + 1.0e-9;
         ASSERT_FALSE(shown.empty()) << where;
-        EXPECT_NEAR(std::stod(shown), figure, std::max(HalfPlace(shown), tolerance) * kRounding) << where;
+        // What doubles of this size cannot tell.
+        const double unseen = 4.0 * std::numeric_limits<double>::epsilon() * std::abs(figure);
+        EXPECT_NEAR(std::stod(shown), figure, std::max(HalfPlace(shown), tolerance) + unseen) << where;
     }
     /// Holds the cells of a row against the figures of a row; blank figures were not published. `sense` is what our
     /// sign of a column is to theirs.

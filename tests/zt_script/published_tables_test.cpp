@@ -114,5 +114,82 @@ INSTANTIATE_TEST_SUITE_P(
         TableOfFigures{"SetbackTower", SetbackTower, "results_reactions_published.csv", "kip", "in", 18}),
     NameOf);
 
+// ---- members
+
+/// Parts of a type of members and what a table shows of them. Figures are forces on the ends of a member; tables show
+/// those on the face that looks to end j, which have the other sign at end i.
+struct MemberTab {
+    int tab;
+    std::int16_t endI;
+    std::int16_t endJ;
+    std::vector<PublishedColumn> columns;
+};
+const MemberTab kBeams{0,
+                       0,
+                       16,
+                       {{"N", "N (Axial)", Measure::Force},
+                        {"Vz", "V (Shear)", Measure::Force},
+                        {"My", "M (Moment)", Measure::Moment},
+                        {"T", "T (Torsion)", Measure::Moment}}};
+const std::vector<PublishedColumn> kColumnForces{{"N", "N (Axial)", Measure::Force},
+                                                 {"Vy", "Vy (Shear)", Measure::Force},
+                                                 {"Vz", "Vz (Shear)", Measure::Force},
+                                                 {"My", "My (Moment)", Measure::Moment},
+                                                 {"Mz", "Mz (Moment)", Measure::Moment}};
+const MemberTab kColumns{1, 0, 1, kColumnForces};
+const MemberTab kBraces{2, 0, 1, kColumnForces};
+
+const MemberTab& TabOf(const T_MEMB_D& member) {
+    if (member.type == MembType::Column) return kColumns;
+    return member.type == MembType::Brace ? kBraces : kBeams;
+}
+
+class PublishedMemberForces : public PublishedTablesOf {
+protected:
+    /// Shows both ends of all members of a tab, end i first.
+    const velda::CTBCore& ShowEnds(const MemberTab& tab, const std::string& loadCase) {
+        TB_ACTIVE_PARAM param = Open("AddMembForceView", tab.tab);
+        param.parts.selected = {tab.endI, tab.endJ};
+        return Show(param, loadCase);
+    }
+    bool IsTurned(const T_MEMB_D& member, const PublishedColumn& column) const {
+        const bool isAcross = column.figure[0] != 'N' && column.figure[0] != 'T';
+        return building.turnsVerticals && isAcross && member.type == MembType::Column;
+    }
+};
+
+TEST_P(PublishedMemberForces, AtBothEndsAgreeToTheShownDigits) {
+    const std::vector<CsvRow> figures = Figures(GetParam().file);
+    FindGreatest(figures, kBeams.columns);
+    FindGreatest(figures, kColumnForces);
+    for (const MemberTab* tab : {&kBeams, &kColumns, &kBraces}) {
+        const velda::CTBCore& grid = ShowEnds(*tab, figures.front().at("load_case"));
+        for (const CsvRow& row : figures) {
+            const T_MEMB_D& member = MemberOf(row.at("member"));
+            if (&TabOf(member) != tab) continue;
+            const int first = RowOf(grid, member.no);
+            ASSERT_GT(first, 0) << row.at("member");
+            const bool isEndI = nodes.at(row.at("node")).key == member.nodes.front();
+            CompareRow(grid, first + (isEndI ? 0 : 1), tab->columns, row,
+                       "member " + row.at("member") + " at " + row.at("node"), [&](const PublishedColumn& column) {
+                           return (isEndI ? -1.0 : 1.0) * (IsTurned(member, column) ? -1.0 : 1.0);
+                       });
+        }
+    }
+    EXPECT_EQ(GetParam().figures, compared);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Buildings, PublishedMemberForces,
+    testing::Values(
+        TableOfFigures{"BracedFrameX", BracedFrame, "results_latx_member_end_forces.csv", "kN", "m", 1064},
+        TableOfFigures{"BracedFrameY", BracedFrame, "results_laty_member_end_forces.csv", "kN", "m", 1064},
+        TableOfFigures{"BracedFrameTorsion", BracedFrame, "results_tors_member_end_forces.csv", "N", "mm", 1064},
+        TableOfFigures{"SteelFrame", SteelFrame, "results_static_member_end_forces.csv", "kN", "m", 246},
+        TableOfFigures{"ConcreteFrame", ConcreteFrame, "results_static_recalculated_member_end_forces.csv", "N", "mm",
+                       84},
+        TableOfFigures{"SetbackTower", SetbackTower, "results_member_end_forces_published.csv", "kip", "in", 216}),
+    NameOf);
+
 }  // namespace
 }  // namespace zt
