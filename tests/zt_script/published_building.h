@@ -18,6 +18,7 @@
 #include "zt_db/records/actl.h"
 #include "zt_db/records/memb.h"
 #include "zt_db/records/pont.h"
+#include "zt_db/records/swgt.h"
 #include "zt_tb/post/tb_post_view.h"
 
 namespace zt {
@@ -30,6 +31,7 @@ struct PublishedBuilding {
     std::string moment = "kNm";   ///< behind the names of columns of moments
     int digits = 8;               ///< how many of its figures count
     double share = 0.0;           ///< by which its solver differs from ours, of the greatest figure of a kind
+    bool hasSelfWeight = false;   ///< in its first load case; its tables do not tell
     bool turnsVerticals = false;  ///< local axes of its vertical members are turned by half a turn against ours
     T_ACTL_D control{};
 };
@@ -74,6 +76,7 @@ protected:
         ExchangeReport report;
         ASSERT_TRUE(ImportModel(Db(), DataFolder() / "exchange" / building.name, {}, report)) << report.Text();
         Put<CClassActl>(T_ACTL_D::kKey, building.control);
+        if (building.hasSelfWeight) Put<CClassSwgt>(1, {.stld = 1, .z = -1.0});
         ForEachInOrder<CClassPont>(Db(), [&](std::uint32_t key, const T_PONT_D& node) {
             nodes[node.name.empty() ? std::to_string(node.no) : node.name] = {key, node.no};
         });
@@ -102,6 +105,12 @@ protected:
         return members.at(memberNodes.at(name));
     }
 
+    /// Whether a column of the forces of a member has the other sign there.
+    bool IsTurned(const T_MEMB_D& member, const PublishedColumn& column) const {
+        const bool isAcross = column.figure[0] != 'N' && column.figure[0] != 'T';
+        return building.turnsVerticals && isAcross && member.type == MembType::Column;
+    }
+
     // ---- what is shown
 
     void ShowIn(const std::string& force, const std::string& length) {
@@ -116,6 +125,7 @@ protected:
     }
     /// Opens the table of an operation with one of its tabs in front; what it could show.
     TB_ACTIVE_PARAM Open(std::string_view operation, int tab = 0) {
+        doc->SetModePost();
         view = std::make_unique<CTBPostView>();
         EXPECT_TRUE(view->AddTable(operation));
         view->SetCurrentTab(tab);
@@ -175,6 +185,14 @@ protected:
     static int RowOf(const velda::CTBCore& grid, std::uint32_t number) {
         for (int row = 1; row <= grid.RowCount(); ++row) {
             if (grid.GetValueRowCol(row, 1) == std::to_string(number)) return row;
+        }
+        return 0;
+    }
+    /// The row of a story; 0 for none.
+    static int RowOfStory(const velda::CTBCore& grid, const std::string& story) {
+        const int col = ColumnOf(grid, "Story");
+        for (int row = 1; row <= grid.RowCount() && col > 0; ++row) {
+            if (grid.GetValueRowCol(row, col) == story) return row;
         }
         return 0;
     }
