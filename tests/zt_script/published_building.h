@@ -113,16 +113,20 @@ protected:
 
     // ---- what is shown
 
-    void ShowIn(const std::string& force, const std::string& length) {
+    /// Moments have a length unit of their own where the model has another one.
+    void ShowIn(const std::string& force, const std::string& length, const std::string& modelLength) {
         T_UNIT_INDEX units;
         doc->GetUnitCtrl()->GetUnitIndexCurrent(units);
         units.force = CUnitCtrl::FindChoice(UnitQuantity::Force, force);
         units.length = CUnitCtrl::FindChoice(UnitQuantity::Length, length);
-        units.modelLength = CUnitCtrl::FindChoice(UnitQuantity::ModelLength, length);
-        ASSERT_EQ(1, doc->GetUnitCtrl()->SetUnitIndexCurrent(units, 1)) << force << ", " << length;
+        units.modelLength = CUnitCtrl::FindChoice(UnitQuantity::ModelLength, modelLength);
+        ASSERT_EQ(1, doc->GetUnitCtrl()->SetUnitIndexCurrent(units, 1))
+            << force << ", " << length << ", " << modelLength;
         shownForce = force;
-        shownLength = length;
+        armLength = length;
+        shownLength = modelLength;
     }
+    void ShowIn(const std::string& force, const std::string& length) { ShowIn(force, length, length); }
     /// Opens the table of an operation with one of its tabs in front; what it could show.
     TB_ACTIVE_PARAM Open(std::string_view operation, int tab = 0) {
         doc->SetModePost();
@@ -147,12 +151,12 @@ protected:
 
     /// A measure of figures in what is shown.
     double Factor(Measure measure) const {
-        const double length = SizeOf(UnitQuantity::Length, building.length) / SizeOf(UnitQuantity::Length, shownLength);
+        const double figureLength = SizeOf(UnitQuantity::Length, building.length);
         const double force = SizeOf(UnitQuantity::Force, building.force) / SizeOf(UnitQuantity::Force, shownForce);
         switch (measure) {
-            case Measure::Length: return length;
+            case Measure::Length: return figureLength / SizeOf(UnitQuantity::Length, shownLength);
             case Measure::Force: return force;
-            case Measure::Moment: return force * length;
+            case Measure::Moment: return force * figureLength / SizeOf(UnitQuantity::Length, armLength);
             default: return 1.0;
         }
     }
@@ -160,7 +164,7 @@ protected:
         switch (column.measure) {
             case Measure::Length: return column.title + " (" + shownLength + ")";
             case Measure::Force: return column.title + " (" + shownForce + ")";
-            case Measure::Moment: return column.title + " (" + shownForce + "·" + shownLength + ")";
+            case Measure::Moment: return column.title + " (" + shownForce + "·" + armLength + ")";
             default: return column.title;
         }
     }
@@ -253,7 +257,8 @@ protected:
     std::map<Measure, double> greatest;
     std::size_t compared = 0;  ///< figures
     std::string shownForce;
-    std::string shownLength;
+    std::string shownLength;  ///< of lengths
+    std::string armLength;    ///< in moments
 
 private:
     static double SizeOf(UnitQuantity quantity, const std::string& label) {

@@ -64,6 +64,7 @@ struct TableOfFigures {
     std::string length;
     std::size_t figures;  ///< how many are compared, so that none is passed over
     int tab = 0;
+    std::string modelLength{};  ///< empty for the same as the length
 };
 void PrintTo(const TableOfFigures& table, std::ostream* stream) { *stream << table.name; }
 std::string NameOf(const testing::TestParamInfo<TableOfFigures>& info) { return info.param.name; }
@@ -74,7 +75,8 @@ protected:
         Import(GetParam().building());
         Complete();
         Solve();
-        ShowIn(GetParam().force, GetParam().length);
+        const std::string& length = GetParam().length;
+        ShowIn(GetParam().force, length, GetParam().modelLength.empty() ? length : GetParam().modelLength);
     }
     /// Adds what the tables of the model do not tell.
     virtual void Complete() {}
@@ -103,6 +105,8 @@ INSTANTIATE_TEST_SUITE_P(
         TableOfFigures{"BracedFrameTorsion", BracedFrame, "results_tors_displacements.csv", "N", "mm", 270},
         TableOfFigures{"SteelFrame", SteelFrame, "results_static_displacements.csv", "kN", "m", 120},
         TableOfFigures{"SteelFrameInMillimetres", SteelFrame, "results_static_displacements.csv", "kN", "mm", 120},
+        TableOfFigures{"SteelFrameInAModelInMillimetres", SteelFrame, "results_static_displacements.csv", "kN", "m",
+                       120, 0, "mm"},
         TableOfFigures{"ConcreteFrame", ConcreteFrame, "results_static_recalculated_displacements.csv", "kN", "mm", 48},
         TableOfFigures{"PublishedConcreteFrame", PublishedConcreteFrame, "results_static_published.csv", "kN", "mm",
                        24},
@@ -145,6 +149,8 @@ INSTANTIATE_TEST_SUITE_P(
         TableOfFigures{"SteelFrame", SteelFrame, "results_static_reactions.csv", "kN", "m", 30},
         TableOfFigures{"ConcreteFrame", ConcreteFrame, "results_static_recalculated_reactions.csv", "kN", "m", 12},
         TableOfFigures{"PublishedConcreteFrame", PublishedConcreteFrame, "results_static_published.csv", "kN", "m", 6},
+        TableOfFigures{"SteelFrameInAModelInMillimetres", SteelFrame, "results_static_reactions.csv", "kN", "m", 30, 0,
+                       "mm"},
         TableOfFigures{"SetbackTower", SetbackTower, "results_reactions_published.csv", "kip", "in", 18}),
     NameOf);
 
@@ -346,6 +352,8 @@ INSTANTIATE_TEST_SUITE_P(
                     TableOfFigures{"BracedFrameXInMillimetres", BracedFrame, "results_latx_story_drifts.csv", "kN",
                                    "mm", 20, 0},
                     TableOfFigures{"BracedFrameY", BracedFrame, "results_laty_story_drifts.csv", "kN", "mm", 20, 1},
+                    TableOfFigures{"BracedFrameYInAModelInMillimetres", BracedFrame, "results_laty_story_drifts.csv",
+                                   "kN", "m", 20, 1, "mm"},
                     TableOfFigures{"SteelFrame", SteelFrame, "results_story_drifts.csv", "kN", "mm", 15, 0},
                     TableOfFigures{"ConcreteFrame", ConcreteFrame, "results_story_drifts.csv", "kN", "mm", 15, 0}),
     NameOf);
