@@ -163,6 +163,7 @@ void GridMouse::ExtendTo(QPoint point) {
 }
 
 void GridMouse::DragColumn(QPoint point) {
+    if (!widget_.Grid()->CanMoveCols()) return;
     if (task_ == Task::PressedColumn) {
         if (std::abs(point.x() - pressed_.x()) < QApplication::startDragDistance()) return;
         task_ = Task::MoveColumn;

@@ -333,7 +333,7 @@ void MainWindow::ZoomReset() {
 bool MainWindow::UseLanguage(velda::Language language) {
     if (!LeaveRows()) return false;
     velda::SetCurrentLanguage(language);
-    for (TableDocument* document : area_->Documents()) document->Reopen();
+    for (TableDocument* document : area_->Documents()) document->UseLanguage();
     for (const auto& pane : panes_) pane->Reopen();
     ShowTexts();
     ShowMessage(Word("IDS_DESKTOP_READY"));

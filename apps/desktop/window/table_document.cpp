@@ -27,7 +27,7 @@ std::unique_ptr<CTBView> OpenTables(int kind, velda::CWnd& window) {
 std::unique_ptr<CTBView> OpenResults(int kind, velda::CWnd& window) {
     auto view = std::make_unique<CTBPostView>();
     view->SetWindow(&window);
-    if (const ResultTableEntry* table = FindResultTable(kind)) view->AddTable(table->operation);
+    view->AddTable(kind);
     return view;
 }
 
@@ -52,6 +52,14 @@ TableDocument::TableDocument(TableId id, QWidget* parent) : TableHolder(parent),
 void TableDocument::MakeView() {
     view_ = kOpeners[static_cast<std::size_t>(id_.sort)](id_.kind, frame_);
     SetView(view_.get());
+}
+
+void TableDocument::UseLanguage() {
+    if (view_->UpdateLanguage()) {
+        Grid().Refresh();
+    } else {
+        Reopen();
+    }
 }
 
 void TableDocument::Reopen() {

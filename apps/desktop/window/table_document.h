@@ -24,8 +24,8 @@ public:
     bool Shows(TableId id) const;
     /// Brings a table that it shows to the front of its tabs.
     void BringToFront(TableId id);
-    /// Makes the view anew, with the same tab and cell in front, so that it takes its texts in the current language.
-    void Reopen();
+    /// Takes all texts in the current language.
+    void UseLanguage();
 
 signals:
     void TitleChanged(const QString& title);
@@ -54,6 +54,8 @@ private:
     };
 
     void MakeView();
+    /// Makes the view anew, with the same tab and cell in front.
+    void Reopen();
 
     TableId id_;
     QString title_;

@@ -46,7 +46,7 @@ std::string CGXGridCore::GetShownText(int row, int col) const {
     return DisplayText(GetValueRowCol(row, col), StyleOf(row, col));
 }
 
-bool CGXGridCore::MoveColumn(int col, int before) { return columns_.Move(col, before); }
+bool CGXGridCore::MoveColumn(int col, int before) { return movesCols_ && columns_.Move(col, before); }
 
 void CGXGridCore::SetColWidth(int col, int width) { columns_.SetWidth(IdOfColumn(col), width); }
 

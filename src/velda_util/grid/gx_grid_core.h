@@ -37,7 +37,11 @@ public:
     /// The text that a cell shows: numbers rounded to the places of their column, the name of a listed key.
     std::string GetShownText(int row, int col) const;
 
-    /// Moves a grid column to stand before another; GetColCount() + 1 for the end. False for a wrong number.
+    /// Whether columns can be moved at all; they can at first.
+    void EnableMoveCols(bool enable) { movesCols_ = enable; }
+    bool CanMoveCols() const { return movesCols_; }
+    /// Moves a grid column to stand before another; GetColCount() + 1 for the end. False for a wrong number, and where
+    /// columns cannot be moved.
     bool MoveColumn(int col, int before);
     void SetColWidth(int col, int width);
     int GetColWidth(int col) const { return columns_.Width(IdOfColumn(col)); }
@@ -167,6 +171,7 @@ private:
 
     std::map<int, int> rowHeights_;
     mutable CGXStyle hooked_;
+    bool movesCols_ = true;
     GridPosition topLeft_{1, 1};
     int pageRows_ = 20;
     bool locked_ = false;

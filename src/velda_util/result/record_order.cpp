@@ -20,12 +20,10 @@ RecordOrder RecordOrder::Natural(std::uint32_t count) {
     return order;
 }
 
-RecordOrder RecordOrder::InnerFirst(std::vector<std::uint32_t> inner, std::vector<std::uint32_t> objects,
-                                    std::uint32_t objectCount) {
+RecordOrder RecordOrder::InnerFirst(std::vector<std::uint32_t> inner, std::uint32_t objectCount) {
     RecordOrder order;
     order.kind_ = Kind::InnerFirst;
     order.inner_ = std::move(inner);
-    order.objects_ = std::move(objects);
     order.objectCount_ = objectCount;
     order.count_ = objectCount * static_cast<std::uint32_t>(order.inner_.size());
     return order;
@@ -45,18 +43,19 @@ std::uint32_t RecordOrder::RecordAt(std::uint32_t place) const {
     if (kind_ == Kind::Listed) return records_[place - 1] + 1;
     const std::uint32_t object = (place - 1) % objectCount_;
     const auto inner = static_cast<std::uint32_t>(inner_.size());
-    return (objects_.empty() ? object : objects_[object]) * inner + inner_[(place - 1) / objectCount_] + 1;
+    return object * inner + inner_[(place - 1) / objectCount_] + 1;
 }
 
 std::uint32_t RecordOrder::PlaceOf(std::uint32_t record) const {
     if (kind_ == Kind::Natural) return record;
-    const std::vector<std::uint32_t>& listed = kind_ == Kind::Listed ? records_ : objects_;
-    if (places_.size() != listed.size()) places_ = InverseOf(listed);
-    if (kind_ == Kind::Listed) return places_[record - 1] + 1;
+    if (kind_ == Kind::Listed) {
+        if (places_.size() != records_.size()) places_ = InverseOf(records_);
+        return places_[record - 1] + 1;
+    }
     const auto inner = static_cast<std::uint32_t>(inner_.size());
     const std::uint32_t object = (record - 1) / inner;
     const auto at = std::find(inner_.begin(), inner_.end(), (record - 1) % inner) - inner_.begin();
-    return static_cast<std::uint32_t>(at) * objectCount_ + (objects_.empty() ? object : places_[object]) + 1;
+    return static_cast<std::uint32_t>(at) * objectCount_ + object + 1;
 }
 
 }  // namespace velda

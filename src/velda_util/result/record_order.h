@@ -15,10 +15,8 @@ public:
     /// As the records are numbered.
     static RecordOrder Natural(std::uint32_t count);
     /// Records are numbered object by object, with `inner.size()` of them each, and stand one inner place after the
-    /// other, with all objects beneath: `inner` are the inner places from 0 in their order, `objects` the objects from
-    /// 0 in theirs; no objects stand for `objectCount` of them as they are numbered.
-    static RecordOrder InnerFirst(std::vector<std::uint32_t> inner, std::vector<std::uint32_t> objects,
-                                  std::uint32_t objectCount);
+    /// other, with all objects beneath: `inner` are the inner places from 0 in their order.
+    static RecordOrder InnerFirst(std::vector<std::uint32_t> inner, std::uint32_t objectCount);
     /// Any order: the record of each place.
     static RecordOrder Of(std::vector<std::uint32_t> records);
 
@@ -34,9 +32,8 @@ private:
     std::uint32_t count_ = 0;
     std::uint32_t objectCount_ = 0;
     std::vector<std::uint32_t> inner_;
-    std::vector<std::uint32_t> objects_;
     std::vector<std::uint32_t> records_;
-    mutable std::vector<std::uint32_t> places_;  ///< the places of `records_` or `objects_`, made when first asked for
+    mutable std::vector<std::uint32_t> places_;  ///< the places of `records_`, made when first asked for
 };
 
 }  // namespace velda

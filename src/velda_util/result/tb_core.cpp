@@ -21,24 +21,39 @@ void CTBCore::Initialize() {
     if (!source_) return;
     source_->Initialize(*this);
     source_->InitColHeader();
-    fields_.Clear();
-    source_->InitRecFields();
-    fields_.EndAdd();
+    ReadFields();
     header_.SetRowCount(static_cast<std::uint32_t>(titles_.RowCount()));
     for (int col = 1; col <= titles_.ColCount(); ++col) {
         const int slot = fields_.SlotOf(col, 1);
         const auto& field = slot < 0 ? RecordField{} : fields_.Fields()[static_cast<std::size_t>(slot)];
         columns_.AddColInfo(field.title, field.type, field.unitKind);
     }
-    PutFactors();
     PutTitles();
     source_->UserDefinedInit();
 }
 
-void CTBCore::FieldsChanged() {
+void CTBCore::ReadFields() {
+    fields_.Clear();
+    styleCtrl_.Clear();
+    source_->InitRecFields();
     fields_.EndAdd();
     PutFactors();
+}
+
+void CTBCore::FieldsChanged() {
+    ReadFields();
     records_.ForgetCells();
+}
+
+void CTBCore::UpdateLanguage() {
+    if (!source_) return;
+    const GridUpdateLock lock(*this);
+    source_->InitColHeader();
+    ReadFields();
+    for (const RecordField& field : fields_.Fields()) columns_.SetTitle(field.fieldNo - 1, field.title);
+    PutTitles();
+    source_->UpdateLanguage();
+    records_.DisplayRecords();
 }
 
 void CTBCore::PutFactors() {

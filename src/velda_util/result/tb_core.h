@@ -30,8 +30,10 @@ public:
     CTBDataSrc* GetDataSrc() const { return source_.get(); }
     /// Sets header, fields and styles up as the source says. A grid without a source stays empty.
     void Initialize();
-    /// The source said other fields of its records.
+    /// The source has other fields in its records: asks it for them.
     void FieldsChanged();
+    /// Takes its texts anew, in the current language.
+    void UpdateLanguage();
     /// Names the preferences of the table, and applies them.
     void ApplyPreference(const std::string& name);
     void ApplyColumnPreferences() override;
@@ -100,6 +102,7 @@ protected:
 private:
     void ChooseFromList(int row, int col);
     bool IsAround(int row) const { return records_.GetRecNo(row) == 0; }
+    void ReadFields();
     void PutTitles();
     void PutFactors();
 

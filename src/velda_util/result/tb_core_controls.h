@@ -14,6 +14,7 @@ namespace velda {
 class CTBStyleCtrl {
 public:
     explicit CTBStyleCtrl(CTBGrid& grid) : grid_(grid) {}
+    void Clear() { columns_.clear(); }
     /// Offers a field, under a title.
     void AddCol(std::string title, ColumnType /*type*/, int fieldNo) {
         columns_.push_back({fieldNo - 1, std::move(title)});

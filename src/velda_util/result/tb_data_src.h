@@ -42,7 +42,7 @@ public:
     virtual void Initialize(CTBCore& grid) { grid_ = &grid; }
     /// Says the titles of the columns.
     virtual void InitColHeader() = 0;
-    /// Says the fields of a record.
+    /// Says the fields of a record, and the columns that the style dialog offers.
     virtual void InitRecFields() = 0;
     /// Finds the objects of the table for the first time.
     virtual void MakeRecords() = 0;
@@ -75,6 +75,8 @@ public:
 
     /// Other units are shown.
     virtual void UpdateUnit() {}
+    /// Texts are in another language.
+    virtual void UpdateLanguage() {}
     virtual void OnEvent(const T_TB_EVENT_D& /*event*/) {}
     virtual void OnBeforeCopy() {}
     virtual void AdjustDynPreference(std::vector<STBPrefItem>& /*items*/) {}

@@ -7,7 +7,8 @@ namespace {
 
 /// Names of the arrays, in the order of ResultQuantity.
 constexpr std::string_view kNames[] = {ResultName::Displacement, ResultName::Reaction,  ResultName::ReactionSum,
-                                       ResultName::ElementForce, ResultName::LinkForce, ResultName::SlabForce};
+                                       ResultName::ElementForce, ResultName::LinkForce, ResultName::SlabForce,
+                                       ResultName::DesignForce};
 
 Bounds Times(const Bounds& bounds, double factor) {
     const Bounds product{bounds.max * factor, bounds.min * factor};

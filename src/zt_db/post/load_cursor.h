@@ -7,7 +7,7 @@
 namespace zt {
 
 /// Quantities that load cases have rows of.
-enum class ResultQuantity { Displacement, Reaction, ReactionSum, ElementForce, LinkForce, SlabForce };
+enum class ResultQuantity { Displacement, Reaction, ReactionSum, ElementForce, LinkForce, SlabForce, DesignForce };
 
 /// The greatest and the least of a value; equal where it has no envelope.
 struct Bounds {
@@ -43,7 +43,7 @@ public:
     bool HasEnvelope() const { return hasEnvelope_; }
 
 private:
-    static constexpr std::size_t kQuantities = 6;
+    static constexpr std::size_t kQuantities = 7;
 
     /// The arrays of a case: its values or, of a time history, the greatest and the least.
     struct Arrays {

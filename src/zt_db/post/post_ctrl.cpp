@@ -169,7 +169,7 @@ int CPostCtrl::GetSlabForce(std::uint32_t slab, std::uint32_t node, T_REAC_D* al
 
 /// The forces at a place along a member, 0 to 1. Between stations they are taken from the parabola through the three
 /// nearest ones, which is exact under uniform loads.
-bool CPostCtrl::ForcesAt(std::span<const CPostDataBase::Element> elements, double position,
+bool CPostCtrl::ForcesAt(ResultQuantity quantity, std::span<const CPostDataBase::Element> elements, double position,
                          LoadCursor::Row& bounds) const {
     constexpr double kNear = 1.0e-9;
     const auto element = std::find_if(elements.begin(), elements.end(),
@@ -182,7 +182,7 @@ bool CPostCtrl::ForcesAt(std::span<const CPostDataBase::Element> elements, doubl
     const double at = share * static_cast<double>(stations - 1);
     const auto nearest = static_cast<std::size_t>(std::lround(at));
     const auto read = [&](std::size_t station, LoadCursor::Row& row) {
-        return cursor_.Read(ResultQuantity::ElementForce, first + station, kComponents, row);
+        return cursor_.Read(quantity, first + station, kComponents, row);
     };
     if (std::abs(at - static_cast<double>(nearest)) < kNear || stations < 3) return read(nearest, bounds);
     const std::size_t middle = std::clamp<std::size_t>(nearest, 1, stations - 2);
@@ -201,12 +201,13 @@ bool CPostCtrl::ForcesAt(std::span<const CPostDataBase::Element> elements, doubl
 }
 
 template <class Record>
-int CPostCtrl::GetParts(std::uint32_t memb, std::span<const double> positions, const Outputs<Record>& outputs) const {
+int CPostCtrl::GetParts(ResultQuantity quantity, std::uint32_t memb, std::span<const double> positions,
+                        const Outputs<Record>& outputs) const {
     if (opened_ != Database().Results() || !opened_) return 0;
     const auto elements = Database().ElementsOfMember(memb);
     std::array<LoadCursor::Row, std::tuple_size_v<decltype(Record::part)>> rows{};
     for (std::size_t i = 0; i < positions.size(); ++i) {
-        if (!ForcesAt(elements, positions[i], rows[i])) return 0;
+        if (!ForcesAt(quantity, elements, positions[i], rows[i])) return 0;
     }
     for (std::size_t i = 0; i < positions.size(); ++i) {
         PutBounds(rows[i], kComponents, kForceUnits.data(), units_, outputs,
@@ -216,7 +217,7 @@ int CPostCtrl::GetParts(std::uint32_t memb, std::span<const double> positions, c
 }
 
 int CPostCtrl::GetMbgd(std::uint32_t memb, T_FBEM_D* all, T_FBEM_D* max, T_FBEM_D* min) const {
-    return GetParts<T_FBEM_D>(memb, kEighths, {all, max, min});
+    return GetParts<T_FBEM_D>(ResultQuantity::ElementForce, memb, kEighths, {all, max, min});
 }
 int CPostCtrl::GetMbcg(std::uint32_t memb, T_FBEM_D* all, T_FBEM_D* max, T_FBEM_D* min) const {
     return GetMbgd(memb, all, max, min);
@@ -228,13 +229,31 @@ int CPostCtrl::GetStwt(std::uint32_t memb, T_FBEM_D* all, T_FBEM_D* max, T_FBEM_
     return GetMbgd(memb, all, max, min);
 }
 int CPostCtrl::GetMbcl(std::uint32_t memb, T_FCOL_D* all, T_FCOL_D* max, T_FCOL_D* min) const {
-    return GetParts<T_FCOL_D>(memb, IsUpsideDown(memb) ? kTopToBottom : kBottomToTop, {all, max, min});
+    return GetParts<T_FCOL_D>(ResultQuantity::ElementForce, memb, HeightsOf(memb), {all, max, min});
 }
 int CPostCtrl::GetMbwc(std::uint32_t memb, T_FCOL_D* all, T_FCOL_D* max, T_FCOL_D* min) const {
     return GetMbcl(memb, all, max, min);
 }
 int CPostCtrl::GetMbbr(std::uint32_t memb, T_FBRC_D* all, T_FBRC_D* max, T_FBRC_D* min) const {
-    return GetParts<T_FBRC_D>(memb, kEnds, {all, max, min});
+    return GetParts<T_FBRC_D>(ResultQuantity::ElementForce, memb, kEnds, {all, max, min});
+}
+
+int CPostCtrl::GetDesignForce(std::uint32_t memb, T_FBEM_D* all, T_FBEM_D* max, T_FBEM_D* min) const {
+    if (!Database().IsDesigned(memb)) return 0;
+    return GetParts<T_FBEM_D>(ResultQuantity::DesignForce, memb, kEighths, {all, max, min});
+}
+int CPostCtrl::GetDesignForce(std::uint32_t memb, T_FCOL_D* all, T_FCOL_D* max, T_FCOL_D* min) const {
+    if (!Database().IsDesigned(memb)) return 0;
+    return GetParts<T_FCOL_D>(ResultQuantity::DesignForce, memb, HeightsOf(memb), {all, max, min});
+}
+int CPostCtrl::GetDesignForce(std::uint32_t memb, T_FBRC_D* all, T_FBRC_D* max, T_FBRC_D* min) const {
+    if (!Database().IsDesigned(memb)) return 0;
+    return GetParts<T_FBRC_D>(ResultQuantity::DesignForce, memb, kEnds, {all, max, min});
+}
+
+/// Where the parts of a column lie along it.
+std::span<const double> CPostCtrl::HeightsOf(std::uint32_t memb) const {
+    return IsUpsideDown(memb) ? kTopToBottom : kBottomToTop;
 }
 
 bool CPostCtrl::IsUpsideDown(std::uint32_t memb) const {

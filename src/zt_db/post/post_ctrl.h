@@ -80,6 +80,10 @@ public:
     int GetMbcl(std::uint32_t memb, T_FCOL_D* all, T_FCOL_D* max = nullptr, T_FCOL_D* min = nullptr) const;
     int GetMbwc(std::uint32_t memb, T_FCOL_D* all, T_FCOL_D* max = nullptr, T_FCOL_D* min = nullptr) const;
     int GetMbbr(std::uint32_t memb, T_FBRC_D* all, T_FBRC_D* max = nullptr, T_FBRC_D* min = nullptr) const;
+    /// The forces that a member was designed for; 0 when it was not. See CPostCtrl4Dgn.
+    int GetDesignForce(std::uint32_t memb, T_FBEM_D* all, T_FBEM_D* max = nullptr, T_FBEM_D* min = nullptr) const;
+    int GetDesignForce(std::uint32_t memb, T_FCOL_D* all, T_FCOL_D* max = nullptr, T_FCOL_D* min = nullptr) const;
+    int GetDesignForce(std::uint32_t memb, T_FBRC_D* all, T_FBRC_D* max = nullptr, T_FBRC_D* min = nullptr) const;
     /// What a slab gives to one of its nodes, along the global axes.
     int GetSlabForce(std::uint32_t slab, std::uint32_t node, T_REAC_D* all, T_REAC_D* max = nullptr,
                      T_REAC_D* min = nullptr) const;
@@ -139,9 +143,12 @@ private:
     }
     void PutSizes(const T_UNIT_INDEX& current) const;
     template <class Record>
-    int GetParts(std::uint32_t memb, std::span<const double> positions, const Outputs<Record>& outputs) const;
+    int GetParts(ResultQuantity quantity, std::uint32_t memb, std::span<const double> positions,
+                 const Outputs<Record>& outputs) const;
+    std::span<const double> HeightsOf(std::uint32_t memb) const;
     int SumOfReactions(const Outputs<T_REAC_D>& outputs) const;
-    bool ForcesAt(std::span<const CPostDataBase::Element> elements, double position, LoadCursor::Row& bounds) const;
+    bool ForcesAt(ResultQuantity quantity, std::span<const CPostDataBase::Element> elements, double position,
+                  LoadCursor::Row& bounds) const;
     bool IsUpsideDown(std::uint32_t memb) const;
 
     const CMDBCtrl& databases_;

@@ -43,6 +43,7 @@ CPostDataBase::CPostDataBase(CDataBase* model, std::shared_ptr<const ResultSourc
     linkEnds_ = results_->Keys(ResultName::LinkEnds);
     PutPlaces(linkKeys_, links_);
     std::sort(linkKeys_.begin(), linkKeys_.end());
+    PutPlaces(results_->Keys(ResultName::Designed), designed_);
     ReadElements();
     ReadSlabs();
 }

@@ -60,6 +60,9 @@ public:
         return static_cast<std::size_t>(&element - elements_.data());
     }
 
+    /// Whether a member, by its number, was designed: design forces of it are stored.
+    bool IsDesigned(std::uint32_t no) const { return designed_.Contains(no); }
+
     /// Numbers of all nodes, of all members of the model, ascending. They are sorted once where there are results,
     /// since the model cannot change then.
     std::vector<std::uint32_t> NodeNumbers() const;
@@ -86,6 +89,7 @@ private:
     std::vector<std::uint32_t> linkEnds_;
     std::vector<Element> elements_;
     velda::FlatIndex firstElement_;
+    velda::FlatIndex designed_;
     std::vector<std::array<std::uint32_t, 3>> slabNodes_;  ///< slab, node, place; sorted
     mutable std::shared_ptr<const StoryModel> stories_;
     mutable std::vector<std::uint32_t> nodeNumbers_;    ///< sorted; made when first asked for

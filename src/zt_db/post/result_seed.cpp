@@ -71,6 +71,7 @@ constexpr SeedQuantity kQuantities[] = {
     {"reaction_sum", ResultName::ReactionSum, Rows::One, 6, kForces},
     {"load_sum", ResultName::LoadSum, Rows::One, 3, kForces},
     {"force", ResultName::ElementForce, Rows::Station, 6, kForces},
+    {"design", ResultName::DesignForce, Rows::Station, 6, kForces},
     {"link", ResultName::LinkForce, Rows::Link, 12, kForces},
     {"slab", ResultName::SlabForce, Rows::SlabNode, 6, kForces},
     {"frequency", ResultName::Frequency, Rows::Mode, 2, kPlain, 1, true},
@@ -439,8 +440,10 @@ private:
             std::sort(supports.begin(), supports.end());
         }
         if (isMissing(ResultName::ElementMembers)) PutMembers(numbers);
-        PutNamed(ResultName::Links, Rows::Link);
-        PutNamed(ResultName::SlabNodes, Rows::SlabNode);
+        const auto isOf = [](Rows rows) { return [rows](const SeedQuantity& one) { return one.rows == rows; }; };
+        PutNamed(ResultName::Links, 1, isOf(Rows::Link));
+        PutNamed(ResultName::SlabNodes, 2, isOf(Rows::SlabNode));
+        PutNamed(ResultName::Designed, 1, [](const auto& one) { return one.array == ResultName::DesignForce; });
     }
     /// Members with a section are one element each.
     void PutMembers(std::map<std::uint32_t, std::uint32_t>& numbers) {
@@ -456,18 +459,19 @@ private:
             ranges.values.insert(ranges.values.end(), {0.0, 1.0});
         });
     }
-    /// Lists what lines name where the model does not tell what there is.
-    void PutNamed(std::string_view name, Rows rows) {
+    /// Lists what lines of some quantities name where the model does not tell what there is: the first numbers of their
+    /// rows.
+    template <class IsListed>
+    void PutNamed(std::string_view name, std::ptrdiff_t numbers, IsListed isListed) {
         if (keys_.find(name) != keys_.end()) return;
-        std::set<RowKey> named;
+        std::set<std::vector<std::uint32_t>> named;
         for (const auto& [path, table] : tables_) {
-            for (const auto& [key, row] : table.rows) {
-                if (table.quantity->rows == rows) named.insert(key);
-            }
+            if (!isListed(*table.quantity)) continue;
+            for (const auto& [key, row] : table.rows) named.emplace(key.begin(), key.begin() + numbers);
         }
-        for (const RowKey& key : named) {
+        for (const std::vector<std::uint32_t>& key : named) {
             auto& keys = keys_[std::string(name)];
-            keys.insert(keys.end(), key.begin(), key.begin() + static_cast<std::ptrdiff_t>(NumbersBefore(rows)));
+            keys.insert(keys.end(), key.begin(), key.end());
         }
     }
 

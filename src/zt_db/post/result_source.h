@@ -101,8 +101,9 @@ inline constexpr std::string_view ElementMembers = "model/element_member";  ///<
 inline constexpr std::string_view ElementEnds = "model/element_node";       ///< keys: numbers of both end nodes
 inline constexpr std::string_view ElementRanges = "model/element_range";    ///< where along its member it lies, 0 to 1
 inline constexpr std::string_view Links = "model/link";                     ///< keys: numbers of elastic links
-inline constexpr std::string_view LinkEnds = "model/link_node";   ///< keys: numbers of both nodes of each link
-inline constexpr std::string_view SlabNodes = "model/slab_node";  ///< keys: number of a slab and of a node of it
+inline constexpr std::string_view LinkEnds = "model/link_node";      ///< keys: numbers of both nodes of each link
+inline constexpr std::string_view SlabNodes = "model/slab_node";     ///< keys: number of a slab and of a node of it
+inline constexpr std::string_view Designed = "model/design_member";  ///< keys: numbers of the designed members
 /// Keys, four a pushover case: the case, the number of its load increments, the case that it starts from or 0, and 1
 /// where it loads the structure before the others.
 inline constexpr std::string_view PushoverCases = "model/pushover_case";
@@ -123,9 +124,10 @@ inline constexpr std::string_view Reaction = "reaction";           ///< of all s
 inline constexpr std::string_view ReactionSum = "reaction_sum";    ///< one row
 inline constexpr std::string_view LoadSum = "load_sum";            ///< one row
 inline constexpr std::string_view ElementForce = "element_force";  ///< of all elements, a row a station
-inline constexpr std::string_view LinkForce = "link_force";        ///< of all links, twelve a row: ends i and j
-inline constexpr std::string_view SlabForce = "slab_force";        ///< of all pairs of a slab and a node
-inline constexpr std::string_view Coordinate = "coordinate";       ///< of the modes, a row a state
+inline constexpr std::string_view DesignForce = "design_force";  ///< likewise, that designed members were designed for
+inline constexpr std::string_view LinkForce = "link_force";      ///< of all links, twelve a row: ends i and j
+inline constexpr std::string_view SlabForce = "slab_force";      ///< of all pairs of a slab and a node
+inline constexpr std::string_view Coordinate = "coordinate";     ///< of the modes, a row a state
 inline constexpr std::string_view CoordinateAcceleration = "coordinate_acceleration";
 inline constexpr std::string_view Ground = "ground";  ///< acceleration, a row a state
 inline constexpr std::string_view Step = "step";      ///< one value: s between two states

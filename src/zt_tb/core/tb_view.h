@@ -53,6 +53,8 @@ public:
     void OnUpdate(CDBUpdateConnector* sender, int code, T_UPDATE_HINT* hint) override;
 
     virtual void OnTabSwitch() {}
+    /// Takes all texts anew, in the current language; false for a view that has to be made anew for that.
+    virtual bool UpdateLanguage() { return false; }
     virtual void UpdateViewTitle() {}
     virtual void UpdateBuffer(T_UPDATE_HINT* /*hint*/) {}
     virtual void UpdateUnit() {}

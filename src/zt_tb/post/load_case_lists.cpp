@@ -242,7 +242,9 @@ constexpr LoadRule kRules[] = {
     {{{{19, 19}}}, &DeadAndLive, true},
     {{{{15, 15}}}, [](const Lister& lister, List& list) { lister.GetWindSeis(list, {.wind = true}); }, true},
     {{{{24, 24}}},
-     [](const Lister& lister, List& list) { lister.GetWindSeis(list, {.seismic = true, .spectra = true}); },
+     [](const Lister& lister, List& list) {
+         lister.GetWindSeis(list, {.offersWind = false, .seismic = true, .spectra = true});
+     },
      true},
     {{{{13, 13}, {16, 16}, {18, 18}, {20, 20}, {22, 23}}},
      [](const Lister& lister, List& list) { lister.GetWindSeis(list, {.seismic = true, .spectra = true}); },
@@ -494,7 +496,7 @@ void LoadCaseLister::GetWindSeis(LoadChoiceList& list, WindSeisDefaults defaults
     Keys seismic;
     Keys spectra;
     CStoryResultPost(control_).GetLoadCaseKeyList4WindSeis(wind, seismic, spectra);
-    GetActiveParam_ST(wind, list, defaults.wind);
+    if (defaults.offersWind) GetActiveParam_ST(wind, list, defaults.wind);
     GetActiveParam_ST(seismic, list, defaults.seismic);
     GetActiveParam_RS(spectra, list, defaults.spectra);
 }

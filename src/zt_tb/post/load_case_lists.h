@@ -78,6 +78,7 @@ public:
     void GetLoadcase4StTIC(LoadChoiceList& list) const;
     /// Static cases of wind and earthquake and spectrum cases; which of them are default.
     struct WindSeisDefaults {
+        bool offersWind = true;
         bool wind = false;
         bool seismic = false;
         bool spectra = false;

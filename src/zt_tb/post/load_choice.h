@@ -32,6 +32,8 @@ constexpr std::int64_t LoadOrder(std::uint32_t key, std::uint32_t kind, std::int
     }
 }
 
+constexpr std::int64_t LoadOrder(const LoadChoice& load) { return LoadOrder(load.key, load.kind, load.subKind); }
+
 /// Load cases that a user can choose among.
 struct LoadChoiceList {
     std::string title{};  ///< empty for the usual one

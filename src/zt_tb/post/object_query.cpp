@@ -17,11 +17,24 @@ constexpr int kTrussBrace = 252;
 
 std::uint32_t TypeOf(int code) { return code == kTrussBrace ? kBraceAndTruss : static_cast<std::uint32_t>(code); }
 
+/// Types that results call otherwise than the model, or that only results have.
+struct TypeName {
+    std::uint32_t type;
+    std::string_view nameKey;
+};
+constexpr TypeName kTypeNames[] = {
+    {kBraceAndTruss, "IDS_TB_MEMB_TYPE_BRTR"},
+    {204, "IDS_TB_MEMB_TYPE_TGIRDER"},
+    {209, "IDS_TB_MEMB_TYPE_WCOLM"},
+    {210, "IDS_TB_MEMB_TYPE_WBEAM"},
+};
+
 std::string NameOfType(std::uint32_t type) {
+    const auto* own = std::find_if(std::begin(kTypeNames), std::end(kTypeNames),
+                                   [&](const TypeName& one) { return one.type == type; });
+    if (own != std::end(kTypeNames)) return velda::CMsgDll::pfuncLoadStr(own->nameKey, 0);
     const MemberType* known = FindMemberType(static_cast<int>(type));
-    const std::string_view key =
-        type == kBraceAndTruss ? "IDS_TB_MEMB_TYPE_BRTR" : (known ? known->nameKey : std::string_view{});
-    return key.empty() ? velda::FormatLong(type) : velda::CMsgDll::pfuncLoadStr(key, 0);
+    return known ? velda::CMsgDll::pfuncLoadStr(known->nameKey, 0) : velda::FormatLong(type);
 }
 
 template <class Class>

@@ -84,7 +84,10 @@ void SelectRowsOfObjects(CDataBase& database, velda::CTBCore& grid) {
         if (!numbers.contains(source->ObjectNumber(object))) continue;
         found.push_back(grid.RecCtrl().RowOfRecord(static_cast<long>(object) * rows + (current - 1) % rows + 1));
     }
-    if (found.empty()) return;
+    if (found.empty()) {
+        grid.ClearSelection();
+        return;
+    }
     std::sort(found.begin(), found.end());
     const int height = grid.RecHdr().RowsOfRecord();
     grid.SetCurrentCell(found.front(), std::max(col, 1));

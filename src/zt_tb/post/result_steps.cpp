@@ -21,6 +21,7 @@ struct StepRule {
     std::array<std::uint32_t, 2> options{};
     bool isListOff = true;
     bool hasNamedSteps = false;
+    int beforeStages = kNamedSteps;  ///< numbers between the last step and the first stage
 };
 
 constexpr IdRange kModeTabs[] = {{17, 17}, {47, 47}};
@@ -30,7 +31,7 @@ constexpr IdRange kMemberTabs[] = {{93, 99}, {106, 133}};
 
 constexpr StepRule kRules[] = {
     {.tabs = kModeTabs, .stepping = Stepping::Modes, .mode = StepMode::Modes},
-    {.tabs = kStoryTabs, .stepping = Stepping::Pushover},
+    {.tabs = kStoryTabs, .stepping = Stepping::Pushover, .beforeStages = 0},
     {.tabs = kHingeStateTabs,
      .stepping = Stepping::Pushover,
      .mode = StepMode::HingeStates,
@@ -68,6 +69,7 @@ void AddPushover(const ResultSteps& steps, const StepRule& rule, ActiveList<std:
         ++number;
         Add(number, hasName ? steps.named[i] : std::to_string(number), list);
     }
+    number = steps.pushoverSteps + rule.beforeStages;
     for (const std::string& stage : steps.stages) Add(++number, stage, list);
 }
 

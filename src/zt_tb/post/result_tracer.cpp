@@ -26,7 +26,7 @@ const CCheckerCtrl* TracingChecker() {
 
 void DropUntraced(std::vector<std::uint32_t>& numbers) {
     const CCheckerCtrl* checker = TracingChecker();
-    if (!checker || CDBDoc::m_pDBDoc->GetTableID4Checker() != kFilteredResultTable) return;
+    if (!checker) return;
     std::erase_if(numbers, [checker](std::uint32_t number) { return !checker->ExistFilteredKey4Table(number); });
 }
 

@@ -11,7 +11,7 @@ namespace zt {
 /// The checker while it traces; null otherwise.
 const CCheckerCtrl* TracingChecker();
 
-/// Drops the objects that the checker did not find, where it leads to the table of what it found.
+/// Drops the objects that the checker did not find, while it traces.
 void DropUntraced(std::vector<std::uint32_t>& numbers);
 
 /// Whether a finding of a check of a mode is about a story under a load case.

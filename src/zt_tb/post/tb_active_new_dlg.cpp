@@ -81,9 +81,8 @@ void CTBActiveNewDlg::ForEachList(Visitor visit) {
 }
 
 void CTBActiveNewDlg::OnInitDialog() {
-    objects_ = param_.allObjects;
+    objects_ = ObjectsOfModule();
     std::sort(objects_.begin(), objects_.end());
-    pickable_ = Pickable();
     Numbers selected = param_.selectedObjects;
     DropUntraced(selected);
     objectText = RangeText(std::move(selected));
@@ -192,8 +191,8 @@ std::optional<std::size_t> CTBActiveNewDlg::CurrentObjectKind() const {
     return std::nullopt;
 }
 
-Numbers CTBActiveNewDlg::Pickable() const {
-    Numbers numbers = objects_;
+Numbers CTBActiveNewDlg::ObjectsOfModule() const {
+    Numbers numbers = param_.allObjects;
     if (mdul_ == 0) return numbers;
     const CClassPMemb members(&database_);
     std::erase_if(numbers, [&](std::uint32_t number) {

@@ -34,7 +34,7 @@ public:
     };
 
     /// Both outlive the dialog. `database` is what the table reads, `mdul` the module whose members it shows, 0 for
-    /// all: members are picked among those.
+    /// all: members are chosen among those.
     CTBActiveNewDlg(TB_ACTIVE_PARAM& param, const CPostDataBase& database, std::uint32_t mdul = 0)
         : param_(param), database_(database), mdul_(mdul) {}
 
@@ -88,15 +88,14 @@ private:
     template <class Visitor>
     void ForEachList(Visitor visit);
     void FillLoads();
-    ObjectQuery QueryObjects() const { return {database_, param_.objectDomain, pickable_}; }
-    std::vector<std::uint32_t> Pickable() const;
+    ObjectQuery QueryObjects() const { return {database_, param_.objectDomain, objects_}; }
+    std::vector<std::uint32_t> ObjectsOfModule() const;
     velda::Outcome ReadObjects(std::vector<std::uint32_t>& numbers) const;
 
     TB_ACTIVE_PARAM& param_;
     const CPostDataBase& database_;
     std::uint32_t mdul_;
-    std::vector<std::uint32_t> objects_;   ///< all that the table can show, ascending
-    std::vector<std::uint32_t> pickable_;  ///< those of them that can be picked
+    std::vector<std::uint32_t> objects_;  ///< all that the table can show, ascending
     QueryKind query_ = QueryKind::MemberType;
     std::array<CheckList, kActiveSections> lists_;
 };

@@ -83,6 +83,9 @@ void CTBPostDS::InitRecFields() {
             if (recRow == 1 || column.isPerPart) {
                 Grid()->RecHdr().AddFld(recRow, field, ResultTitle(column.title), column.type, column.unitKind);
             }
+            if (recRow == 1 && !column.isHidden) {
+                Grid()->StyleCtrl().AddCol(TitleInGroup(field), column.type, field);
+            }
             ++field;
         }
     }
@@ -112,11 +115,7 @@ void CTBPostDS::PutColumnStyles() {
         style.SetHorizontalAlignment(isText ? velda::HorizontalAlignment::Left : velda::HorizontalAlignment::Right);
         if (!isText) style.SetFormat(velda::NumberFormat::Fixed).SetPlaces(column.places);
         grid.SetStyleRange(CGXRange().SetCols(at), style);
-        if (column.isHidden) {
-            grid.VisibleCtrl().HideColsByIntend(col, col, true);
-        } else {
-            grid.StyleCtrl().AddCol(TitleInGroup(col), column.type, col);
-        }
+        if (column.isHidden) grid.VisibleCtrl().HideColsByIntend(col, col, true);
         ++col;
     }
 }
@@ -124,6 +123,7 @@ void CTBPostDS::PutColumnStyles() {
 int CTBPostDS::UserDefinedInit() {
     velda::CTBCore& grid = *Grid();
     PutColumnStyles();
+    grid.EnableMoveCols(false);
     grid.SetRowHeight(0, declaration_.headerHeight);
     grid.ApplyPreference(std::string(declaration_.name));
     if (declaration_.loadOrderField > 0) grid.SortCtrl().AddSortInfo(declaration_.loadOrderField, true);
@@ -156,21 +156,17 @@ int CTBPostDS::SeekRec(long record) {
 }
 
 bool CTBPostDS::GetOrder(std::span<const velda::STBSortItem> items, velda::RecordOrder& order) {
-    const std::size_t objects = ObjectCount();
-    if (static_cast<std::size_t>(GetRecCount()) != objects * rows_.size() || items.size() != 2) return false;
+    if (items.size() != 2) return false;
     if (items[0] != velda::STBSortItem{declaration_.loadOrderField - 1, 0, 0}) return false;
     if (items[1] != velda::STBSortItem{declaration_.objectField - 1, 0, 0} || !AreObjectsSorted()) return false;
-    const auto orderOf = [this](std::uint32_t row) {
-        const LoadChoice& load = loads_[rows_[row].load];
-        return LoadOrder(load.key, load.kind, load.subKind);
-    };
+    const auto orderOf = [this](std::uint32_t row) { return LoadOrder(loads_[rows_[row].load]); };
     std::vector<std::uint32_t> inner(rows_.size());
     std::iota(inner.begin(), inner.end(), 0u);
     std::stable_sort(inner.begin(), inner.end(), [&](auto a, auto b) { return orderOf(a) < orderOf(b); });
     // Rows of one order stand object by object, which is another order.
     const auto equal = [&](auto a, auto b) { return orderOf(a) == orderOf(b); };
     if (std::adjacent_find(inner.begin(), inner.end(), equal) != inner.end()) return false;
-    order = velda::RecordOrder::InnerFirst(std::move(inner), {}, static_cast<std::uint32_t>(objects));
+    order = velda::RecordOrder::InnerFirst(std::move(inner), static_cast<std::uint32_t>(ObjectCount()));
     return true;
 }
 
@@ -206,21 +202,11 @@ const std::string& CTBPostDS::LoadText(std::size_t load) {
     return text;
 }
 
-bool CTBPostDS::StoryNames(std::uint32_t mdul, std::uint32_t story, std::string& mdulName, std::string& storyName) {
+std::optional<CTBPostDS::ShownStory> CTBPostDS::StoryOf(std::uint32_t mdul, std::uint32_t story) {
     T_PMDUL_D module;
     T_PSTOR_D record;
-    if (!CClassPMdul(&Results()).Get(mdul, module) || !CClassPStor(&Results()).Get(story, record)) return false;
-    mdulName = module.name;
-    storyName = record.name;
-    return true;
-}
-
-std::optional<CTBPostDS::ShownStory> CTBPostDS::StoryOf(const T_PMEMB_D& member) {
-    T_PMDUL_D module;
-    T_PSTOR_D story;
-    if (!CClassPMdul(&Results()).Get(member.mdul, module)) return std::nullopt;
-    if (!CClassPStor(&Results()).Get(member.story, story)) return std::nullopt;
-    return ShownStory{module.name + " : " + story.name, story.level};
+    if (!CClassPMdul(&Results()).Get(mdul, module) || !CClassPStor(&Results()).Get(story, record)) return std::nullopt;
+    return ShownStory{module.name, record.name, record.level};
 }
 
 std::string CTBPostDS::GetErrorText() { return Text("IDS_TB_POSTDISP_Error"); }
@@ -230,8 +216,6 @@ std::string CTBPostDS::GetErrorText() { return Text("IDS_TB_POSTDISP_Error"); }
 std::string CTBPostDS::TextAt(int row, int fieldNo) const {
     return Grid()->GetValueRowCol(row, Grid()->PositionOfColumn(fieldNo - 1));
 }
-
-void CTBPostDS::CustomizeCell(int /*row*/, int /*col*/, CGXStyle& /*style*/) {}
 
 void CTBPostDS::BandByLoadCase(int row, int col, int loadField, CGXStyle& style) {
     int currentRow = 0;
@@ -248,7 +232,7 @@ int CTBPostDS::BandOf(const std::string& loadText) {
     if (bands_.empty()) {
         std::vector<std::pair<std::int64_t, std::string>> ordered;
         for (std::size_t load = 0; load < loads_.size(); ++load) {
-            ordered.emplace_back(LoadOrder(loads_[load].key, loads_[load].kind, loads_[load].subKind), LoadText(load));
+            ordered.emplace_back(LoadOrder(loads_[load]), LoadText(load));
         }
         std::stable_sort(ordered.begin(), ordered.end(),
                          [](const auto& a, const auto& b) { return a.first < b.first; });
@@ -325,16 +309,15 @@ void CTBPostDS::ApplyParts(const TB_ACTIVE_PARAM& param) {
     if (!param.parts.isOn) return;
     parts_ = param.parts.selected;
     if (!Grid()) return;
-    Grid()->RecHdr().Clear();
-    InitRecFields();
     Grid()->FieldsChanged();
 }
 
 void CTBPostDS::BuildLoadStepRows() {
     posts_.clear();
-    loadTexts_.clear();
-    bands_.clear();
+    ForgetTexts();
     if (!loadsOn_) return;
+    const bool hasSteps = stepSettings_.isNonlinear || stepSettings_.isPushover || stepSettings_.listOff;
+    if (!hasSteps) steps_ = {0};
     if (CDBDoc::m_pDBDoc) {
         const CPostCtrl& post = *CDBDoc::m_pDBDoc->GetPostCtrl();
         stepSettings_.maxStep = stepSettings_.isNonlinear ? post.GetMaxStep_NL() : post.GetMaxStep_PO();

@@ -30,7 +30,7 @@ public:
     int UserDefinedInit() override;
     int SeekRec(long record) override;
     bool GetOrder(std::span<const velda::STBSortItem> items, velda::RecordOrder& order) override;
-    void CustomizeCell(int row, int col, velda::CGXStyle& style) override;
+    void UpdateLanguage() override { ForgetTexts(); }
     std::string GetUnitText(int unitKind) const override;
     double GetUnitFactor(int unitKind) const override;
 
@@ -65,6 +65,8 @@ public:
     /// Restricts the steps that are offered to those of the table.
     virtual int PrepareActiveSteps(TB_ACTIVE_PARAM& /*param*/) { return 1; }
     virtual void OnDgnForceChanged() {}
+    /// The drift restriction of the model is another one.
+    virtual void OnRestrictionChanged() { RefreshRecords(); }
     virtual bool HasModuleChoice() const { return false; }
     virtual std::uint32_t GetCurModuleKey() const { return 0; }
 
@@ -120,16 +122,17 @@ protected:
     /// How the load case of a record is called.
     const std::string& LoadText(std::size_t load);
     const std::string& LoadText() { return LoadText(rows_[row_].load); }
-    std::int64_t OrderOfLoad() const { return LoadOrder(Load().key, Load().kind, Load().subKind); }
+    std::int64_t OrderOfLoad() const { return LoadOrder(Load()); }
     /// What a table adds to the name of a case of a kind.
     virtual std::string TextOfKind(std::uint32_t /*kind*/) const { return {}; }
 
     /// Reads the value that the sub-kind of the current record means, with a getter of CPostCtrl or a function that is
     /// called like one.
     template <class Record, class Getter>
-    void ReadEnvelope(Getter getter, std::uint32_t object, Record& record) {
+    int ReadEnvelope(Getter getter, std::uint32_t object, Record& record) {
         record = {};
-        if (CPostCtrl* post = Post()) ReadEnvelopeOf(*post, Load(), getter, object, record);
+        CPostCtrl* post = Post();
+        return post ? ReadEnvelopeOf(*post, Load(), getter, object, record) : 0;
     }
     /// The same of an opened load case: all, the greatest, or the least; a case without envelopes has the greatest.
     template <class Record, class Getter>
@@ -142,15 +145,16 @@ protected:
                            isMin ? &record : none);
     }
 
-    /// The names of the module and the story of a record; false, and the record stays empty, when one is not there.
-    static bool StoryNames(std::uint32_t mdul, std::uint32_t story, std::string& mdulName, std::string& storyName);
-    /// The story of a member or a slab as tables show it.
+    /// A story as tables show it.
     struct ShownStory {
-        std::string name{};  ///< module : story
+        std::string mdul{};
+        std::string story{};
         double level = 0.0;  ///< current length unit
+
+        std::string Name() const { return mdul + " : " + story; }
     };
     /// None, and the record stays empty, when the module or the story cannot be read.
-    static std::optional<ShownStory> StoryOf(const T_PMEMB_D& member);
+    static std::optional<ShownStory> StoryOf(std::uint32_t mdul, std::uint32_t story);
     /// Colours rows by their load case, which stands in a field: every other case has another colour.
     void BandByLoadCase(int row, int col, int loadField, velda::CGXStyle& style);
     /// Colours a cell that holds a verdict.
@@ -174,6 +178,10 @@ protected:
 
 private:
     void PutColumnStyles();
+    void ForgetTexts() {
+        loadTexts_.clear();
+        bands_.clear();
+    }
     /// The title of a column, behind that of the group over it.
     std::string TitleInGroup(int fieldNo) const;
     /// The number of a load case, by its text, in the order in which the table shows them.

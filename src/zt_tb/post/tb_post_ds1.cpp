@@ -53,11 +53,10 @@ int ObjectSource::FillActivePartList(TB_ACTIVE_PARAM& param) {
     param.stories.keys.clear();
     for (const std::uint32_t story : StoriesOf(all)) {
         T_PSTOR_D record;
-        std::string mdulName;
-        std::string storyName;
-        if (!CClassPStor(&Results()).Get(story, record) || !StoryNames(record.mdul, story, mdulName, storyName))
-            continue;
-        param.stories.names.push_back(mdulName + " : " + storyName);
+        CClassPStor(&Results()).Get(story, record);
+        const std::optional<ShownStory> shown = StoryOf(record.mdul, story);
+        if (!shown) continue;
+        param.stories.names.push_back(shown->Name());
         param.stories.keys.push_back(story);
     }
     param.stories.selected = StoriesOf(keys_);

@@ -1,5 +1,6 @@
 #include "zt_tb/post/tb_post_ds_memb2.h"
 
+#include "velda_base/host/wait_cursor.h"
 #include "velda_lib/msg_dll.h"
 #include "zt_tb/post/result_tracer.h"
 
@@ -28,10 +29,12 @@ std::vector<std::string> ModuleNames(const CPostDataBase& database) {
     return names;
 }
 
+/// What stands in the list for no module.
+std::string AllModules() { return Text("IDS_TB_POSTDISP_All_Modules"); }
+
 std::string NameOfModule(const CPostDataBase& database, std::uint32_t key) {
     T_PMDUL_D module;
-    CClassPMdul(&database).Get(key, module);
-    return module.name;
+    return CClassPMdul(&database).Get(key, module) ? module.name : AllModules();
 }
 
 /// The columns below hold numbers; these cells hold texts.
@@ -67,7 +70,8 @@ void CTBPostDSMemb2::FilterObjectKeys(std::vector<std::uint32_t>& keys) {
         T_PMEMB_D member;
         return members.Get(key, member) && !types_.contains(member.kind);
     });
-    if (!keys_.empty()) DropUntraced(keys);
+    const bool isTraced = CDBDoc::m_pDBDoc && CDBDoc::m_pDBDoc->GetTableID4Checker() == kFilteredResultTable;
+    if (!keys_.empty() && isTraced) DropUntraced(keys);
 }
 
 void CTBPostDSMemb2::AfterSetRecCount() {
@@ -80,7 +84,7 @@ void CTBPostDSMemb2::AfterRedrawTable() {
     int row = 0;
     int last = 0;
     if (!grid.GetPreRecRange(row, last)) return;
-    std::string lines;
+    std::string lines = AllModules() + "\n";
     for (const std::string& name : ModuleNames(Results())) lines += name + "\n";
     PutStyle(grid, row, kLabelCol, CGXStyle());
     PutStyle(grid, row, kListCol, CGXStyle().SetControl(ControlKind::DropDownList).SetChoiceList(lines));
@@ -95,6 +99,7 @@ void CTBPostDSMemb2::OnEvent(const velda::T_TB_EVENT_D& event) {
     int last = 0;
     if (event.kind != velda::T_TB_EVENT_D::kClick || !Grid()->GetPreRecRange(row, last)) return;
     if (std::cmp_not_equal(event.row, row) || event.column != kButtonCol) return;
+    const velda::WaitCursor wait;
     moduleKey_ = CClassPMdul(&Results()).GetKey(Grid()->GetValueRowCol(row, kListCol));
     keys_.clear();
     MakeObjectKeys(keys_);

@@ -65,15 +65,28 @@ constexpr std::size_t kColumnComponents[] = {0, 1, 2, 4, 5};
 constexpr std::int16_t kEndsAndMiddle[] = {0, 8, 16};
 constexpr std::int16_t kBeamPartStep = 2;
 
+constexpr ForceGetters<T_FBEM_D> Beam(ForceGetters<T_FBEM_D>::Getter analysis) {
+    return {analysis, {&CPostCtrl4Dgn::GetBeamDesignForce, &CPostCtrl4Dgn::GetSteelDesignForce}};
+}
+constexpr ForceGetters<T_FBRC_D> kBrace = {&CPostCtrl::GetMbbr, {&CPostCtrl4Dgn::GetBrceDesignForce}};
+
 constexpr ForceOfType kBeamTypes[] = {
-    {201, &CPostCtrl::GetMbgd}, {204, &CPostCtrl::GetMbcg}, {205, &CPostCtrl::GetMbgd}, {240, &CPostCtrl::GetMbgd},
-    {241, &CPostCtrl::GetMbgd}, {242, &CPostCtrl::GetMbgd}, {243, &CPostCtrl::GetMbgd}, {251, &CPostCtrl::GetMbgd},
-    {261, &CPostCtrl::GetMbgd}, {262, &CPostCtrl::GetMbgd}, {263, &CPostCtrl::GetStwt},
+    {201, Beam(&CPostCtrl::GetMbgd)}, {204, Beam(&CPostCtrl::GetMbcg)}, {205, Beam(&CPostCtrl::GetMbgd)},
+    {240, Beam(&CPostCtrl::GetMbgd)}, {241, Beam(&CPostCtrl::GetMbgd)}, {242, Beam(&CPostCtrl::GetMbgd)},
+    {243, Beam(&CPostCtrl::GetMbgd)}, {251, Beam(&CPostCtrl::GetMbgd)}, {261, Beam(&CPostCtrl::GetMbgd)},
+    {262, Beam(&CPostCtrl::GetMbgd)}, {263, Beam(&CPostCtrl::GetStwt)},
 };
-constexpr ForceOfType kColumnTypes[] = {{101, &CPostCtrl::GetMbcl}};
-constexpr ForceOfType kBraceTypes[] = {{206, &CPostCtrl::GetMbbr}, {252, &CPostCtrl::GetMbbr}};
-constexpr ForceOfType kWallBeamTypes[] = {{210, &CPostCtrl::GetMbwg}};
-constexpr ForceOfType kWallColumnTypes[] = {{209, &CPostCtrl::GetMbwc}};
+constexpr ForceOfType kColumnTypes[] = {
+    {101, ForceGetters<T_FCOL_D>{&CPostCtrl::GetMbcl,
+                                 {&CPostCtrl4Dgn::GetColmDesignForce, &CPostCtrl4Dgn::GetSrcColmDesignForce}}},
+};
+constexpr ForceOfType kBraceTypes[] = {{206, kBrace}, {252, kBrace}};
+constexpr ForceOfType kWallBeamTypes[] = {
+    {210, ForceGetters<T_FBEM_D>{&CPostCtrl::GetMbwg, {&CPostCtrl4Dgn::GetWBemDesignForce}}},
+};
+constexpr ForceOfType kWallColumnTypes[] = {
+    {209, ForceGetters<T_FCOL_D>{&CPostCtrl::GetMbwc, {&CPostCtrl4Dgn::GetWallDesignForce}}},
+};
 
 constexpr MemberForceTable BeamTable(std::string_view name, std::span<const ForceOfType> types) {
     return {.declaration = Declaration(name, kBeamColumns),
@@ -122,29 +135,39 @@ void MemberForceSource::ReadRecord() {
     forces_.clear();
     T_PMEMB_D member;
     if (!CClassPMemb(&Results()).Get(Key(), member)) return;
-    story_ = StoryOf(member);
+    story_ = StoryOf(member.mdul, member.story);
     if (const CPostCtrl* post = Post(); post && table_.hasLength) post->GetMembNetLength(Key(), length_);
     ReadForces(member.kind);
 }
 
-/// Members are not designed here, so that the forces are always those of the analysis. Where a member has design
-/// forces, they take precedence at this place, and the type of the forces tells so.
 void MemberForceSource::ReadForces(int type) {
+    areDesignForces_ = false;
     const auto found = std::find_if(table_.types.begin(), table_.types.end(),
                                     [type](const ForceOfType& one) { return one.type == type; });
     if (found == table_.types.end()) return;
-    const auto read = [this]<class Record>(ForceGetter<Record> getter) {
+    const auto read = [this]<class Record>(const ForceGetters<Record>& getters) {
         Record record;
-        ReadEnvelope(getter, Key(), record);
+        areDesignForces_ = ReadDesignForces(getters, record);
+        if (!areDesignForces_) ReadEnvelope(getters.analysis, Key(), record);
         forces_.assign(record.part.begin(), record.part.end());
     };
-    std::visit(read, found->getter);
+    std::visit(read, found->getters);
+}
+
+template <class Record>
+bool MemberForceSource::ReadDesignForces(const ForceGetters<Record>& getters, Record& record) {
+    return std::any_of(getters.design.begin(), getters.design.end(), [&](auto getter) {
+        const auto read = [getter](CPostCtrl& post, std::uint32_t memb, Record* all, Record* max, Record* min) {
+            return (CPostCtrl4Dgn(post).*getter)(memb, all, max, min);
+        };
+        return getter && ReadEnvelope(read, Key(), record) != 0;
+    });
 }
 
 void MemberForceSource::GetRecTexts(velda::RecordCells& cells) {
     if (!story_) return;
     cells.Long(1, Key());
-    cells.Text(2, story_->name);
+    cells.Text(2, story_->Name());
     cells.Number(3, story_->level);
     if (table_.hasLength) cells.Number(4, length_);
     int recRow = 1;
@@ -159,7 +182,10 @@ void MemberForceSource::WritePart(velda::RecordCells& cells, std::int16_t part, 
     int field = table_.hasLength ? 5 : 4;
     cells.Text(field++, PartName(part), recRow);
     cells.Text(field++, LoadText(), recRow);
-    cells.Text(field++, velda::CMsgDll::pfuncLoadStr("IDS_TB_POSTDISP_Force_Analysis", 0), recRow);
+    cells.Text(field++,
+               velda::CMsgDll::pfuncLoadStr(
+                   areDesignForces_ ? "IDS_TB_POSTDISP_Force_Design" : "IDS_TB_POSTDISP_Force_Analysis", 0),
+               recRow);
     for (const std::size_t component : table_.components) cells.Number(field++, (*forces)[component], recRow);
 }
 

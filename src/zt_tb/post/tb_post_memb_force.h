@@ -3,18 +3,26 @@
 #include <array>
 #include <variant>
 
+#include "zt_db/post/post_ctrl4dgn.h"
 #include "zt_tb/post/tb_post_ds_memb2.h"
 
 namespace zt {
 
-/// What CPostCtrl reads the forces of a member with.
+/// What the forces of a member are read with: those that it was designed for, tried in order, before those of the
+/// analysis.
 template <class Record>
-using ForceGetter = int (CPostCtrl::*)(std::uint32_t, Record*, Record*, Record*) const;
+struct ForceGetters {
+    using Getter = int (CPostCtrl::*)(std::uint32_t, Record*, Record*, Record*) const;
+    using DesignGetter = int (CPostCtrl4Dgn::*)(std::uint32_t, Record*, Record*, Record*) const;
+
+    Getter analysis;
+    std::array<DesignGetter, 2> design{};
+};
 
 /// A type of members that a table of forces shows, and how their forces are read.
 struct ForceOfType {
     int type = 0;
-    std::variant<ForceGetter<T_FBEM_D>, ForceGetter<T_FCOL_D>, ForceGetter<T_FBRC_D>> getter;
+    std::variant<ForceGetters<T_FBEM_D>, ForceGetters<T_FCOL_D>, ForceGetters<T_FBRC_D>> getters;
 };
 
 /// How a table of member forces differs from the others.
@@ -44,6 +52,9 @@ protected:
 
 private:
     void ReadForces(int type);
+    /// Whether the current member was designed under the load case of the record.
+    template <class Record>
+    bool ReadDesignForces(const ForceGetters<Record>& getters, Record& record);
     void WritePart(velda::RecordCells& cells, std::int16_t part, int recRow);
     std::string PartName(std::int16_t part) const;
     /// The forces of a part; null for a number that is none.
@@ -53,6 +64,7 @@ private:
     std::optional<ShownStory> story_;
     double length_ = 0.0;
     std::vector<T_FORCE_D> forces_;  ///< in the order of the getters
+    bool areDesignForces_ = false;
 };
 
 enum class MemberForces { Beam, Column, Brace, WallBeam, WallColumn };

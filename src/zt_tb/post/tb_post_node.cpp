@@ -2,6 +2,7 @@
 
 #include <unordered_set>
 
+#include "velda_base/host/wait_cursor.h"
 #include "velda_lib/msg_dll.h"
 #include "velda_lib/number_text.h"
 #include "zt_tb/post/result_columns.h"
@@ -103,6 +104,7 @@ void CTBPostReac::FindReacting() {
 }
 
 void CTBPostReac::ApplyExternalActive(const TB_ACTIVE_PARAM& param) {
+    const velda::WaitCursor wait;
     ApplyObjects(param);
     ApplyLoadCases(param);
     BuildLoadStepRows();

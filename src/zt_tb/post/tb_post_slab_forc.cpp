@@ -60,7 +60,7 @@ void CTBPostSlabForc::AddParts(const std::vector<std::uint32_t>& elements) {
 void CTBPostSlabForc::ReadRecord() {
     T_PMEMB_D slab;
     CClassPMemb(&Results()).Get(Part().element, slab);
-    story_ = StoryOf(slab);
+    story_ = StoryOf(slab.mdul, slab.story);
     const std::uint32_t node = Part().extra;
     const auto forceAtNode = [node](const CPostCtrl& post, std::uint32_t element, T_REAC_D* all, T_REAC_D* max,
                                     T_REAC_D* min) { return post.GetSlabForce(element, node, all, max, min); };
@@ -70,7 +70,7 @@ void CTBPostSlabForc::ReadRecord() {
 void CTBPostSlabForc::GetRecTexts(velda::RecordCells& cells) {
     if (!story_) return;
     cells.Long(1, Part().element);
-    cells.Text(2, story_->name);
+    cells.Text(2, story_->Name());
     cells.Number(3, story_->level);
     cells.Text(4, LoadText());
     cells.Long(5, Part().extra);

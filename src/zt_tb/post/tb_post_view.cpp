@@ -25,7 +25,7 @@ std::string Text(std::string_view key) { return velda::CMsgDll::pfuncLoadStr(key
 
 /// Tabs that tell the drift restriction outside their records, and those that show it in them.
 constexpr IdRange kDriftLimitTabs[] = {{19, 19}};
-constexpr IdRange kRestrictionTabs[] = {{25, 25}, {27, 28}, {30, 32}};
+constexpr IdRange kRestrictionTabs[] = {{25, 25}, {27, 28}, {30, 32}, {35, 39}};
 
 /// Tables whose limits of drift the user sets.
 constexpr IdRange kDriftTables[] = {{27, 28}, {70, 70}};
@@ -38,12 +38,12 @@ struct MenuEntry {
     std::string_view textKey{};
 };
 constexpr MenuEntry kContextMenu[] = {
-    {CommandId::EditCopy, "IDS_TB_ENGINE_CMD_COPY"},
+    {CommandId::EditCopy, "IDS_TB_POSTVIEW_MENU_COPY"},
     {},
-    {CommandId::EditFind, "IDS_TB_COMMONVIEW_FIND"},
+    {CommandId::EditFind, "IDS_TB_POSTVIEW_MENU_FIND"},
     {},
-    {CommandId::Sort, "IDS_TB_COMMONVIEW_SORT"},
-    {CommandId::Style, "IDS_TB_COMMONVIEW_STYLE"},
+    {CommandId::Sort, "IDS_TB_POSTVIEW_MENU_SORT"},
+    {CommandId::Style, "IDS_TB_POSTVIEW_MENU_STYLE"},
     {CommandId::Graph, "IDS_TB_COMMONVIEW_GRAPH"},
     {},
     {ResultCommandId::Activate, "IDS_TB_POSTVIEW_ACTIVATE"},
@@ -71,6 +71,8 @@ bool CTBPostView::FlagsOf(const ResultTableEntry& table, std::span<const int> ar
         for (std::size_t at = 0; at < tabs.size(); ++at) {
             if (arguments[at] != 0) set(tabs[at]);
         }
+    } else if (!arguments.empty()) {
+        return false;
     } else if (table.choice == TabChoice::ByModelControl) {
         // A model without a control record has that of frames, which is the last tab.
         set(tabs.back());
@@ -85,14 +87,24 @@ bool CTBPostView::AddTable(std::string_view operation, std::span<const int> argu
     if (std::find(idle.begin(), idle.end(), operation) != idle.end()) return true;
     const ResultTableEntry* table = FindResultTable(operation);
     if (!table || id_ != 0) return false;
-    if (table->choice == TabChoice::BySwitch && arguments.size() == 1 && arguments[0] != 0) {
-        table = FindResultTable(arguments[0]);
+    if (table->choice == TabChoice::BySwitch && arguments.size() == 1) {
+        if (arguments[0] != 0) table = FindResultTable(arguments[0]);
         if (!table || table->operation != operation) return false;
+        arguments = {};
     }
     TabFlags flags{};
     if (!FlagsOf(*table, arguments, flags)) return false;
     OpenTable(*table, flags);
     return true;
+}
+
+bool CTBPostView::AddTable(int id) {
+    const ResultTableEntry* table = FindResultTable(id);
+    if (!table) return false;
+    std::vector<int> arguments;
+    if (table->choice == TabChoice::ByCaller) arguments.assign(TabsOf(*table).size(), 1);
+    if (table->choice == TabChoice::BySwitch) arguments = {id};
+    return AddTable(table->operation, arguments);
 }
 
 void CTBPostView::OpenTable(const ResultTableEntry& table, const TabFlags& flags) {
@@ -232,10 +244,11 @@ void CTBPostView::OnActiveNewDlg() {
     if (velda::DoModal(dialog)) {
         if (!AsksForDriftLimits(id_) || OnTbSetStorParam2(true) != 0) Activate(param);
     } else if (ReadsAgainAfterCancel(id_)) {
+        // A table that has never been activated shows what it would have offered.
+        const bool isFirst = !source->IsReRead();
         for (CTBPostDS* one : Sources()) one->SetReRead(true);
-        // A table that shows nothing yet shows what it would have offered.
         param.loads.selected = param.loads.defaults;
-        if (source->Rows().empty() && !param.loads.selected.empty()) Activate(param);
+        if (isFirst && !param.loads.selected.empty()) Activate(param);
     }
 }
 
@@ -368,7 +381,7 @@ void CTBPostView::OnUpdate(CDBUpdateConnector* sender, int code, T_UPDATE_HINT* 
         CloseFrame();
     } else if (code == HintCode::Changed) {
         UpdateBuffer(hint);
-    } else if (code == HintCode::SelectionAdded) {
+    } else if (code == HintCode::SelectionAdded || code == HintCode::SelectionRemoved) {
         if (sender != this) FollowSelection();
     } else {
         CTBView::OnUpdate(sender, code, hint);
@@ -387,7 +400,7 @@ void CTBPostView::UpdateBuffer(T_UPDATE_HINT* hint) {
         CTBPostDS* source = PostSourceOf(grid);
         if (!source) continue;
         if (Contains(kDriftLimitTabs, source->GetKind())) source->AfterRedrawTable();
-        if (Contains(kRestrictionTabs, source->GetKind())) grid->RecCtrl().DisplayRecords();
+        if (Contains(kRestrictionTabs, source->GetKind())) source->OnRestrictionChanged();
     }
 }
 
@@ -395,6 +408,17 @@ void CTBPostView::UpdateUnit() {
     for (velda::CTBCore* grid : grids_) {
         if (grid) grid->UpdateUnit();
     }
+}
+
+bool CTBPostView::UpdateLanguage() {
+    SetTitle(GetTableName(id_));
+    for (int tab = 0; tab < kResultTabCount; ++tab) {
+        velda::CTBCore* grid = GridOf(tab);
+        if (!grid) continue;
+        ChangeTabLabel(GetTabWnd()->FindPane(grid), Text(FindResultTab(tab)->titleKey));
+        grid->UpdateLanguage();
+    }
+    return true;
 }
 
 void CTBPostView::UpdateSelPre() {

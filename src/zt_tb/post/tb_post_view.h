@@ -31,6 +31,9 @@ public:
     /// nothing happens, when there is none, or the arguments do not fit. Operations that open nothing succeed.
     bool AddTable(std::string_view operation, std::span<const int> arguments = {});
 
+    /// Opens a table by its number, with all tabs that it can have. False, and nothing happens, when there is none.
+    bool AddTable(int id);
+
     // Each opens the table of its name. Tables whose tabs the caller chooses take a flag for each tab.
     // clang-format off
 #define ZT_OPENS(operation) void operation() { AddTable(#operation); }
@@ -118,6 +121,8 @@ public:
 
     void OnUpdate(CDBUpdateConnector* sender, int code, T_UPDATE_HINT* hint) override;
     void OnTabSwitch() override;
+    /// What is shown stays.
+    bool UpdateLanguage() override;
     void UpdateBuffer(T_UPDATE_HINT* hint) override;
     void UpdateUnit() override;
     void UpdateSelPre() override;

@@ -257,8 +257,8 @@ TEST(TBColHdr, RefusesCellsThatAreNotThere) {
 TEST(RecordOrder, PlacesAndRecordsAreInverse) {
     const RecordOrder orders[] = {
         RecordOrder::Natural(6),
-        RecordOrder::InnerFirst({1, 0}, {}, 3),
-        RecordOrder::InnerFirst({2, 0, 1}, {1, 0}, 2),
+        RecordOrder::InnerFirst({1, 0}, 3),
+        RecordOrder::InnerFirst({2, 0, 1}, 2),
         RecordOrder::Of({3, 1, 2, 6, 5, 4}),
     };
     for (const RecordOrder& order : orders) {

@@ -55,6 +55,8 @@ TEST(ResultSteps, OfHingeStatesBelongToTheirCases) {
         EXPECT_FALSE(GetAllStepForActiveNew(kPushover, tab, param));
         EXPECT_EQ(param.stepMode, StepMode::HingeStates);
         EXPECT_THAT(param.stepOptions, ElementsAre(0, 1));
+        EXPECT_THAT(param.steps.keys, ElementsAre(1, 2, 3, 7, 8)) << "stages stand behind three named steps";
+        EXPECT_THAT(param.steps.names, ElementsAre("1", "2", "3", "S1", "S2"));
     }
 }
 

@@ -39,13 +39,14 @@ TEST_F(ResultTracer, NothingIsTracedOutsideTracerModeOrWithoutAChecker) {
     EXPECT_EQ(nullptr, TracingChecker());
 }
 
-TEST_F(ResultTracer, OnlyTheTableThatTheCheckerLeadsToIsNarrowed) {
+TEST_F(ResultTracer, ObjectsAreNarrowedToThoseThatWereFound) {
     std::vector<std::uint32_t> numbers{1, 2, 3};
     DropUntraced(numbers);
-    EXPECT_EQ(3u, numbers.size());
-    doc->SetTableID4Checker(kFilteredResultTable);
-    DropUntraced(numbers);
     EXPECT_EQ(std::vector<std::uint32_t>{2}, numbers);
+    doc->EndTracerMode();
+    numbers = {1, 2, 3};
+    DropUntraced(numbers);
+    EXPECT_EQ(3u, numbers.size());
 }
 
 TEST_F(ResultTracer, AFindingIsThatOfItsCheckStoryAndLoadCase) {

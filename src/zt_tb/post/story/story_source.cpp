@@ -44,11 +44,10 @@ void StoryTable::CustomizeCell(int row, int col, CGXStyle& style) {
 }
 
 bool StoryTable::WriteHead(const T_STHEAD_D& head, velda::RecordCells& cells) {
-    std::string mdul;
-    std::string story;
-    if (!StoryNames(head.mdul, head.story, mdul, story)) return false;
-    cells.Text(1, mdul);
-    cells.Text(2, story);
+    const std::optional<ShownStory> story = StoryOf(head.mdul, head.story);
+    if (!story) return false;
+    cells.Text(1, story->mdul);
+    cells.Text(2, story->story);
     if (layout_.level != 0) cells.Number(layout_.level, head.level);
     if (layout_.height != 0) cells.Number(layout_.height, head.height);
     cells.Text(layout_.load, LoadText());

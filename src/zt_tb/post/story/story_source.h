@@ -33,7 +33,9 @@ public:
     void AfterApplyParam(const TB_ACTIVE_PARAM& /*param*/) override { ReadAgain(); }
     /// Records are kept in the units that are shown.
     void UpdateUnit() override { ReadAgain(); }
-    void BeforeRedrawTable() override { FollowRestriction(); }
+    void OnRestrictionChanged() override {
+        if (FollowRestriction()) RefreshRecords();
+    }
     void CustomizeCell(int row, int col, velda::CGXStyle& style) override;
 
 protected:

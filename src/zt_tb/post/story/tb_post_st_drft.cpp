@@ -142,6 +142,7 @@ void CTBPostStDrftQorv::AfterRedrawTable() {
     if (!FollowRestriction()) return;
     const velda::GridUpdateLock redraws(*Grid());
     Grid()->RecCtrl().ForgetCells();
+    Grid()->SortCtrl().Apply();
 }
 
 void CTBPostStDrftQorv::WriteRecord(const T_STDFT_D& record, velda::RecordCells& cells) {
