@@ -1,12 +1,17 @@
 #include "zt_cmd/load_case_dialog.h"
 
+#include "velda_lib/key_text.h"
+
 namespace zt {
+
+using velda::KeyText;
+
 namespace {
 
-std::string Word(std::string_view key) { return velda::CMsgDll::pfuncLoadStr(key, 0); }
-
 /// A known type with its name: "D - Dead load".
-std::string NamedType(const LoadCaseTypeName& known) { return std::string(known.type) + " - " + Word(known.nameKey); }
+std::string NamedType(const LoadCaseTypeName& known) {
+    return std::string(known.type) + " - " + KeyText(known.nameKey);
+}
 
 std::string TypeText(const T_STLD_D& loadCase) {
     for (const LoadCaseTypeName& known : kLoadCaseTypes) {
@@ -30,7 +35,7 @@ std::vector<std::string> Types(const T_STLD_D&) {
 
 }  // namespace
 
-std::string LoadCaseDialog::GetTitle() const { return Word("IDS_CMD_STLD_TITLE"); }
+std::string LoadCaseDialog::GetTitle() const { return KeyText("IDS_CMD_STLD_TITLE"); }
 
 std::vector<LoadCaseDialog::Field> LoadCaseDialog::Declared() const {
     return {

@@ -1,9 +1,12 @@
 #include "zt_cmd/load_type_dialogs.h"
 
-namespace zt {
-namespace {
+#include "velda_lib/key_text.h"
 
-std::string Word(std::string_view key) { return velda::CMsgDll::pfuncLoadStr(key, 0); }
+namespace zt {
+
+using velda::KeyText;
+
+namespace {
 
 /// The fields of a type that has a name and the dead load of what stands on a beam.
 template <class R>
@@ -17,9 +20,9 @@ std::vector<FieldDeclaration<R>> FieldsOfStanding() {
 
 }  // namespace
 
-std::string BeamLoadTypeDialog::GetTitle() const { return Word("IDS_CMD_BLTP_TITLE"); }
-std::string WallLoadTypeDialog::GetTitle() const { return Word("IDS_CMD_BWTP_TITLE"); }
-std::string SlabLoadTypeDialog::GetTitle() const { return Word("IDS_CMD_SLTP_TITLE"); }
+std::string BeamLoadTypeDialog::GetTitle() const { return KeyText("IDS_CMD_BLTP_TITLE"); }
+std::string WallLoadTypeDialog::GetTitle() const { return KeyText("IDS_CMD_BWTP_TITLE"); }
+std::string SlabLoadTypeDialog::GetTitle() const { return KeyText("IDS_CMD_SLTP_TITLE"); }
 
 std::vector<BeamLoadTypeDialog::Field> BeamLoadTypeDialog::Declared() const { return FieldsOfStanding<T_BLTP_D>(); }
 std::vector<WallLoadTypeDialog::Field> WallLoadTypeDialog::Declared() const { return FieldsOfStanding<T_BWTP_D>(); }
@@ -33,7 +36,7 @@ std::vector<SlabLoadTypeDialog::Field> SlabLoadTypeDialog::Declared() const {
 }
 
 std::string SlabLoadTypeDialog::ListText(std::size_t place, const T_SLTP_D& record) const {
-    const std::string text = Word("IDS_TB_SlabLoad_") + std::to_string(place);
+    const std::string text = KeyText("IDS_TB_SlabLoad_") + std::to_string(place);
     return record.description.empty() ? text : text + ", " + record.description;
 }
 

@@ -1,15 +1,17 @@
 #include "zt_cmd/matl_dialog.h"
 
+#include "velda_lib/key_text.h"
 #include "zt_db/library/matl_db.h"
 #include "zt_db/library/matl_grades.h"
 
 namespace zt {
+
+using velda::KeyText;
+
 namespace {
 
 using Kind = PropertyField::Kind;
 using MatlField = CModelPropMatlDlg::Field;
-
-std::string Word(std::string_view key) { return velda::CMsgDll::pfuncLoadStr(key, 0); }
 
 constexpr std::string_view kComposite = "SRC";
 
@@ -20,7 +22,7 @@ std::string NameOfType(const std::string& type) {
     return {};
 }
 
-std::string NoCode() { return Word("IDS_TB_MATL_None"); }
+std::string NoCode() { return KeyText("IDS_TB_MATL_None"); }
 bool HasCode(const T_MATL_ANALYSIS& group) { return !group.code.empty() && group.code != NoCode(); }
 
 /// The codes of a material's type; for a composite those of steel and of concrete, in either group.
@@ -101,7 +103,7 @@ void AppendGroup(std::vector<MatlField>& fields) {
 
 }  // namespace
 
-std::string CModelPropMatlDlg::GetTitle() const { return Word("IDS_CMD_MATL_TITLE"); }
+std::string CModelPropMatlDlg::GetTitle() const { return KeyText("IDS_CMD_MATL_TITLE"); }
 
 std::vector<MatlField> CModelPropMatlDlg::Declared() const {
     std::vector<MatlField> fields{
@@ -122,11 +124,11 @@ std::vector<MatlField> CModelPropMatlDlg::Declared() const {
 
 velda::Outcome CModelPropMatlDlg::CheckRecord() const {
     const T_MATL_D& material = Edited();
-    if (material.type.empty()) return velda::Outcome::Refused(Word("IDS_CMD_MATL_NO_TYPE"));
+    if (material.type.empty()) return velda::Outcome::Refused(KeyText("IDS_CMD_MATL_NO_TYPE"));
     const std::size_t groups = material.type == kComposite ? 2 : 1;
     for (std::size_t group = 0; group < groups; ++group) {
         if (material.analysis[group].elasticity <= 0.0)
-            return velda::Outcome::Refused(Word("IDS_CMD_MATL_NO_STIFFNESS"));
+            return velda::Outcome::Refused(KeyText("IDS_CMD_MATL_NO_STIFFNESS"));
     }
     return velda::Outcome::Done();
 }

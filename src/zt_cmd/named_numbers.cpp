@@ -2,25 +2,24 @@
 
 #include <algorithm>
 
-#include "velda_lib/msg_dll.h"
+#include "velda_lib/key_text.h"
 
 namespace zt {
-namespace {
 
-std::string Word(std::string_view key) { return velda::CMsgDll::pfuncLoadStr(key, 0); }
+using velda::KeyText;
 
-}  // namespace
+namespace {}  // namespace
 
 std::string TextOf(NamedNumbers known, int number) {
     for (const NamedNumber& one : known) {
-        if (one.number == number) return Word(one.textKey);
+        if (one.number == number) return KeyText(one.textKey);
     }
     return std::to_string(number);
 }
 
 std::vector<std::string> TextsWith(NamedNumbers known, int number) {
     std::vector<std::string> texts;
-    for (const NamedNumber& one : known) texts.push_back(Word(one.textKey));
+    for (const NamedNumber& one : known) texts.push_back(KeyText(one.textKey));
     const std::string text = TextOf(known, number);
     if (std::find(texts.begin(), texts.end(), text) == texts.end()) texts.push_back(text);
     return texts;
@@ -28,7 +27,7 @@ std::vector<std::string> TextsWith(NamedNumbers known, int number) {
 
 int NumberOf(NamedNumbers known, const std::string& text, int before) {
     for (const NamedNumber& one : known) {
-        if (Word(one.textKey) == text) return one.number;
+        if (KeyText(one.textKey) == text) return one.number;
     }
     return before;
 }

@@ -2,17 +2,19 @@
 
 #include <algorithm>
 
+#include "velda_lib/key_text.h"
 #include "zt_db/library/sect_shape.h"
 #include "zt_db/library/sect_util.h"
 #include "zt_db/library/steel_data_tool.h"
 
 namespace zt {
+
+using velda::KeyText;
+
 namespace {
 
 using Kind = PropertyField::Kind;
 using SectField = CCMSectItemDlg::Field;
-
-std::string Word(std::string_view key) { return velda::CMsgDll::pfuncLoadStr(key, 0); }
 
 constexpr int kRegular = 1;
 constexpr int kComposite = 2;
@@ -42,7 +44,7 @@ const Source& SourceOf(const T_SECT_D& section) {
 
 std::vector<std::string> SourceNames(const T_SECT_D&) {
     std::vector<std::string> names;
-    for (const Source& source : kSources) names.push_back(Word(source.nameKey));
+    for (const Source& source : kSources) names.push_back(KeyText(source.nameKey));
     return names;
 }
 
@@ -112,7 +114,7 @@ void ChooseShape(T_SECT_D& section, const std::string& name) {
 
 void ChooseSource(T_SECT_D& section, const std::string& name) {
     for (const Source& source : kSources) {
-        if (Word(source.nameKey) != name) continue;
+        if (KeyText(source.nameKey) != name) continue;
         const std::string kept = section.name;
         section = {};
         section.name = kept;
@@ -196,13 +198,13 @@ std::string ShortNumber(double value) {
 
 }  // namespace
 
-std::string CCMSectItemDlg::GetTitle() const { return Word("IDS_CMD_SECT_TITLE"); }
+std::string CCMSectItemDlg::GetTitle() const { return KeyText("IDS_CMD_SECT_TITLE"); }
 
 std::vector<SectField> CCMSectItemDlg::Declared() const {
     std::vector<SectField> fields{
         TextField<T_SECT_D, &T_SECT_D::name>("IDS_CMD_NAME"),
         {"IDS_CMD_SECT_KIND", Kind::Choice, Unit::None,
-         [](const T_SECT_D& section) { return Word(SourceOf(section).nameKey); }, &ChooseSource, &SourceNames},
+         [](const T_SECT_D& section) { return KeyText(SourceOf(section).nameKey); }, &ChooseSource, &SourceNames},
     };
     const T_SECT_D& section = Edited();
     if (section.kind == kValues) {
@@ -232,7 +234,7 @@ velda::Outcome CCMSectItemDlg::CheckRecord() const {
     const bool byValues = Edited().kind == kValues;
     const double area = byValues ? Edited().stiffness.area : CSectUtil::GetProperStiffPosition(Edited(), 0).area;
     if (area > 0.0) return velda::Outcome::Done();
-    return velda::Outcome::Refused(Word(byValues ? "IDS_CMD_SECT_NO_AREA" : "IDS_CMD_SECT_NO_SHAPE"));
+    return velda::Outcome::Refused(KeyText(byValues ? "IDS_CMD_SECT_NO_AREA" : "IDS_CMD_SECT_NO_SHAPE"));
 }
 
 void CCMSectItemDlg::Complete(T_SECT_D& section) const {

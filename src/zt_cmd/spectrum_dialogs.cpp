@@ -1,12 +1,14 @@
 #include "zt_cmd/spectrum_dialogs.h"
 
+#include "velda_lib/key_text.h"
 #include "zt_cmd/function_points.h"
 #include "zt_cmd/ground_direction.h"
 
 namespace zt {
-namespace {
 
-std::string Word(std::string_view key) { return velda::CMsgDll::pfuncLoadStr(key, 0); }
+using velda::KeyText;
+
+namespace {
 
 constexpr NamedNumber kUses[] = {{0, "IDS_CMD_SPLC_FOR_ALL"}, {T_SPLC_D::kSeismicOnly, "IDS_CMD_SPLC_SEISMIC_ONLY"}};
 constexpr NamedNumber kCombinations[] = {
@@ -18,8 +20,8 @@ const FunctionPoints<T_SPFC_D, &T_SPFC_D::points, &T_SPFC_POINT::period, &T_SPFC
 
 }  // namespace
 
-std::string SpectrumDialog::GetTitle() const { return Word("IDS_CMD_SPFC_TITLE"); }
-std::string SpectrumCaseDialog::GetTitle() const { return Word("IDS_CMD_SPLC_TITLE"); }
+std::string SpectrumDialog::GetTitle() const { return KeyText("IDS_CMD_SPFC_TITLE"); }
+std::string SpectrumCaseDialog::GetTitle() const { return KeyText("IDS_CMD_SPLC_TITLE"); }
 
 std::vector<SpectrumDialog::Field> SpectrumDialog::Declared() const {
     return {

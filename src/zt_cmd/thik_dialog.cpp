@@ -1,20 +1,23 @@
 #include "zt_cmd/thik_dialog.h"
 
+#include "velda_lib/key_text.h"
+
 namespace zt {
+
+using velda::KeyText;
+
 namespace {
 
 using Kind = PropertyField::Kind;
 
-std::string Word(std::string_view key) { return velda::CMsgDll::pfuncLoadStr(key, 0); }
-
 std::vector<std::string> SameOrNot(const T_THIK_D&) {
-    return {Word("IDS_CMD_THIK_SAME"), Word("IDS_CMD_THIK_DIFFERS")};
+    return {KeyText("IDS_CMD_THIK_SAME"), KeyText("IDS_CMD_THIK_DIFFERS")};
 }
 bool Differs(const T_THIK_D& plate) { return plate.inOutDiffers != 0; }
 
 }  // namespace
 
-std::string CModelPropThikDlg::GetTitle() const { return Word("IDS_CMD_THIK_TITLE"); }
+std::string CModelPropThikDlg::GetTitle() const { return KeyText("IDS_CMD_THIK_TITLE"); }
 
 std::vector<CModelPropThikDlg::Field> CModelPropThikDlg::Declared() const {
     return {
@@ -37,7 +40,7 @@ std::vector<CModelPropThikDlg::Field> CModelPropThikDlg::Declared() const {
 
 velda::Outcome CModelPropThikDlg::CheckRecord() const {
     const bool isPlate = Edited().thickness > 0.0 && (!Differs(Edited()) || Edited().thicknessOut > 0.0);
-    return isPlate ? velda::Outcome::Done() : velda::Outcome::Refused(Word("IDS_CMD_THIK_NONE"));
+    return isPlate ? velda::Outcome::Done() : velda::Outcome::Refused(KeyText("IDS_CMD_THIK_NONE"));
 }
 
 }  // namespace zt

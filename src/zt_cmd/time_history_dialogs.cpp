@@ -1,12 +1,14 @@
 #include "zt_cmd/time_history_dialogs.h"
 
+#include "velda_lib/key_text.h"
 #include "zt_cmd/function_points.h"
 #include "zt_cmd/ground_direction.h"
 
 namespace zt {
-namespace {
 
-std::string Word(std::string_view key) { return velda::CMsgDll::pfuncLoadStr(key, 0); }
+using velda::KeyText;
+
+namespace {
 
 const FunctionPoints<T_THFC_D, &T_THFC_D::points, &T_THFC_POINT::time, &T_THFC_POINT::value> kPoints{
     "IDS_CMD_THFC_TIME", "IDS_CMD_THFC_VALUE"};
@@ -41,8 +43,8 @@ bool HasAngle(const T_THLC_ITEM& item) { return item.stld == 0 && item.direction
 
 }  // namespace
 
-std::string TimeFunctionDialog::GetTitle() const { return Word("IDS_CMD_THFC_TITLE"); }
-std::string TimeHistoryCaseDialog::GetTitle() const { return Word("IDS_CMD_THLC_TITLE"); }
+std::string TimeFunctionDialog::GetTitle() const { return KeyText("IDS_CMD_THFC_TITLE"); }
+std::string TimeHistoryCaseDialog::GetTitle() const { return KeyText("IDS_CMD_THLC_TITLE"); }
 
 std::vector<TimeFunctionDialog::Field> TimeFunctionDialog::Declared() const {
     return {

@@ -5,11 +5,13 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <map>
 #include <optional>
 #include <regex>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "velda_lib/language.h"
@@ -50,7 +52,7 @@ struct Library {
 const std::vector<Library>& Libraries() {
     static const std::vector<Library> libraries = {
         {"sqlite3.h", {"src/zt_db/file/", "tests/zt_db/", "bench/", "fuzz/"}},
-        
+
         {"hdf5", {"src/zt_db/post/hdf5_handle.h", "tests/zt_db/post/"}},
         {"pugixml", {"src/zt_db/file/"}},
         {"xlsxwriter", {"src/velda_util/export/xlsx_file.cpp", "bench/"}},
@@ -234,6 +236,40 @@ Findings LeftoverFindings(const fs::path& root) {
     return findings;
 }
 
+/// The name of the type that a line defines in a namespace; none where it defines none.
+std::optional<std::string> DefinedType(const std::string& line) {
+    static const std::regex pattern(R"(^(?:struct|class|enum class|enum) (\w+)(?: final)?(?: :[^:].*)? ?\{)");
+    std::smatch match;
+    if (!std::regex_search(line, match, pattern)) return std::nullopt;
+    return match[1].str();
+}
+
+/// Two types of one name in one namespace are one type to the linker, which takes the functions of either. What stands
+/// in a namespace without a name belongs to its file.
+Findings DoubledTypeFindings(const fs::path& root) {
+    static const std::regex opens(R"(^namespace ([\w:]+) \{)");
+    std::map<std::string, std::string> definedIn;
+    Findings findings;
+    std::string path;
+    std::string space;
+    bool isOwn = false;
+    ForEachLine(root, {"src"}, IsCxx, [&](const SourceLine& line) {
+        if (std::exchange(path, line.path) != line.path) {
+            space.clear();
+            isOwn = false;
+        }
+        std::smatch match;
+        if (std::regex_search(line.text, match, opens)) space = match[1].str();
+        if (line.text == "namespace {") isOwn = true;
+        if (line.text == "}  // namespace") isOwn = false;
+        const auto name = DefinedType(line.text);
+        if (!name || isOwn) return;
+        const auto [place, isNew] = definedIn.try_emplace(space + "::" + *name, line.path);
+        if (!isNew && place->second != line.path) findings.push_back(line.Finding(place->first));
+    });
+    return findings;
+}
+
 /// A small source tree of a test's own.
 class ExampleTree : public testing::Test {
 protected:
@@ -277,6 +313,8 @@ TEST(House, EveryTextKeyExistsInEveryLanguage) {
         EXPECT_THAT(KeyFindings(ZT_SOURCE_DIR, CatalogOf(language).Keys()), IsEmpty()) << CodeOfLanguage(language);
     }
 }
+
+TEST(House, NoTwoTypesOfANamespaceHaveOneName) { EXPECT_THAT(DoubledTypeFindings(ZT_SOURCE_DIR), IsEmpty()); }
 
 TEST(House, NoNoteOfUndoneWorkIsLeft) { EXPECT_THAT(LeftoverFindings(ZT_SOURCE_DIR), IsEmpty()); }
 
@@ -341,6 +379,16 @@ TEST(TextKey, MayBeAPrefixOnlyWhereItEndsWithAnUnderscore) {
     EXPECT_FALSE(IsKnownKey("IDS_NAME_", keys, false));
     EXPECT_TRUE(IsKnownKey("IDS_END_", keys, false));
     EXPECT_FALSE(IsKnownKey("IDS_Z", keys, true));
+}
+
+TEST_F(ExampleTree, TwoTypesOfOneNameAreFound) {
+    const std::string own = "namespace zt {\nnamespace {\nstruct Row {\n};\n}  // namespace\n}  // namespace zt\n";
+    Write("src/zt_db/own.cpp", own);
+    Write("src/zt_db/rows.h", "namespace zt {\nstruct Row;\nstruct Row final : Base {\n};\n}  // namespace zt\n");
+    Write("src/zt_tb/other.h", "namespace zt::other {\nclass Row {\n};\n}  // namespace zt::other\n");
+    EXPECT_THAT(DoubledTypeFindings(root), IsEmpty());
+    Write("src/zt_tb/rows.cpp", "namespace zt {\nenum class Row { A };\n}  // namespace zt\n");
+    EXPECT_THAT(DoubledTypeFindings(root), ElementsAre("src/zt_tb/rows.cpp:2: zt::Row"));
 }
 
 TEST_F(ExampleTree, ANoteOfUndoneWorkIsFound) {

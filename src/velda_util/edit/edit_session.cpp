@@ -6,6 +6,7 @@
 #include <string_view>
 #include <utility>
 
+#include "velda_lib/key_text.h"
 #include "velda_lib/msg_dll.h"
 
 namespace velda {
@@ -40,8 +41,6 @@ constexpr auto kReasons = std::to_array<Reason>({
     {EditRefusal::Lost, "IDS_TB_ENGINE_EDIT_DELETED_ELSEWHERE"},
 });
 
-std::string TextOf(std::string_view key) { return CMsgDll::pfuncLoadStr(key, 0); }
-
 void Enter(std::vector<EditedCell>& cells, ColumnId column, const std::string& text) {
     const auto found =
         std::find_if(cells.begin(), cells.end(), [column](const EditedCell& cell) { return cell.column == column; });
@@ -56,7 +55,7 @@ void Enter(std::vector<EditedCell>& cells, ColumnId column, const std::string& t
 
 std::string ReasonText(EditRefusal refusal) {
     for (const Reason& reason : kReasons) {
-        if (reason.refusal == refusal) return TextOf(reason.key);
+        if (reason.refusal == refusal) return KeyText(reason.key);
     }
     return {};
 }
@@ -257,7 +256,7 @@ EditRefusal EditSession::ValidateRecord() {
     findings_ = std::move(findings);
     if (valid) return EditRefusal::None;
     if (findings_.empty()) {
-        findings_.push_back({open_.row, kNoColumn, EditRule::Record, {}, TextOf("IDS_TB_ENGINE_EDIT_RECORD_REFUSED")});
+        findings_.push_back({open_.row, kNoColumn, EditRule::Record, {}, KeyText("IDS_TB_ENGINE_EDIT_RECORD_REFUSED")});
     }
     return EditRefusal::Invalid;
 }
@@ -310,13 +309,13 @@ EditRefusal EditSession::RebaseRow(RowId row) {
     for (const EditedCell& edit : edits) {
         if (std::find(changed.begin(), changed.end(), edit.column) == changed.end()) continue;
         findings_.push_back(
-            {row, edit.column, EditRule::ChangedElsewhere, edit.text, TextOf("IDS_TB_ENGINE_EDIT_CHANGED_ELSEWHERE")});
+            {row, edit.column, EditRule::ChangedElsewhere, edit.text, KeyText("IDS_TB_ENGINE_EDIT_CHANGED_ELSEWHERE")});
     }
     return EditRefusal::None;
 }
 
 EditRefusal EditSession::LoseRow() {
-    const LostEdit lost{open_.row, EditedCells(), TextOf("IDS_TB_ENGINE_EDIT_DELETED_ELSEWHERE")};
+    const LostEdit lost{open_.row, EditedCells(), KeyText("IDS_TB_ENGINE_EDIT_DELETED_ELSEWHERE")};
     EndRow();
     findings_.clear();
     for (const EditedCell& cell : lost.cells) {
@@ -347,7 +346,7 @@ EditRefusal EditSession::RefusedByDatabase(const Outcome& outcome) {
                   kNoColumn,
                   EditRule::Write,
                   {},
-                  reason.empty() ? TextOf("IDS_TB_ENGINE_EDIT_WRITE_REFUSED") : reason}};
+                  reason.empty() ? KeyText("IDS_TB_ENGINE_EDIT_WRITE_REFUSED") : reason}};
     return EditRefusal::NotWritten;
 }
 

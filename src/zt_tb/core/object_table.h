@@ -1,6 +1,7 @@
 #pragma once
 
 #include "velda_lib/flat_index.h"
+#include "velda_lib/key_text.h"
 #include "zt_db/records/memb.h"
 #include "zt_db/records/pont.h"
 #include "zt_tb/core/record_table.h"
@@ -111,8 +112,6 @@ protected:
     }
 
 private:
-    static std::string Text(std::string_view key) { return velda::CMsgDll::pfuncLoadStr(key, 0); }
-
     std::string KeyStringOf(const std::string& text) const {
         return StandsUnderObject() ? velda::FormatLong(KeyOfCell(text)) : text;
     }
@@ -132,16 +131,16 @@ private:
         if (rules.zeroStandsForAll && number == 0) return 1;
         const auto* members = CTBCommonWnd::GetRecords<CClassMemb>();
         if (isMember && (!members || members->GetCount() < 1)) {
-            return Refuse(text, id, Text("IDS_TB_NO_EXIST_MEMB_ERROR"));
+            return Refuse(text, id, velda::KeyText("IDS_TB_NO_EXIST_MEMB_ERROR"));
         }
         const std::uint32_t key = CTBCommonWnd::GetObjectKey(column.kind, number);
         if (key == 0) {
             const char* reason = isMember ? "IDS_TB_CORE_NO_MEMBER" : "IDS_TB_CORE_NO_NODE";
             return Refuse(text, id, velda::FormatText(reason, {text}));
         }
-        if (!IsTaken(rules.types, members, key)) return Refuse(text, id, Text(rules.wrongType));
+        if (!IsTaken(rules.types, members, key)) return Refuse(text, id, velda::KeyText(rules.wrongType));
         if (!rules.taken.empty() && key != CheckedKey() && this->RecordExists(key)) {
-            return Refuse(text, id, Text(rules.taken));
+            return Refuse(text, id, velda::KeyText(rules.taken));
         }
         return 1;
     }

@@ -1,8 +1,12 @@
 #include "zt_tb/model/tb_memb.h"
 
+#include "velda_lib/key_text.h"
 #include "velda_lib/str_parser.h"
 
 namespace zt {
+
+using velda::KeyText;
+
 namespace {
 
 using Row = CTBMemb::Row;
@@ -16,8 +20,6 @@ constexpr velda::ColumnId kTension = 10;
 constexpr std::string_view kSlabTypeNames[] = {"IDS_TB_DefinededInPlan", "IDS_TB_Diaphragm", "IDS_TB_PlateBending",
                                                "IDS_TB_Plate",           "IDS_TB_Membrane",  "IDS_TB_LoadPlate"};
 constexpr std::string_view kLoadingTypes[] = {"IDS_TB_One_way", "IDS_TB_Two_way"};
-
-std::string Text(std::string_view key) { return velda::CMsgDll::pfuncLoadStr(key, 0); }
 
 /// The code of a type's name; 0 for a text that names none.
 int TypeOfName(std::string_view name) {
@@ -68,19 +70,19 @@ template <auto Member, const auto& Names>
 void ShowNamed(const CTBMemb&, const Row& row, CellSink& cell) {
     const auto at = static_cast<std::size_t>(row.record.*Member);
     const bool named = row.record.type == MembType::Slab && at < std::size(Names);
-    cell.Text(named ? Text(Names[at]) : std::string());
+    cell.Text(named ? KeyText(Names[at]) : std::string());
 }
 template <auto Member, const auto& Names>
 void ReadNamed(const CTBMemb&, std::string_view text, Row& row) {
     if (row.record.type != MembType::Slab) return;
     for (std::size_t at = 0; at < std::size(Names); ++at) {
-        if (text == Text(Names[at])) row.record.*Member = static_cast<int>(at);
+        if (text == KeyText(Names[at])) row.record.*Member = static_cast<int>(at);
     }
 }
 template <const auto& Names>
 void ListNames(CTBMemb& table, int col) {
     std::string lines;
-    for (const std::string_view name : Names) lines += Text(name) + "\n";
+    for (const std::string_view name : Names) lines += KeyText(name) + "\n";
     table.SetChoiceList(0, col, lines);
 }
 

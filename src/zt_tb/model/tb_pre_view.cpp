@@ -4,7 +4,7 @@
 
 #include "velda_base/host/dock_view_base.h"
 #include "velda_base/host/wait_cursor.h"
-#include "velda_lib/msg_dll.h"
+#include "velda_lib/key_text.h"
 #include "zt_db/core/change_test.h"
 #include "zt_db/records/stnd.h"
 #include "zt_tb/core/dock_view.h"
@@ -12,13 +12,14 @@
 #include "zt_tb/model/tb_display_dlg.h"
 
 namespace zt {
+
+using velda::KeyText;
+
 namespace {
 
 /// The docking pane of the model checker, and the text command that closes it.
 constexpr std::uint32_t kCheckerPane = 34551;
 constexpr std::string_view kFinishChecking = "FINISH_CHECKING";
-
-std::string Text(std::string_view key) { return velda::CMsgDll::pfuncLoadStr(key, 0); }
 
 /// Whether the last step changed the design standards.
 bool StandardsChanged(const T_UPDATE_HINT* hint) {
@@ -48,7 +49,7 @@ void CTBPreView::RegisterWithPanes() {
 
 std::string CTBPreView::GetTableName(int kind) {
     const TableKindEntry* entry = FindTableKind(kind);
-    return entry ? Text(entry->titleKey) : std::string();
+    return entry ? KeyText(entry->titleKey) : std::string();
 }
 
 void CTBPreView::SetTable(int kind, void* data) {
@@ -94,7 +95,7 @@ void CTBPreView::MakeSingleTable(const CDBDoc* doc) {
     std::unique_ptr<CTBCommonWnd> table = doc && entry ? MakeTable(kind_) : nullptr;
     if (!table) return;
     single_ = table.get();
-    AddWorksheet(std::move(table), Text(entry->TabKey()));
+    AddWorksheet(std::move(table), KeyText(entry->TabKey()));
 }
 
 void CTBPreView::AddTables(const CDBDoc* doc, std::span<const int> kinds) {
@@ -107,7 +108,7 @@ void CTBPreView::AddTables(const CDBDoc* doc, std::span<const int> kinds) {
             tables_.emplace(entry->mnemonic, table.get());
             m_arrTables.push_back(table.get());
         }
-        AddWorksheet(std::move(table), Text(entry->TabKey()));
+        AddWorksheet(std::move(table), KeyText(entry->TabKey()));
     }
 }
 
@@ -240,9 +241,9 @@ void CTBPreView::RemoveTable(const std::string& title) {
 void CTBPreView::UpdateViewTitle() { SetTitle(GetTableName(kind_)); }
 
 void CTBPreView::CustomizeContextMenu(velda::CMenu& menu) {
-    if (kind_ == kTableMembDetail) menu.Append(kOnTableDisplayDlg, Text("IDS_TB_PREVIEW_DISPLAY_TABLES"));
+    if (kind_ == kTableMembDetail) menu.Append(kOnTableDisplayDlg, KeyText("IDS_TB_PREVIEW_DISPLAY_TABLES"));
     if (kind_ == kTablePhgeAll || kind_ == kTableIeheAll) {
-        menu.Append(kOnTableHingePropSetting, Text("IDS_TB_HINGE_TABLE_SETTING"),
+        menu.Append(kOnTableHingePropSetting, KeyText("IDS_TB_HINGE_TABLE_SETTING"),
                     IsCommandEnabled(kOnTableHingePropSetting));
     }
 }
@@ -253,7 +254,7 @@ void CTBPreView::SetTabStyle() {
     style.activeText = 0xff0000;
     style.activeBackground = 16760992;
     style.otherText = 10526878;
-    style.faceName = Text("IDB_TB_PREVIEW_ARIAL");
+    style.faceName = KeyText("IDB_TB_PREVIEW_ARIAL");
     style.fontHeight = 15;
     style.activeFontHeight = 16;
     style.activeFontWeight = 700;

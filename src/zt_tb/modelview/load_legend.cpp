@@ -3,16 +3,18 @@
 #include <algorithm>
 #include <cmath>
 
+#include "velda_lib/key_text.h"
 #include "velda_lib/msg_dll.h"
 #include "velda_lib/number_text.h"
 
 namespace zt {
+
+using velda::KeyText;
+
 namespace {
 
 constexpr double kDigits = 4.0;
 constexpr double kMostDecimals = 12.0;
-
-std::string Text(const char* key) { return velda::CMsgDll::pfuncLoadStr(key, 0); }
 
 std::string UnitsOf(const SceneLoads& loads, const CUnitCtrl& units) {
     std::string text;
@@ -57,9 +59,9 @@ LoadLegend LegendOf(const SceneLoads& loads, const CUnitCtrl& units) {
     }
     if (!loads.SlabLoads().empty()) {
         const bool isDead = loads.Slabs() == SlabPart::Dead;
-        legend.lines.push_back(Text(isDead ? "IDS_MODEL_VIEW_SLABS_DEAD" : "IDS_MODEL_VIEW_SLABS_LIVE"));
+        legend.lines.push_back(KeyText(isDead ? "IDS_MODEL_VIEW_SLABS_DEAD" : "IDS_MODEL_VIEW_SLABS_LIVE"));
     }
-    if (loads.Count() == 0 && legend.lines.empty()) legend.lines.push_back(Text("IDS_MODEL_VIEW_CASE_EMPTY"));
+    if (loads.Count() == 0 && legend.lines.empty()) legend.lines.push_back(KeyText("IDS_MODEL_VIEW_CASE_EMPTY"));
     return legend;
 }
 

@@ -3,17 +3,18 @@
 #include <algorithm>
 #include <array>
 
-#include "velda_lib/msg_dll.h"
+#include "velda_lib/key_text.h"
 #include "zt_db/post/product.h"
 #include "zt_tb/post/result_catalogue.h"
 
 namespace zt {
+
+using velda::KeyText;
+
 namespace {
 
 using Keys = std::vector<std::uint32_t>;
 using KeySpan = std::span<const std::uint32_t>;
-
-std::string Text(std::string_view key) { return velda::CMsgDll::pfuncLoadStr(key, 0); }
 
 bool ShowsTransferGirders() { return CProduct::IsSwitchedOn("TransferLcom"); }
 
@@ -65,7 +66,7 @@ void AddParts(const Class& cases, int kind, Parts parts, LoadChoiceList& list, b
     for (std::size_t i = 0; i < keys.size(); ++i) {
         for (const Part& part : parts) {
             const std::string before = names[i] + std::string(opening);
-            Add(keys[i], kind, part.subKind, before + Text(part.suffixKey), list, isDefault);
+            Add(keys[i], kind, part.subKind, before + KeyText(part.suffixKey), list, isDefault);
         }
     }
 }
@@ -93,7 +94,7 @@ bool IsHiddenCase(const CClassPStld& cases, std::uint32_t key, const T_PSTLD_D& 
     const bool isOfGirder = key == cases.GetDeadCaseKey4TG() || key == cases.GetLiveCaseKey4TG();
     return (isOfGirder && !ShowsTransferGirders()) ||
            std::any_of(std::begin(kHiddenTypes), std::end(kHiddenTypes),
-                       [&](std::string_view typeKey) { return record.type == Text(typeKey); });
+                       [&](std::string_view typeKey) { return record.type == KeyText(typeKey); });
 }
 
 /// Combinations of civil defence, and those of transfer girders where these are not asked for.
@@ -120,7 +121,7 @@ void AddCombination(const CPostDataBase& database, std::uint32_t key, bool withW
         return;
     }
     for (const Part& part : Parts(kPtParts).subspan(withWhole ? 0 : 1)) {
-        Add(key, LoadCaseKind::Combination, part.subKind, combination.name + "(" + Text(part.suffixKey), list,
+        Add(key, LoadCaseKind::Combination, part.subKind, combination.name + "(" + KeyText(part.suffixKey), list,
             isDefault);
     }
 }
@@ -289,7 +290,7 @@ const LoadRule& RuleOf(int id, int tab) {
 
 void LoadCaseLister::GetAllLoadcaseForActiveNew(int id, int tab, LoadChoiceList& list) const {
     const LoadRule& rule = RuleOf(id, tab);
-    list = {.title = rule.titleKey.empty() ? std::string{} : Text(rule.titleKey),
+    list = {.title = rule.titleKey.empty() ? std::string{} : KeyText(rule.titleKey),
             .useDefaults = rule.useDefaults,
             .selected = std::move(list.selected)};
     rule.fill(*this, list);
@@ -313,7 +314,7 @@ void LoadCaseLister::GetAllStldWithoutSType(std::string_view type, LoadChoiceLis
 }
 
 void LoadCaseLister::GetPartStld(std::string_view type, LoadChoiceList& list, bool isDefault) const {
-    if (type != Text(kConstructionStage)) {
+    if (type != KeyText(kConstructionStage)) {
         GetActiveParam_ST(CClassPStld(&database_).KeysOfType(type), list, isDefault);
     }
 }
@@ -360,7 +361,7 @@ void LoadCaseLister::GetAllEspc(LoadChoiceList& list, bool isDefault) const {
 // ---- cases with envelopes ----
 
 void LoadCaseLister::GetAllPtlc(LoadChoiceList& list, bool isDefault) const {
-    AddParts(CClassPPtlc(&database_), LoadCaseKind::Pt, kPtParts, list, isDefault, Text("IDS_TB_POSTVIEW__PTLC_PT"));
+    AddParts(CClassPPtlc(&database_), LoadCaseKind::Pt, kPtParts, list, isDefault, KeyText("IDS_TB_POSTVIEW__PTLC_PT"));
 }
 
 void LoadCaseLister::GetAllSmlc(LoadChoiceList& list, bool isDefault) const {

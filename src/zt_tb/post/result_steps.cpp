@@ -2,11 +2,14 @@
 
 #include <algorithm>
 
-#include "velda_lib/msg_dll.h"
+#include "velda_lib/key_text.h"
 #include "zt_db/post/post_classes.h"
 #include "zt_tb/post/id_range.h"
 
 namespace zt {
+
+using velda::KeyText;
+
 namespace {
 
 constexpr int kNamedSteps = 3;
@@ -44,16 +47,14 @@ constexpr StepRule kRules[] = {
      .hasNamedSteps = true},
 };
 
-std::string Text(std::string_view key) { return velda::CMsgDll::pfuncLoadStr(key, 0); }
-
 void Add(int number, std::string name, ActiveList<std::int16_t>& list) {
     list.keys.push_back(static_cast<std::int16_t>(number));
     list.names.push_back(std::move(name));
 }
 
 void AddModes(const ResultSteps& steps, ActiveList<std::int16_t>& list) {
-    list.title = Text("IDS_TB_POSTVIEW_Eigenvalue_Mode");
-    const std::string mode = Text("IDS_TB_POSTVIEW_Mode");
+    list.title = KeyText("IDS_TB_POSTVIEW_Eigenvalue_Mode");
+    const std::string mode = KeyText("IDS_TB_POSTVIEW_Mode");
     for (int number = 1; number <= steps.modes; ++number) Add(number, mode + " " + std::to_string(number), list);
 }
 

@@ -4,17 +4,19 @@
 
 #include "velda_base/host/message_box.h"
 #include "velda_lib/comp_func.h"
+#include "velda_lib/key_text.h"
 #include "velda_lib/msg_dll.h"
 #include "velda_lib/number_text.h"
 #include "velda_lib/numeric_optimizer.h"
 #include "zt_tb/post/result_tracer.h"
 
 namespace zt {
+
+using velda::KeyText;
+
 namespace {
 
 using Numbers = std::vector<std::uint32_t>;
-
-std::string Text(std::string_view key) { return velda::CMsgDll::pfuncLoadStr(key, 0); }
 
 /// The titles of sections that the table gives none.
 constexpr std::string_view kTitleKeys[kActiveSections] = {
@@ -172,15 +174,15 @@ std::string CTBActiveNewDlg::TitleOf(ActiveSection section) const {
     const std::string* title = titles[IndexOf(section)];
     const std::string_view key = kTitleKeys[IndexOf(section)];
     if (title && !title->empty()) return " " + *title;
-    return key.empty() ? std::string{} : " " + Text(key);
+    return key.empty() ? std::string{} : " " + KeyText(key);
 }
 
 // ---- objects ----
 
 std::vector<CTBActiveNewDlg::ObjectKind> CTBActiveNewDlg::ObjectKinds() {
-    return {{KeyDomain::None, Text("IDS_ACTIVE_DLG_OBJ_KIND_NO")},
-            {KeyDomain::Nodes, Text("IDS_ACTIVE_DLG_OBJ_KIND_NODE")},
-            {KeyDomain::Members, Text("IDS_ACTIVE_DLG_OBJ_KIND_MEMB")}};
+    return {{KeyDomain::None, KeyText("IDS_ACTIVE_DLG_OBJ_KIND_NO")},
+            {KeyDomain::Nodes, KeyText("IDS_ACTIVE_DLG_OBJ_KIND_NODE")},
+            {KeyDomain::Members, KeyText("IDS_ACTIVE_DLG_OBJ_KIND_MEMB")}};
 }
 
 std::optional<std::size_t> CTBActiveNewDlg::CurrentObjectKind() const {

@@ -4,12 +4,13 @@
 #include <numeric>
 
 #include "velda_base/host/wait_cursor.h"
-#include "velda_lib/msg_dll.h"
+#include "velda_lib/key_text.h"
 
 namespace zt {
 
 using velda::CGXRange;
 using velda::CGXStyle;
+using velda::KeyText;
 
 namespace {
 
@@ -20,14 +21,12 @@ constexpr std::uint32_t kCurrentRow = 0xC0DCC0;
 constexpr std::uint32_t kBad = 255;
 constexpr std::uint32_t kGood = 0xFF0000;
 
-std::string Text(const char* key) { return velda::CMsgDll::pfuncLoadStr(key, 0); }
-
 /// What stands behind the name of a load case.
 std::string SuffixOf(std::int16_t subKind) {
     switch (subKind) {
-        case LoadCaseSubKind::All: return Text("IDS_TB_POSTDISP_all");
-        case LoadCaseSubKind::Min: return Text("IDS_TB_POSTDISP_min");
-        case LoadCaseSubKind::Max: return Text("IDS_TB_POSTDISP_max");
+        case LoadCaseSubKind::All: return KeyText("IDS_TB_POSTDISP_all");
+        case LoadCaseSubKind::Min: return KeyText("IDS_TB_POSTDISP_min");
+        case LoadCaseSubKind::Max: return KeyText("IDS_TB_POSTDISP_max");
         default: return {};
     }
 }
@@ -209,7 +208,7 @@ std::optional<CTBPostDS::ShownStory> CTBPostDS::StoryOf(std::uint32_t mdul, std:
     return ShownStory{module.name, record.name, record.level};
 }
 
-std::string CTBPostDS::GetErrorText() { return Text("IDS_TB_POSTDISP_Error"); }
+std::string CTBPostDS::GetErrorText() { return KeyText("IDS_TB_POSTDISP_Error"); }
 
 // ---- drawing ----
 

@@ -1,7 +1,7 @@
 #include "zt_tb/post/tb_post_ds_memb2.h"
 
 #include "velda_base/host/wait_cursor.h"
-#include "velda_lib/msg_dll.h"
+#include "velda_lib/key_text.h"
 #include "zt_tb/post/result_tracer.h"
 
 namespace zt {
@@ -9,6 +9,7 @@ namespace zt {
 using velda::CGXRange;
 using velda::CGXStyle;
 using velda::ControlKind;
+using velda::KeyText;
 
 namespace {
 
@@ -16,8 +17,6 @@ namespace {
 constexpr int kLabelCol = 1;
 constexpr int kListCol = kLabelCol + 2;
 constexpr int kButtonCol = kLabelCol + 5;
-
-std::string Text(const char* key) { return velda::CMsgDll::pfuncLoadStr(key, 0); }
 
 std::vector<std::string> ModuleNames(const CPostDataBase& database) {
     const CClassPMdul modules(&database);
@@ -30,7 +29,7 @@ std::vector<std::string> ModuleNames(const CPostDataBase& database) {
 }
 
 /// What stands in the list for no module.
-std::string AllModules() { return Text("IDS_TB_POSTDISP_All_Modules"); }
+std::string AllModules() { return KeyText("IDS_TB_POSTDISP_All_Modules"); }
 
 std::string NameOfModule(const CPostDataBase& database, std::uint32_t key) {
     T_PMDUL_D module;
@@ -88,9 +87,9 @@ void CTBPostDSMemb2::AfterRedrawTable() {
     for (const std::string& name : ModuleNames(Results())) lines += name + "\n";
     PutStyle(grid, row, kLabelCol, CGXStyle());
     PutStyle(grid, row, kListCol, CGXStyle().SetControl(ControlKind::DropDownList).SetChoiceList(lines));
-    const std::string caption = Text("IDS_TB_POSTDISP_Module_Apply");
+    const std::string caption = KeyText("IDS_TB_POSTDISP_Module_Apply");
     PutStyle(grid, row, kButtonCol, CGXStyle().SetControl(ControlKind::PushButton).SetChoiceList(caption));
-    grid.SetValueRange(row, kLabelCol, Text("IDS_TB_POSTDISP_Module"));
+    grid.SetValueRange(row, kLabelCol, KeyText("IDS_TB_POSTDISP_Module"));
     grid.SetValueRange(row, kListCol, NameOfModule(Results(), moduleKey_));
 }
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "velda_base/host/application_host.h"
-#include "velda_lib/msg_dll.h"
+#include "velda_lib/key_text.h"
 #include "velda_util/grid/table_dialogs.h"
 #include "zt_db/core/change_test.h"
 #include "zt_db/records/rstp.h"
@@ -19,9 +19,10 @@
 #include "zt_tb/post/tb_active_new_dlg.h"
 
 namespace zt {
-namespace {
 
-std::string Text(std::string_view key) { return velda::CMsgDll::pfuncLoadStr(key, 0); }
+using velda::KeyText;
+
+namespace {
 
 /// Tabs that tell the drift restriction outside their records, and those that show it in them.
 constexpr IdRange kDriftLimitTabs[] = {{19, 19}};
@@ -127,7 +128,7 @@ void CTBPostView::AddTab(int tab) {
     core->SetDataSrc(MakeResultSource(entry.className, tab, entry.argument));
     core->Initialize();
     core->onSelection = [this, core] { SelectObjectsOf(*core); };
-    AddWorksheet(std::move(grid), Text(entry.titleKey));
+    AddWorksheet(std::move(grid), KeyText(entry.titleKey));
     const velda::WaitCursor wait;
     if (CTBPostDS* source = PostSourceOf(core)) {
         source->SetNeedsActivation(NeedsActivationAtSwitch(tab));
@@ -326,14 +327,14 @@ velda::CMenu CTBPostView::BuildContextMenu() const {
         if (entry.id == 0) {
             menu.AppendSeparator();
         } else {
-            menu.Append(entry.id, Text(entry.textKey), IsCommandEnabled(entry.id));
+            menu.Append(entry.id, KeyText(entry.textKey), IsCommandEnabled(entry.id));
         }
     }
     const ContextMenuChange change = ContextMenuChangeOf(id_, ActiveTab(), graphMenu_);
     for (const int id : change.deleted) menu.RemoveCommand(id);
     if (change.deletedPosition) menu.RemovePosition(*change.deletedPosition);
     for (const AppendedCommand& command : change.appended) {
-        menu.Append(command.id, Text(command.textKey), IsCommandEnabled(command.id));
+        menu.Append(command.id, KeyText(command.textKey), IsCommandEnabled(command.id));
     }
     menu.DeleteUselessSeparators();
     return menu;
@@ -347,7 +348,7 @@ void CTBPostView::OnContextMenu(velda::WindowPoint point) {
 
 std::string CTBPostView::ActiveTitle() const {
     const ResultTabEntry* entry = FindResultTab(ActiveTab());
-    return entry ? Text(entry->titleKey) : std::string();
+    return entry ? KeyText(entry->titleKey) : std::string();
 }
 
 void CTBPostView::OnTbGvFind() {
@@ -415,7 +416,7 @@ bool CTBPostView::UpdateLanguage() {
     for (int tab = 0; tab < kResultTabCount; ++tab) {
         velda::CTBCore* grid = GridOf(tab);
         if (!grid) continue;
-        ChangeTabLabel(GetTabWnd()->FindPane(grid), Text(FindResultTab(tab)->titleKey));
+        ChangeTabLabel(GetTabWnd()->FindPane(grid), KeyText(FindResultTab(tab)->titleKey));
         grid->UpdateLanguage();
     }
     return true;

@@ -3,13 +3,14 @@
 #include <cmath>
 
 #include "velda_base/host/message_box.h"
-#include "velda_lib/msg_dll.h"
+#include "velda_lib/key_text.h"
 #include "velda_lib/number_text.h"
 
 namespace zt {
-namespace {
 
-std::string Text(const char* key) { return velda::CMsgDll::pfuncLoadStr(key, 0); }
+using velda::KeyText;
+
+namespace {
 
 /// False for what is no limit.
 bool ReadLimit(const std::string& text, double& limit) {
@@ -18,7 +19,7 @@ bool ReadLimit(const std::string& text, double& limit) {
 
 }  // namespace
 
-std::string CTBSetRMFMiniDlg::Title() { return Text("IDS_TB_POSTDISP_Allowable_Story_Drift_Angle_0"); }
+std::string CTBSetRMFMiniDlg::Title() { return KeyText("IDS_TB_POSTDISP_Allowable_Story_Drift_Angle_0"); }
 
 void CTBSetRMFMiniDlg::OnInitDialog() {
     for (std::size_t i = 0; i < entries.size(); ++i) {
@@ -31,7 +32,7 @@ bool CTBSetRMFMiniDlg::OnOK() {
     for (std::size_t i = 0; i < entries.size(); ++i) {
         if (!ReadLimit(entries[i].ratio, typed.limit[i].ratio) ||
             !ReadLimit(entries[i].denominator, typed.limit[i].denominator)) {
-            velda::AfxMessageBox(Text("IDS_TB_SETRMFDLG_Error___Invalid_Allowable_Ratio_"));
+            velda::AfxMessageBox(KeyText("IDS_TB_SETRMFDLG_Error___Invalid_Allowable_Ratio_"));
             return false;
         }
     }
