@@ -11,7 +11,7 @@ constexpr ResultColumn CounterColumn(std::string_view title) {
     return {.title = title, .type = ResultColumn::Type::Long};
 }
 constexpr ResultColumn ValueColumn(std::string_view title, int unitKind, int places) {
-    return {.title = title, .type = ResultColumn::Type::Double, .unitKind = unitKind, .places = places, .width = 90};
+    return {.title = title, .type = ResultColumn::Type::Double, .unitKind = unitKind, .places = places, .width = 110};
 }
 /// Module and story.
 constexpr ResultColumn StoryColumn() { return {.title = "IDS_TB_POSTDISP_Story", .width = 110}; }

@@ -346,11 +346,6 @@ void CTBPostView::OnContextMenu(velda::WindowPoint point) {
     if (chosen != 0) OnCommand(chosen);
 }
 
-std::string CTBPostView::ActiveTitle() const {
-    const ResultTabEntry* entry = FindResultTab(ActiveTab());
-    return entry ? KeyText(entry->titleKey) : std::string();
-}
-
 void CTBPostView::OnTbGvFind() {
     velda::CTBGrid& grid = *GetActiveCore();
     grid.UpdateFindParam(velda::CTBGrid::m_Find);

@@ -114,8 +114,6 @@ public:
     bool IsCommandEnabled(int id) const override;
     velda::CMenu BuildContextMenu() const;
     void OnContextMenu(velda::WindowPoint point) override;
-    /// What export writes: the tab in front, under its title.
-    std::string ActiveTitle() const;
 
     // ---- hints
 
