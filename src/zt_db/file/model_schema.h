@@ -11,7 +11,7 @@ namespace zt {
 /// then a column for each field of the record's field list.
 inline constexpr std::int64_t kModelApplicationId = 0x5A54424D;
 /// Raised whenever a record class or a field is declared anew. An older file gets what it lacks when it is opened.
-inline constexpr std::int64_t kModelSchemaVersion = 3;
+inline constexpr std::int64_t kModelSchemaVersion = 4;
 
 /// Default value of a column as an SQL literal.
 std::string DefaultLiteral(const RecordStoreBase& store, int column);

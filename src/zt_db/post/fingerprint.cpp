@@ -47,7 +47,8 @@ private:
 }  // namespace
 
 bool ResultsDependOn(const RecordStoreBase& store) {
-    constexpr std::array<std::string_view, 7> kOthers = {"RSLT", "NAME", "LCOM", "RSTP", "STND", "MBTP", "PREL"};
+    constexpr std::array<std::string_view, 8> kOthers = {"RSLT", "NAME", "LCOM", "RSTP",
+                                                         "STND", "MBTP", "PREL", "MCTL"};
     return std::find(kOthers.begin(), kOthers.end(), store.Identity().mnemonic) == kOthers.end();
 }
 

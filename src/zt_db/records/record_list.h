@@ -10,6 +10,7 @@
 #include "zt_db/records/load.h"
 #include "zt_db/records/matl.h"
 #include "zt_db/records/mbtp.h"
+#include "zt_db/records/mctl.h"
 #include "zt_db/records/memb.h"
 #include "zt_db/records/name.h"
 #include "zt_db/records/offs.h"
@@ -41,6 +42,6 @@ using RecordClassList =
                CClassName, CClassMbtp, CClassPrel, CClassStnd, CClassLcom, CClassSpts, CClassFrls, CClassRigd,
                CClassLnld, CClassCmld, CClassBltp, CClassBmla, CClassBwtp, CClassBwld, CClassSltp, CClassSbla,
                CClassPtld, CClassPmas, CClassSwgt, CClassActl, CClassSpfc, CClassSplc, CClassThfc, CClassThlc,
-               CClassStmp, CClassPtmp, CClassSdsp, CClassOffs, CClassRgde, CClassRstp, CClassRslt>;
+               CClassStmp, CClassPtmp, CClassSdsp, CClassOffs, CClassRgde, CClassRstp, CClassRslt, CClassMctl>;
 
 }  // namespace zt

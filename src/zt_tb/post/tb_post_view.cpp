@@ -6,6 +6,7 @@
 #include "velda_lib/key_text.h"
 #include "velda_util/grid/table_dialogs.h"
 #include "zt_db/core/change_test.h"
+#include "zt_db/records/mctl.h"
 #include "zt_db/records/rstp.h"
 #include "zt_tb/core/tb_find_dlg.h"
 #include "zt_tb/core/usage_counter.h"
@@ -75,8 +76,10 @@ bool CTBPostView::FlagsOf(const ResultTableEntry& table, std::span<const int> ar
     } else if (!arguments.empty()) {
         return false;
     } else if (table.choice == TabChoice::ByModelControl) {
-        // A model without a control record has that of frames, which is the last tab.
-        set(tabs.back());
+        // The first tab is that of other systems, the last one that of frames.
+        T_MCTL_D control;
+        if (CDBDoc::m_pDBDoc) CDBDoc::m_pDBDoc->GetMDBCtrl()->GetCurrentDB()->GetClass<CClassMctl>()->Get(control);
+        set(control.system == StructureSystem::Frame ? tabs.back() : tabs.front());
     } else {
         std::for_each(tabs.begin(), tabs.end(), set);
     }

@@ -3,6 +3,7 @@
 #include <set>
 
 #include "velda_base/host/headless_host.h"
+#include "zt_db/records/mctl.h"
 #include "zt_tb/core/usage_counter.h"
 #include "zt_tb/post/result_sources.h"
 #include <gtest/gtest.h>
@@ -111,6 +112,20 @@ TEST_F(TBPostView, EachTabOfTheCatalogueHasItsSourceOrIsListedAsWithoutOne) {
     std::string listed;
     for (const std::string& name : missing) listed += (listed.empty() ? "" : " ") + name;
     EXPECT_EQ(kMissingClasses, listed);
+}
+
+TEST_F(TBPostView, TheCheckOfStabilityIsThatOfTheSystemOfTheModel) {
+    CDataBase& model = *doc->GetMDBCtrl()->GetCurrentDB();
+    const auto tabs = [] {
+        CTBPostView one;
+        one.AddStorStabChkView();
+        return std::pair{one.GridOf(51) != nullptr, one.GridOf(52) != nullptr};
+    };
+    EXPECT_EQ(tabs(), std::pair(false, true)) << "without a control record";
+    ASSERT_TRUE(model.GetClass<CClassMctl>()->TR_Add(T_MCTL_D::kKey, T_MCTL_D{.system = StructureSystem::Other}));
+    EXPECT_EQ(tabs(), std::pair(true, false));
+    model.Undo();
+    EXPECT_EQ(tabs(), std::pair(false, true));
 }
 
 TEST_F(TBPostView, ArgumentsThatDoNotFitAreRefused) {

@@ -1,0 +1,7 @@
+#include "zt_db/records/mctl.h"
+
+namespace zt {
+
+ZT_DEFINE_RECORD(MCTL)
+
+}  // namespace zt
