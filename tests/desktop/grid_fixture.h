@@ -65,7 +65,6 @@ protected:
     GridWidget widget;
 
 private:
-    void Move(QEvent::Type type, QPoint point) { SendMouse(*widget.viewport(), type, point); }
 };
 
 }  // namespace zt

@@ -217,6 +217,8 @@ TEST_F(ResultGridWindow, ColumnsCannotBeDragged) {
 
 TEST_F(ResultGridWindow, TheStyleDialogOffersColumnsInSightUnderTheNamesOfTheirGroups) {
     Show(14, 19);
+    // Titles that were taken anew do not stand twice.
+    ASSERT_TRUE(view.UpdateLanguage());
     std::vector<std::string> titles;
     host.dialogs.users.push_back([&](velda::ModalDialog& shown) {
         const auto dialog = MakeStyleDialog(dynamic_cast<velda::CTBStyleDlg&>(shown), nullptr);

@@ -317,6 +317,7 @@ TEST_F(PostViewActivation, AnotherLanguageKeepsWhatIsShown) {
     EXPECT_THAT(param.parts.selected, ElementsAre(1, 0));
     EXPECT_EQ(1u, source.GetCurModuleKey());
     EXPECT_EQ("Tower", grid.GetValueRowCol(1, kList));
+    EXPECT_EQ("모듈", grid.GetValueRowCol(1, 1));
     host.queue.Deliver();
     EXPECT_EQ(0, window.commands) << "nobody is asked again";
 
@@ -324,6 +325,29 @@ TEST_F(PostViewActivation, AnotherLanguageKeepsWhatIsShown) {
     view.UpdateLanguage();
     EXPECT_EQ(title, view.GetTitle());
     EXPECT_EQ(label, view.GetTabLabel(1));
+}
+
+TEST_F(PostViewActivation, AnotherLanguageNamesLoadCasesAndColumnsAnew) {
+    UseResults();
+    view.AddDispView();
+    view.Activate({.hasObjects = true,
+                   .objectDomain = KeyDomain::Nodes,
+                   .selectedObjects = {3},
+                   .hasLoads = true,
+                   .loads = {.selected = {{kHistory, LoadCaseKind::TimeHistory, LoadCaseSubKind::Max}}}});
+    const velda::CTBCore& grid = *view.GridOf(1);
+    EXPECT_EQ("EQ(max)", grid.GetValueRowCol(1, 2));
+    const std::string header = grid.Header().ColumnTitle(grid.ColumnIdAt(1));
+    for (int times = 0; times < 2; ++times) {
+        velda::SetCurrentLanguage(velda::Language::Korean);
+        view.UpdateLanguage();
+        EXPECT_EQ("EQ(최대)", grid.GetValueRowCol(1, 2));
+        EXPECT_NE(header, grid.Header().ColumnTitle(grid.ColumnIdAt(1)));
+        velda::SetCurrentLanguage(velda::Language::English);
+        view.UpdateLanguage();
+        EXPECT_EQ("EQ(max)", grid.GetValueRowCol(1, 2));
+        EXPECT_EQ(header, grid.Header().ColumnTitle(grid.ColumnIdAt(1)));
+    }
 }
 
 }  // namespace

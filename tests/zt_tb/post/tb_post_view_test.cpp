@@ -111,6 +111,11 @@ TEST_F(TBPostView, FlagsOfTheCallerChooseTheTabs) {
     EXPECT_EQ(std::vector<int>{6}, Tabs());
 }
 
+TEST_F(TBPostView, StabilityIsThatOfFramesWithoutAControlRecord) {
+    view.AddStorStabChkView();
+    EXPECT_EQ(std::vector<int>{52}, Tabs());
+}
+
 TEST_F(TBPostView, DesignFactorsOpenUnderTheIdThatIsAskedFor) {
     const std::pair<int, int> expected[] = {{0, 49}, {49, 49}, {50, 50}, {53, 53}};
     for (const auto& [asked, id] : expected) {
