@@ -5,6 +5,7 @@
 
 #include "desktop/example_grid.h"
 #include "desktop/grid/grid_widget.h"
+#include "desktop/mouse_drag.h"
 #include <gtest/gtest.h>
 
 namespace zt {
@@ -41,12 +42,7 @@ protected:
         QTest::mouseClick(widget.viewport(), Qt::LeftButton, held, point);
     }
     void DoubleClick(QPoint point) { QTest::mouseDClick(widget.viewport(), Qt::LeftButton, {}, point); }
-    void Drag(QPoint from, QPoint to) {
-        Move(QEvent::MouseButtonPress, from);
-        Move(QEvent::MouseMove, (from + to) / 2);
-        Move(QEvent::MouseMove, to);
-        Move(QEvent::MouseButtonRelease, to);
-    }
+    void Drag(QPoint from, QPoint to) { DragMouse(*widget.viewport(), from, to); }
     void Key(Qt::Key key, Qt::KeyboardModifiers held = {}) { QTest::keyClick(KeyTarget(), key, held); }
     void Type(const char* text) {
         for (; *text; ++text) QTest::keyClick(KeyTarget(), *text);
@@ -69,13 +65,6 @@ protected:
     GridWidget widget;
 
 private:
-    void Move(QEvent::Type type, QPoint point) {
-        const bool released = type == QEvent::MouseButtonRelease;
-        const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
-        QMouseEvent event(type, QPointF(point), widget.viewport()->mapToGlobal(QPointF(point)), button,
-                          released ? Qt::NoButton : Qt::LeftButton, {});
-        QApplication::sendEvent(widget.viewport(), &event);
-    }
 };
 
 }  // namespace zt

@@ -101,11 +101,13 @@ void CTBActiveNewDlg::FillLoads() {
     const LoadChoiceList& loads = param_.loads;
     const auto traced = TracedLoads(loads.all);
     const bool isFirst = loads.selected.empty() && !traced;
+    offeredLoads_.clear();
     const std::vector<LoadChoice>& ticked = traced ? *traced : isFirst ? loads.defaults : loads.selected;
     for (std::size_t i = 0; i < loads.names.size(); ++i) {
         const LoadChoice& choice = loads.all[i];
         const bool isTicked = isFirst && !loads.useDefaults ? IsShownFirst(choice) : Holds(ticked, choice);
         lists_[IndexOf(ActiveSection::Loads)].items.push_back({loads.names[i], isTicked});
+        if (isTicked) offeredLoads_.push_back(choice);
     }
 }
 

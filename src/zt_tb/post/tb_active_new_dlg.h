@@ -76,6 +76,8 @@ public:
     void SetSearch(ActiveSection section, std::string text) { lists_[IndexOf(section)].search = std::move(text); }
     /// Places of the entries that the search shows.
     std::vector<std::size_t> Found(ActiveSection section) const;
+    /// The load cases that were ticked as the dialog opened.
+    const std::vector<LoadChoice>& OfferedLoads() const { return offeredLoads_; }
     /// Ticks all shown entries, or none of them; the others stay as they are.
     void TickFound(ActiveSection section, bool isTicked);
 
@@ -98,6 +100,7 @@ private:
     std::vector<std::uint32_t> objects_;  ///< all that the table can show, ascending
     QueryKind query_ = QueryKind::MemberType;
     std::array<CheckList, kActiveSections> lists_;
+    std::vector<LoadChoice> offeredLoads_;
 };
 
 }  // namespace zt

@@ -251,7 +251,7 @@ void CTBPostView::OnActiveNewDlg() {
         // A table that has never been activated shows what it would have offered.
         const bool isFirst = !source->IsReRead();
         for (CTBPostDS* one : Sources()) one->SetReRead(true);
-        param.loads.selected = param.loads.defaults;
+        param.loads.selected = dialog.OfferedLoads();
         if (isFirst && !param.loads.selected.empty()) Activate(param);
     }
 }

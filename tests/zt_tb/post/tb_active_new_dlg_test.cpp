@@ -1,7 +1,10 @@
 #include "zt_tb/post/tb_active_new_dlg.h"
 
+#include <map>
+
 #include "velda_base/host/headless_host.h"
 #include "zt_db/post/post_fixture.h"
+#include "zt_tb/post/fake_checker.h"
 #include "zt_tb/post/load_case_lists.h"
 #include <gmock/gmock.h>
 
@@ -258,6 +261,57 @@ TEST_F(ActiveNewDlg, TicksTheGreatestOfACombinationAloneAfterItWasChosenAlone) {
     EXPECT_TRUE(opened.OnOK());
     EXPECT_THAT(param.loads.selected, ElementsAre(LoadChoice{1, LoadCaseKind::Combination, LoadCaseSubKind::Max}));
     EXPECT_THAT(Ticked(Open(), ActiveSection::Loads), ElementsAre("ENV(max)"));
+}
+
+// ---- traced findings ----
+
+/// The dialog while a finding of the model checker is traced.
+class ActiveNewDlgTraced : public ActiveNewDlg {
+protected:
+    ActiveNewDlgTraced() {
+        doc->SetChekCtrl(&checker);
+        doc->StartTracerMode();
+    }
+    ~ActiveNewDlgTraced() override { doc->SetChekCtrl(nullptr); }
+
+    FakeChecker checker;
+};
+
+TEST_F(ActiveNewDlgTraced, NarrowsTheObjectsToThoseThatWereFoundInEveryTable) {
+    checker.found = 12;
+    for (const int table : {0, kFilteredResultTable}) {
+        doc->SetTableID4Checker(table);
+        EXPECT_EQ("12", Open().objectText) << table;
+    }
+    checker.found = 13;
+    EXPECT_EQ("", Open().objectText) << "not among those that are shown";
+    doc->EndTracerMode();
+    EXPECT_EQ("11 12", Open().objectText);
+}
+
+TEST_F(ActiveNewDlgTraced, TicksTheLoadCasesThatTheCheckIsAbout) {
+    param.hasLoads = true;
+    param.loads.names = {"DL", "third", "third spectrum", "ES"};
+    param.loads.all = {{.key = 1}, {.key = 3}, {3, LoadCaseKind::Spectrum}, {4, LoadCaseKind::EsSpectrum}};
+    param.loads.selected = {param.loads.all[0]};
+    const std::vector<std::string> shown{"DL"};
+    const std::vector<std::string> all = param.loads.names;
+    std::map<int, std::vector<std::string>> expected = {{108, all}, {99, {}}, {116, {"ES"}}};
+    for (const int check : {71, 73, 93, 94, 95, 96, 97, 98, 100, 103}) expected[check] = {"third"};
+    for (const int check : {0, 70, 72, 92, 101, 102, 104, 107, 115, 117}) expected[check] = shown;
+    for (const auto& [check, names] : expected) {
+        checker.check = check;
+        EXPECT_EQ(names, Ticked(Open(), ActiveSection::Loads)) << check;
+    }
+}
+
+TEST_F(ActiveNewDlgTraced, TicksTheDefaultsWhereTheCheckSaysNothingAndNothingIsShown) {
+    param.hasLoads = true;
+    param.loads = {.useDefaults = true, .names = {"A", "B"}, .all = {{.key = 1}, {.key = 3}}, .defaults = {{.key = 1}}};
+    checker.check = 72;
+    EXPECT_THAT(Ticked(Open(), ActiveSection::Loads), ElementsAre("A"));
+    checker.check = 99;
+    EXPECT_THAT(Ticked(Open(), ActiveSection::Loads), IsEmpty());
 }
 
 // ---- queries ----

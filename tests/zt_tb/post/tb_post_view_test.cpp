@@ -2,46 +2,16 @@
 
 #include <set>
 
-#include "velda_base/host/headless_host.h"
 #include "zt_db/records/mctl.h"
 #include "zt_tb/core/usage_counter.h"
+#include "zt_tb/post/post_view_fixture.h"
 #include "zt_tb/post/result_sources.h"
 #include <gtest/gtest.h>
 
 namespace zt {
 namespace {
 
-class TBPostView : public testing::Test {
-protected:
-    /// A window that counts the commands that come to it.
-    class Window final : public velda::HeadlessWindow {
-    public:
-        using HeadlessWindow::HeadlessWindow;
-        int commands = 0;
-
-    protected:
-        void OnCommand(const velda::CommandMessage& command) override {
-            if (command.id == ResultCommandId::Activate) ++commands;
-        }
-    };
-    TBPostView() {
-        doc->MakeCurrent();
-        view.SetWindow(&window);
-    }
-    std::vector<int> Tabs() const {
-        std::vector<int> tabs;
-        for (int tab = 0; tab < kResultTabCount; ++tab) {
-            if (view.GridOf(tab)) tabs.push_back(tab);
-        }
-        return tabs;
-    }
-
-    velda::HeadlessHost host;
-    velda::UseHost use{host};
-    std::unique_ptr<CDBDoc> doc = CDBDoc::New();
-    Window window{host.queue};
-    CTBPostView view;
-};
+using TBPostView = PostViewTest;
 
 TEST_F(TBPostView, EveryOperationOpensTheTabsOfItsTable) {
     for (const ResultTableEntry& table : ResultTables()) {
@@ -130,9 +100,66 @@ TEST_F(TBPostView, TheCheckOfStabilityIsThatOfTheSystemOfTheModel) {
 
 TEST_F(TBPostView, ArgumentsThatDoNotFitAreRefused) {
     EXPECT_FALSE(view.AddTable("AddNothingView"));
-    EXPECT_FALSE(view.AddTable("AddColmView", std::array{1}));
-    EXPECT_FALSE(view.AddTable("AddDgnMaxFctView", std::array{2}));
-    EXPECT_EQ(0, view.GetResultTableId());
+    const std::pair<std::string_view, std::vector<int>> refused[] = {{"AddDispView", {5}},
+                                                                     {"AddDispView", {5, 6}},
+                                                                     {"AddStorStabChkView", {51}},
+                                                                     {"AddColmView", {}},
+                                                                     {"AddColmView", {1}},
+                                                                     {"AddColmView", {1, 1, 1}},
+                                                                     {"AddTGView", {}},
+                                                                     {"AddTGView", {1, 1}},
+                                                                     {"AddDgnMaxFctView", {2}},
+                                                                     {"AddDgnMaxFctView", {48}},
+                                                                     {"AddDgnMaxFctView", {54}},
+                                                                     {"AddDgnMaxFctView", {-1}},
+                                                                     {"AddDgnMaxFctView", {51, 1}}};
+    for (const auto& [operation, arguments] : refused) {
+        EXPECT_FALSE(view.AddTable(operation, arguments)) << operation;
+        EXPECT_EQ(0, view.GetResultTableId());
+        EXPECT_EQ(0, view.GetTabCount());
+    }
+    for (const int id : {-1, 0, 7, 97}) EXPECT_FALSE(view.AddTable(id)) << id;
+}
+
+TEST_F(TBPostView, FlagsOfTheCallerChooseTheTabs) {
+    view.AddBeamView(false, true);
+    EXPECT_EQ(std::vector<int>{6}, Tabs());
+}
+
+TEST_F(TBPostView, DesignFactorsOpenUnderTheIdThatIsAskedFor) {
+    const std::pair<int, int> expected[] = {{0, 49}, {49, 49}, {50, 50}, {53, 53}};
+    for (const auto& [asked, id] : expected) {
+        CTBPostView one;
+        one.AddDgnMaxFctView(asked);
+        EXPECT_EQ(id, one.GetResultTableId());
+    }
+}
+
+TEST_F(TBPostView, ATableThatIsOpenedByItsNumberHasAllItsTabs) {
+    for (const ResultTableEntry& table : ResultTables()) {
+        if (table.operation.empty() || table.choice == TabChoice::ByModelControl) continue;
+        CTBPostView one;
+        ASSERT_TRUE(one.AddTable(table.id)) << table.id;
+        EXPECT_EQ(table.id, one.GetResultTableId());
+        EXPECT_EQ(static_cast<int>(TabsOf(table).size()), one.GetTabCount()) << table.id;
+        for (const int tab : TabsOf(table)) EXPECT_NE(nullptr, one.GridOf(tab)) << table.id;
+    }
+}
+
+TEST_F(TBPostView, TheStripOfTabsGrowsByTwoThirdsOnce) {
+    const int usual = velda::TabStyle{}.stripHeight;
+    view.AddStorQueryView();
+    EXPECT_EQ(usual + usual * 2 / 3, view.GetTabWnd()->GetStyle().stripHeight);
+    CTBPostView::TabFlags flags{};
+    flags[61] = true;
+    view.AddnDelView(flags);
+    EXPECT_EQ(usual + usual * 2 / 3, view.GetTabWnd()->GetStyle().stripHeight);
+}
+
+TEST_F(TBPostView, TheDeleteKeyIsOff) {
+    EXPECT_TRUE(velda::CTBCore().KeyCtrl().IsDeleteKeyEnabled());
+    view.AddMembForceView();
+    for (const int tab : Tabs()) EXPECT_FALSE(view.GridOf(tab)->KeyCtrl().IsDeleteKeyEnabled()) << tab;
 }
 
 TEST_F(TBPostView, AViewKeepsItsTable) {
@@ -175,12 +202,6 @@ TEST_F(TBPostView, SomeTablesOpenWithoutTheDialog) {
     EXPECT_EQ(0, window.commands);
 }
 
-TEST_F(TBPostView, ATracedFindingTurnsToItsTab) {
-    doc->StartTracerMode();
-    view.AddMembForceView();
-    EXPECT_EQ(67, view.ActiveTab());
-}
-
 TEST_F(TBPostView, TabsOfStoryDisplacementsAreChosenWithinBounds) {
     EXPECT_TRUE(view.ActiveStorDispTab(1));
     view.AddStorDispView();
@@ -189,15 +210,6 @@ TEST_F(TBPostView, TabsOfStoryDisplacementsAreChosenWithinBounds) {
     EXPECT_FALSE(view.ActiveStorDispTab(2));
     EXPECT_FALSE(view.ActiveMaxFctTab(4));
     EXPECT_EQ(21, view.ActiveTab());
-}
-
-TEST_F(TBPostView, TheMenuIsThatOfTheTable) {
-    view.AddStorDrftAngView();
-    EXPECT_NE(nullptr, view.BuildContextMenu().Find(ResultCommandId::Activate));
-    EXPECT_EQ(nullptr, view.BuildContextMenu().Find(ResultCommandId::ExportGraphToExcel));
-    CTBPostView modes;
-    modes.AddVibrModeView();
-    EXPECT_EQ(nullptr, modes.BuildContextMenu().Find(ResultCommandId::Activate));
 }
 
 TEST_F(TBPostView, UsesOfStoryTablesAreCounted) {
@@ -212,14 +224,6 @@ TEST_F(TBPostView, OnlyMemberTablesHaveTheirMark) {
     CTBPostView other;
     other.AddDispView();
     EXPECT_EQ(0, other.GetMemberTableMark());
-}
-
-TEST_F(TBPostView, TablesOfTheModelReadItBeforeAnyAnalysis) {
-    view.AddStorLoadView();
-    EXPECT_EQ(doc->GetMDBCtrl()->GetDBPre(), &view.GetDB());
-    CTBPostView results;
-    results.AddDispView();
-    EXPECT_EQ(doc->GetMDBCtrl()->GetDBPost(), &results.GetDB());
 }
 
 }  // namespace
