@@ -1,20 +1,10 @@
 #include "zt_tb/post/result_tracer.h"
 
+#include "zt_tb/post/fake_checker.h"
 #include <gtest/gtest.h>
 
 namespace zt {
 namespace {
-
-/// A checker that found node 2 and the wind on story 7.
-class FakeChecker final : public CCheckerCtrl {
-public:
-    bool ExistFilteredKey4Table(std::uint32_t key) const override { return key == 2; }
-    int GetCurrentTracerKey2() const override { return 1; }
-    int GetCurrentSelectedCheckType() const override { return check; }
-    std::vector<TracedResult> GetCheckingResult() const override { return {{7, 3, LoadCaseKind::Static}}; }
-
-    int check = 73;
-};
 
 class ResultTracer : public testing::Test {
 protected:
