@@ -164,7 +164,7 @@ TEST_F(OpeningOrderOfStories, IsThatOfReading) {
 }
 
 TEST_F(OpeningOrderOfStories, OfPushoverStepsIsThatOfReading) {
-    for (const std::uint32_t key : {1, 2, 3}) {
+    for (const std::uint32_t key : {1u, 2u, 3u}) {
         for (const int step : {1, 2, 3}) {
             std::vector<T_STDFTTH_D> records;
             for (const int story : {3, 2, 1}) records.push_back(RecordOf<T_STDFTTH_D>(story));
