@@ -5,17 +5,17 @@
 
 namespace zt {
 
-/// A checker that found an object, node 2 at first, and the wind on story 7.
+/// A checker that found node 2 and the wind, static case 3, on story 7.
 class FakeChecker final : public CCheckerCtrl {
 public:
-    bool ExistFilteredKey4Table(std::uint32_t key) const override { return key == object; }
-    int GetCurrentTracerKey2() const override { return 1; }
+    bool ExistFilteredKey4Table(std::uint32_t key) const override { return key == found; }
+    int GetCurrentTracerKey2() const override { return key2; }
     int GetCurrentSelectedCheckType() const override { return check; }
-    std::vector<TracedResult> GetCheckingResult() const override { return findings; }
+    std::vector<TracedResult> GetCheckingResult() const override { return {{7, 3, LoadCaseKind::Static}}; }
 
-    std::uint32_t object = 2;
+    std::uint32_t found = 2;
+    int key2 = 1;
     int check = 73;
-    std::vector<TracedResult> findings = {{7, 3, LoadCaseKind::Static}};
 };
 
 }  // namespace zt

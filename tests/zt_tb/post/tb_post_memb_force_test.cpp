@@ -139,7 +139,7 @@ class TracedMembers : public MemberForceTables {
 protected:
     TracedMembers() {
         PutResults();
-        checker.object = 12;
+        checker.found = 12;
         doc->SetChekCtrl(&checker);
         doc->StartTracerMode();
         doc->SetTableID4Checker(kFilteredResultTable);
@@ -157,7 +157,7 @@ protected:
 
 TEST_F(TracedMembers, AreThoseThatWereFound) {
     EXPECT_THAT(Filtered({11}), ElementsAre(12));
-    checker.object = 13;
+    checker.found = 13;
     EXPECT_THAT(Filtered({11}), IsEmpty()) << "no column";
 }
 
