@@ -78,8 +78,9 @@ CommandResult MoveColumn(ScriptSession&, velda::CTBGrid& table, ScriptWords word
     const NamedPlace column = ReadColumn(table, words[0]);
     if (!column.IsRead()) return column.fault;
     const NamedPlace before = ReadColumn(table, words[2]);
-    if (before.IsRead()) table.MoveColumn(column.col, before.col);
-    return before.fault;
+    if (!before.IsRead()) return before.fault;
+    if (table.MoveColumn(column.col, before.col)) return CommandResult::Done();
+    return CommandResult::Refused("columns of this table are not moved");
 }
 
 bool ReadWidth(const ScriptWord& word, int& width) {

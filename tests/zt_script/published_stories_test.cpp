@@ -229,7 +229,7 @@ TEST_F(PublishedSeeds, TheStepsOfAPushoverShowTheirDrifts) {
     param.steps.selected = steps;
     ASSERT_EQ(1u, param.loads.names.size());
     const velda::CTBCore& grid = Show(param, param.loads.names.front());
-    auto* source = dynamic_cast<CTBPostStDrftBase*>(CTBPostView::SourceOf(&grid));
+    auto* source = dynamic_cast<CTBPostStDrftBase*>(PostSourceOf(&grid));
     ASSERT_NE(nullptr, source);
     constexpr double kLimit = 0.01;
     source->SetLimits({{{{.denominator = 1.0 / kLimit}, {.denominator = 1.0 / kLimit}}}});

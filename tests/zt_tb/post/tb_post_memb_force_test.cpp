@@ -1,5 +1,6 @@
 #include "zt_tb/post/tb_post_memb_force.h"
 
+#include "zt_tb/post/fake_checker.h"
 #include "zt_tb/post/force_tables.h"
 
 namespace zt {
@@ -78,6 +79,113 @@ TEST_F(MemberForceTables, OtherTypesAreDroppedBeforeListsAreFilled) {
     EXPECT_THAT(param.stories.names, ElementsAre("Tower : 2F"));
     EXPECT_TRUE(param.parts.isOn);
     EXPECT_THAT(param.parts.selected, ElementsAre(1, 3, 2, 0));
+}
+
+// ---- the story filter ----
+
+/// The portal with a column 14 on the first story, and member 99 whose record cannot be read.
+class MembersOfStories : public MemberForceTables {
+protected:
+    MembersOfStories() {
+        Records<CClassMemb>().TR_Add(
+            204, T_MEMB_D{.type = 101, .no = 14, .story = 1, .prop = 1, .matl = 1, .nodes = {102, 104}});
+        PutResults();
+    }
+    static TB_ACTIVE_PARAM OfStories(std::vector<std::uint32_t> stories) {
+        TB_ACTIVE_PARAM param = Choice({});
+        param.hasObjects = false;
+        param.stories = {.isOn = true, .selected = std::move(stories)};
+        return param;
+    }
+};
+
+TEST_F(MembersOfStories, AreChosenAmongAllMembersWhereNoObjectsAre) {
+    CTBPostColmForce& source = Open<CTBPostColmForce>(67);
+    source.SetActiveParam(OfStories({2}));
+    EXPECT_THAT(Keys(source), ElementsAre(11, 12));
+    // Not among those that the choice before has left.
+    source.SetActiveParam(OfStories({1}));
+    EXPECT_THAT(Keys(source), ElementsAre(14));
+    source.SetActiveParam(OfStories({2, 1, 7}));
+    EXPECT_THAT(Keys(source), ElementsAre(11, 12, 14));
+}
+
+TEST_F(MembersOfStories, AreNoneWhereNoStoryIsTicked) {
+    CTBPostColmForce& source = Open<CTBPostColmForce>(67);
+    source.SetActiveParam(OfStories({}));
+    EXPECT_THAT(Keys(source), IsEmpty());
+    EXPECT_EQ(grid->GetRowCount(), 0);
+}
+
+TEST_F(MembersOfStories, AreTheChosenOnesInTheirOrderWhereObjectsAreChosenToo) {
+    CTBPostColmForce& source = Open<CTBPostColmForce>(67);
+    TB_ACTIVE_PARAM param = Choice({99, 14, 12});
+    param.stories = {.isOn = true, .selected = {1}};
+    source.SetActiveParam(param);
+    EXPECT_THAT(Keys(source), ElementsAre(99, 14));
+    // A filter that is off drops nothing.
+    param.stories = {.isOn = false, .selected = {1}};
+    source.SetActiveParam(param);
+    EXPECT_THAT(Keys(source), ElementsAre(99, 14, 12));
+    param.hasObjects = false;
+    param.selectedObjects = {11};
+    source.SetActiveParam(param);
+    EXPECT_THAT(Keys(source), ElementsAre(99, 14, 12));
+}
+
+// ---- findings of the model checker ----
+
+class TracedMembers : public MemberForceTables {
+protected:
+    TracedMembers() {
+        PutResults();
+        checker.found = 12;
+        doc->SetChekCtrl(&checker);
+        doc->StartTracerMode();
+        doc->SetTableID4Checker(kFilteredResultTable);
+    }
+    /// What a table that shows some columns leaves of the members 11, 12 and 13.
+    std::vector<std::uint32_t> Filtered(std::vector<std::uint32_t> shown) {
+        CTBPostColmForce& source = Open<CTBPostColmForce>(67);
+        source.SetActiveParam(Choice(std::move(shown)));
+        std::vector<std::uint32_t> keys = {11, 12, 13};
+        source.FilterObjectKeys(keys);
+        return keys;
+    }
+    FakeChecker checker;
+};
+
+TEST_F(TracedMembers, AreThoseThatWereFound) {
+    EXPECT_THAT(Filtered({11}), ElementsAre(12));
+    checker.found = 13;
+    EXPECT_THAT(Filtered({11}), IsEmpty()) << "no column";
+}
+
+TEST_F(TracedMembers, AreAllAsLongAsTheTableShowsNone) {
+    EXPECT_THAT(Filtered({}), ElementsAre(11, 12));
+}
+
+TEST_F(TracedMembers, AreShownAloneAsTheTableOpens) {
+    EXPECT_THAT(Keys(Open<CTBPostColmForce>(67)), ElementsAre(12));
+    EXPECT_THAT(Keys(Open<CTBPostBeamForce>(66)), IsEmpty());
+}
+
+TEST_F(TracedMembers, AreAllWhereAnotherTableIsTracedOrNone) {
+    for (const int table : {0, kFilteredResultTable - 1}) {
+        doc->SetTableID4Checker(table);
+        EXPECT_THAT(Filtered({11}), ElementsAre(11, 12)) << table;
+    }
+    doc->SetTableID4Checker(kFilteredResultTable);
+    doc->EndTracerMode();
+    EXPECT_THAT(Filtered({11}), ElementsAre(11, 12));
+}
+
+TEST_F(TracedMembers, AreOfferedAlone) {
+    CTBPostColmForce& source = Open<CTBPostColmForce>(67);
+    source.SetActiveParam(Choice({11, 12}));
+    TB_ACTIVE_PARAM param;
+    source.GetActiveParam(param);
+    EXPECT_THAT(param.allObjects, ElementsAre(12));
 }
 
 // ---- records that cannot be read ----
