@@ -1,6 +1,7 @@
 #include "zt_tb/post/story/tb_post_st_disp.h"
 
 #include "zt_db/doc/checker_ctrl.h"
+#include "zt_tb/post/fake_checker.h"
 #include "zt_tb/post/result_sources.h"
 #include "zt_tb/post/story/story_table_fixture.h"
 #include <gmock/gmock.h>
@@ -78,17 +79,6 @@ TEST_F(StoryDisplacementTable, PutsTheWholeOfACaseBehindIt) {
 
 // ---- findings of the model checker ----
 
-/// A checker with findings of its test.
-class StoryChecker final : public CCheckerCtrl {
-public:
-    bool ExistFilteredKey4Table(std::uint32_t) const override { return true; }
-    int GetCurrentTracerKey2() const override { return 0; }
-    int GetCurrentSelectedCheckType() const override { return 73; }
-    std::vector<TracedResult> GetCheckingResult() const override { return findings; }
-
-    std::vector<TracedResult> findings;
-};
-
 class TracedDisplacements : public StoryDisplacementTable {
 protected:
     static constexpr std::uint32_t kOther = 3;
@@ -123,7 +113,7 @@ protected:
         }
         return red;
     }
-    StoryChecker checker;
+    FakeChecker checker;
 };
 
 TEST_F(TracedDisplacements, HaveTheirAveragesInRed) { EXPECT_THAT(RedCells(), ElementsAre("1F 1 8", "3F 3 8")); }
