@@ -106,6 +106,7 @@ void FillSmallModelForAnalysis(Add add, CDataBase& database) {
     add(database.GetClass<CClassRgde>(), {{.lengthI = 0.3}});
     add(database.GetClass<CClassRstp>(), {{.verticalLoads = {{LoadCaseKind::Static, 1, 1.0}}, .betas = {{1, 0.8}}}});
     add(database.GetClass<CClassRslt>(), {{.run = "0123"}});
+    add(database.GetClass<CClassMctl>(), {{.system = StructureSystem::Other}});
 }
 
 /// Puts two or more records of most classes into an empty model, with references of every kind between them.

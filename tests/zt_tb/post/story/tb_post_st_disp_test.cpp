@@ -1,6 +1,5 @@
 #include "zt_tb/post/story/tb_post_st_disp.h"
 
-#include "zt_db/doc/checker_ctrl.h"
 #include "zt_tb/post/fake_checker.h"
 #include "zt_tb/post/result_sources.h"
 #include "zt_tb/post/story/story_table_fixture.h"
