@@ -430,6 +430,28 @@ void AddAnalysisInput(CDataBase& database) {
     database.GetClass<CClassRstp>()->TR_Add(T_RSTP_D::kKey, drift);
 }
 
+/// Drift angles of a time history, with the line above them that leads to their limits.
+void TourHistoryDrift(Album& album) {
+    auto doc = CDBDoc::New();
+    CDataBase& database = *doc->GetMDBCtrl()->GetCurrentDB();
+    if (BuildSample(database, "small")) AddFrameLoads(database);
+    AddAnalysisInput(database);
+    MainWindow window(std::move(doc));
+    window.resize({1600, 720});
+    window.show();
+    window.RunAnalysis();
+    constexpr int kDriftAngles = 27;
+    AddDialog(album, "results-history-activation", [&] { window.OpenTable({TableSort::Result, kDriftAngles}); });
+    auto& view = dynamic_cast<CTBPostView&>(*window.ActiveHolder()->View());
+    TB_ACTIVE_PARAM param;
+    if (view.GetActivation(param)) {
+        param.loads.selected = param.loads.all;
+        view.Activate(param);
+    }
+    window.ActiveGrid()->Refresh();
+    album.Add("results-history-drift", window);
+}
+
 /// The dialogs of the input of an analysis, and the log of one that has warnings and of one that is refused.
 void TourAnalysis(Album& album) {
     const Stage stage(kUsualRows, {1200, 720});
@@ -542,6 +564,7 @@ bool TakeTour(QApplication& application, const QString& folder) {
             TourLoads(album);
             TourResults(album);
             TourWalk(album);
+            TourHistoryDrift(album);
             TourProperties(album);
             TourAnalysis(album);
             TourPaperAndGraphs(album);
