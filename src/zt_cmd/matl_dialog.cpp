@@ -3,6 +3,7 @@
 #include "velda_lib/key_text.h"
 #include "zt_db/library/matl_db.h"
 #include "zt_db/library/matl_grades.h"
+#include "zt_db/records/matl_type.h"
 
 namespace zt {
 
@@ -12,8 +13,6 @@ namespace {
 
 using Kind = PropertyField::Kind;
 using MatlField = CModelPropMatlDlg::Field;
-
-constexpr std::string_view kComposite = "SRC";
 
 std::string NameOfType(const std::string& type) {
     for (const MaterialType& known : MaterialTypes()) {
@@ -28,7 +27,7 @@ bool HasCode(const T_MATL_ANALYSIS& group) { return !group.code.empty() && group
 /// The codes of a material's type; for a composite those of steel and of concrete, in either group.
 std::vector<std::string> Codes(const T_MATL_D& material) {
     std::vector<std::string> codes;
-    CMatlDB::GetMatlCodeList(material.type, "S", codes);
+    CMatlDB::GetMatlCodeList(material.type, MatlType::Steel, codes);
     codes.insert(codes.begin(), NoCode());
     return codes;
 }
@@ -40,7 +39,7 @@ std::vector<std::string> Grades(const T_MATL_D& material) {
 
 template <std::size_t Group>
 bool IsUsed(const T_MATL_D& material) {
-    return Group == 0 || material.type == kComposite;
+    return Group == 0 || material.type == MatlType::Composite;
 }
 template <std::size_t Group>
 bool IsOwn(const T_MATL_D& material) {
@@ -125,7 +124,7 @@ std::vector<MatlField> CModelPropMatlDlg::Declared() const {
 velda::Outcome CModelPropMatlDlg::CheckRecord() const {
     const T_MATL_D& material = Edited();
     if (material.type.empty()) return velda::Outcome::Refused(KeyText("IDS_CMD_MATL_NO_TYPE"));
-    const std::size_t groups = material.type == kComposite ? 2 : 1;
+    const std::size_t groups = material.type == MatlType::Composite ? 2 : 1;
     for (std::size_t group = 0; group < groups; ++group) {
         if (material.analysis[group].elasticity <= 0.0)
             return velda::Outcome::Refused(KeyText("IDS_CMD_MATL_NO_STIFFNESS"));

@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <exception>
+#include <filesystem>
 #include <fstream>
+#include <optional>
+#include <utility>
 
 #include "velda_lib/language.h"
 #include "zt_script/script_session.h"
@@ -11,9 +14,9 @@ namespace zt {
 namespace {
 
 constexpr std::span<const ScriptCommand> (*kTables[])() = {
-    &ModelCommands, &RecordCommands,  &HistoryCommands, &ChangeCommands,    &ViewCommands, &CellCommands,
-    &RowCommands,   &LookCommands,    &LayoutCommands,  &SelectionCommands, &ClipCommands, &ExportCommands,
-    &CallCommands,  &ControlCommands, &HostCommands,    &ResultCommands, &ResultViewCommands};
+    &ModelCommands, &RecordCommands,  &HistoryCommands, &ChangeCommands,    &ViewCommands,      &CellCommands,
+    &RowCommands,   &LookCommands,    &LayoutCommands,  &SelectionCommands, &ClipCommands,      &ExportCommands,
+    &CallCommands,  &ControlCommands, &HostCommands,    &ResultCommands,    &ResultViewCommands};
 
 /// Number of words in which a command's name fits the beginning of a line; 0 when it does not.
 std::size_t FittingWords(std::string_view name, ScriptWords words) {
@@ -50,6 +53,19 @@ CommandResult RunCommand(ScriptSession& session, ScriptWords words) {
     }
 }
 
+constexpr std::string_view kIncludeUsage = "include FILE";
+
+/// All of a file; none when it cannot be read.
+std::optional<std::string> ReadText(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    std::string text;
+    char block[4096];
+    while (file.read(block, sizeof block) || file.gcount() > 0) {
+        text.append(block, static_cast<std::size_t>(file.gcount()));
+    }
+    return file.eof() ? std::optional(std::move(text)) : std::nullopt;
+}
+
 }  // namespace
 
 ScriptCount& ScriptCount::operator+=(const ScriptCount& other) {
@@ -70,7 +86,7 @@ std::string ScriptRunner::Usage() {
     for (const auto table : kTables) {
         for (const ScriptCommand& command : table()) usage += "  " + std::string(command.usage) + "\n";
     }
-    return usage + "  refused COMMAND\n  expect not ...\n";
+    return usage + "  " + std::string(kIncludeUsage) + "\n  refused COMMAND\n  expect not ...\n";
 }
 
 CommandResult ScriptRunner::RunRefused(ScriptSession& session, ScriptWords words) {
@@ -124,10 +140,20 @@ void ScriptRunner::Report(const std::string& place, const CommandResult& result,
     }
 }
 
-ScriptCount ScriptRunner::RunText(const std::string& name, std::string_view text) {
-    velda::SetCurrentLanguage(velda::Language::English);
-    ScriptSession session(output_);
-    ScriptCount count;
+CommandResult ScriptRunner::RunInclude(ScriptSession& session, const std::string& name, ScriptWords words, int depth,
+                                       ScriptCount& count) {
+    constexpr int kDeepest = 3;
+    if (words.size() != 1 || words[0].assigns) return CommandResult::Unreadable(std::string(kIncludeUsage));
+    if (depth >= kDeepest) return CommandResult::Unreadable("files include each other too deeply");
+    const std::string path = (std::filesystem::path(name).parent_path() / words[0].value).string();
+    const std::optional<std::string> text = ReadText(path);
+    if (!text) return CommandResult::Unreadable(path + ": cannot be read");
+    RunLines(session, path, *text, depth + 1, count);
+    return CommandResult::Done();
+}
+
+void ScriptRunner::RunLines(ScriptSession& session, const std::string& name, std::string_view text, int depth,
+                            ScriptCount& count) {
     int lineNumber = 0;
     if (constexpr std::string_view kByteOrderMark = "\xef\xbb\xbf"; text.starts_with(kByteOrderMark)) {
         text.remove_prefix(kByteOrderMark.size());
@@ -141,22 +167,25 @@ ScriptCount ScriptRunner::RunText(const std::string& name, std::string_view text
         CommandResult result;
         if (!line.fault.empty()) {
             result = CommandResult::Unreadable(line.fault);
+        } else if (!line.words.empty() && FittingWords("include", line.words) > 0) {
+            result = RunInclude(session, name, ScriptWords(line.words).subspan(1), depth, count);
         } else if (!line.words.empty()) {
             result = RunLine(session, line.words, isCheck);
         }
         Report(place, result, isCheck, count);
     }
+}
+
+ScriptCount ScriptRunner::RunText(const std::string& name, std::string_view text) {
+    velda::SetCurrentLanguage(velda::Language::English);
+    ScriptSession session(output_);
+    ScriptCount count;
+    RunLines(session, name, text, 0, count);
     return count;
 }
 
 ScriptCount ScriptRunner::RunFile(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::string text;
-    char block[4096];
-    while (file.read(block, sizeof block) || file.gcount() > 0) {
-        text.append(block, static_cast<std::size_t>(file.gcount()));
-    }
-    if (file.eof()) return RunText(path, text);
+    if (const std::optional<std::string> text = ReadText(path)) return RunText(path, *text);
     output_ << path << ": cannot be read\n";
     ScriptCount count;
     ++count.unreadable;

@@ -36,6 +36,11 @@ public:
     static std::string Usage();
 
 private:
+    /// `depth` is how many files include this text.
+    void RunLines(ScriptSession& session, const std::string& name, std::string_view text, int depth,
+                  ScriptCount& count);
+    CommandResult RunInclude(ScriptSession& session, const std::string& name, ScriptWords words, int depth,
+                             ScriptCount& count);
     CommandResult RunLine(ScriptSession& session, ScriptWords words, bool& isCheck);
     CommandResult RunRefused(ScriptSession& session, ScriptWords words);
     CommandResult RunNegated(ScriptSession& session, ScriptWords words);

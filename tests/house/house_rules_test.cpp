@@ -211,7 +211,7 @@ void CheckKeys(const SourceLine& line, const std::regex& pattern, const std::vec
 Findings KeyFindings(const fs::path& root, const std::vector<std::string_view>& keys) {
     static const std::regex literal(R"re("((IDS|IDB|CMB|IDC)_[A-Za-z0-9_]*)")re");
     static const std::regex inScript(R"re(\{((IDS|IDB|CMB|IDC)_[A-Za-z0-9_]*)\})re");
-    const auto isScript = [](const fs::path& file) { return file.extension() == ".zts"; };
+    const auto isScript = [](const fs::path& file) { return file.extension() == ".zts" || file.extension() == ".zti"; };
     Findings findings;
     ForEachLine(root, {"src", "apps"}, IsCxx,
                 [&](const SourceLine& line) { CheckKeys(line, literal, keys, true, findings); });

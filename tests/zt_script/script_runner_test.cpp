@@ -1,6 +1,9 @@
 #include "zt_script/script_runner.h"
 
+#include <unistd.h>
+
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 
@@ -260,6 +263,47 @@ TEST(ScriptRunner, TheModelAndTheUnitsOfAScriptDoNotReachTheNextOne) {
     EXPECT_EQ(CDBDoc::m_pDBDoc, nullptr);
 }
 
+/// A folder of scripts of a test's own.
+class IncludedScripts : public testing::Test {
+protected:
+    ~IncludedScripts() override { std::filesystem::remove_all(folder); }
+    void Write(const std::string& name, const std::string& text) const {
+        std::filesystem::create_directories((folder / name).parent_path());
+        std::ofstream(folder / name) << text;
+    }
+    RunResult Run(const std::string& name) const { return RunPath((folder / name).string()); }
+
+    const std::filesystem::path folder =
+        std::filesystem::temp_directory_path() / ("zt_include_" + std::to_string(::getpid()));
+};
+
+TEST_F(IncludedScripts, RunAtTheirPlaceFromTheFolderOfTheScript) {
+    Write("models/plate.zti", "record add THIK 1 name=\"W200\"\nexpect count THIK 1\n");
+    Write("tables/a.zts", "include \"../models/plate.zti\"\nexpect record THIK 1 name=\"W200\"\n");
+    const RunResult run = Run("tables/a.zts");
+    EXPECT_EQ(run.output, "");
+    ExpectCounts(run, 2, 0, 0);
+}
+
+TEST_F(IncludedScripts, TellTheirOwnPlaceWhenTheyFail) {
+    Write("b.zti", "\nexpect count THIK 1\n");
+    Write("a.zts", "# first\ninclude b.zti\nexpect count THIK 2\n");
+    const RunResult run = Run("a.zts");
+    const std::string b = (folder / "b.zti").string() + ":2: expected 1, found 0\n";
+    const std::string a = (folder / "a.zts").string() + ":3: expected 2, found 0\n";
+    EXPECT_EQ(run.output, b + a);
+    ExpectCounts(run, 0, 2, 0);
+}
+
+TEST_F(IncludedScripts, AMissingFileAndOneThatIncludesItselfAreFaults) {
+    Write("a.zts", "include none.zti\ninclude\ninclude a b\n");
+    ExpectCounts(Run("a.zts"), 0, 0, 3);
+    Write("b.zts", "expect count THIK 0\ninclude b.zts\n");
+    const RunResult ring = Run("b.zts");
+    ExpectCounts(ring, 4, 0, 1);
+    EXPECT_EQ(ring.output, (folder / "b.zts").string() + ":2: files include each other too deeply\n");
+}
+
 TEST(ScriptRunner, AScriptFileIsNamedByItsPathInMessages) {
     const TemporaryFolder folder;
     const std::string path = folder.File("two words.zts");
@@ -321,7 +365,11 @@ TEST(ScriptUsage, EveryCommandHasALine) {
             ++lines;
         }
     }
-    EXPECT_EQ(static_cast<std::size_t>(std::count(usage.begin(), usage.end(), '\n')), lines + 2);
+    for (const char* own : {"include FILE", "refused COMMAND", "expect not ..."}) {
+        EXPECT_NE(usage.find("  " + std::string(own) + "\n"), std::string::npos) << own;
+        ++lines;
+    }
+    EXPECT_EQ(static_cast<std::size_t>(std::count(usage.begin(), usage.end(), '\n')), lines);
 }
 
 }  // namespace

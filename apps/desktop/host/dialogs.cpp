@@ -12,6 +12,7 @@
 #include <QSpinBox>
 #include <QTabWidget>
 #include <QTableWidget>
+#include <algorithm>
 
 #include "desktop/grid/grid_colors.h"
 #include "desktop/grid/qt_text.h"
@@ -195,7 +196,10 @@ std::unique_ptr<BlockDialog> MakeStyleDialog(velda::CTBStyleDlg& block, QWidget*
     table->setVerticalHeaderLabels(titles);
     table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     dialog->Controls().addWidget(table);
-    dialog->resize(420, 360);
+    // Numbers stay readable beside long titles.
+    constexpr int kNumberWidth = 100;
+    constexpr int kAround = 60;
+    dialog->resize(std::max(420, table->verticalHeader()->sizeHint().width() + 2 * kNumberWidth + kAround), 360);
     dialog->OnStore([table, &block] {
         const auto value = [&](int row, int column) {
             return qobject_cast<QSpinBox*>(table->cellWidget(row, column))->value();

@@ -259,6 +259,14 @@ void AddFrameLoads(CDataBase& database) {
     database.GetClass<CClassCmld>()->TR_Add(1, pressure);
 }
 
+/// A small frame with loads.
+std::unique_ptr<CDBDoc> SmallFrame() {
+    auto doc = CDBDoc::New();
+    CDataBase& database = *doc->GetMDBCtrl()->GetCurrentDB();
+    if (BuildSample(database, "small")) AddFrameLoads(database);
+    return doc;
+}
+
 /// Supports and loads: those of a small frame by cases, and the beam loads of the building.
 void TourLoads(Album& album) {
     const Stage stage(kUsualRows, {1300, 720});
@@ -267,10 +275,7 @@ void TourLoads(Album& album) {
         window.Model().View().ShowLoads(1);
         album.Add("building-loads", window);
     }
-    auto doc = CDBDoc::New();
-    CDataBase& database = *doc->GetMDBCtrl()->GetCurrentDB();
-    if (BuildSample(database, "small")) AddFrameLoads(database);
-    MainWindow window(std::move(doc));
+    MainWindow window(SmallFrame());
     window.resize({1300, 720});
     window.show();
     for (const auto& [name, loadCase] :
@@ -285,17 +290,19 @@ void TourLoads(Album& album) {
     }
 }
 
+/// Shows the load cases that a table of results shows by itself, or all that it offers where it shows none.
+void ActivateAll(CTBPostView& view) {
+    TB_ACTIVE_PARAM param;
+    if (!view.GetActivation(param)) return;
+    param.loads.selected = param.loads.defaults.empty() ? param.loads.all : param.loads.defaults;
+    view.Activate(param);
+}
+
 /// Tables of results: the dialog in which load cases are chosen, and what they show of all load cases.
 void TourResultTables(Album& album, MainWindow& window, const QString& prefix = QStringLiteral("results-")) {
     const auto open = [&window](int id) {
         window.OpenTable({TableSort::Result, id});
         return dynamic_cast<CTBPostView*>(window.ActiveHolder()->View());
-    };
-    const auto activate = [](CTBPostView& view) {
-        TB_ACTIVE_PARAM param;
-        if (!view.GetActivation(param)) return;
-        param.loads.selected = param.loads.defaults.empty() ? param.loads.all : param.loads.defaults;
-        view.Activate(param);
     };
     // The dialog opens as soon as the table does.
     AddDialog(album, prefix + "activation", [&] { open(2); });
@@ -303,10 +310,13 @@ void TourResultTables(Album& album, MainWindow& window, const QString& prefix = 
          {std::pair("displacements", 2), std::pair("reactions", 3), std::pair("member-forces", 48),
           std::pair("story-displacement", 15), std::pair("story-drift", 14)}) {
         AddDialog(album, {}, [&, table = id] { open(table); });
-        activate(*open(id));
+        ActivateAll(*open(id));
         window.ActiveGrid()->Grid()->SetCurrentCell(1, 3);
         window.ActiveGrid()->Refresh();
         album.Add(prefix + name, window);
+    }
+    for (const auto& [name, command] : {std::pair("style", CommandId::Style), std::pair("sort", CommandId::Sort)}) {
+        AddDialog(album, prefix + name, [&, id = command] { window.ActiveHolder()->View()->OnCommand(id); });
     }
 }
 
@@ -347,10 +357,7 @@ void TourWalk(Album& album) {
 
 /// An analysed building as it moves under wind, and the displacements of its nodes and columns in colours.
 void TourResults(Album& album) {
-    auto doc = CDBDoc::New();
-    CDataBase& database = *doc->GetMDBCtrl()->GetCurrentDB();
-    if (BuildSample(database, "small")) AddFrameLoads(database);
-    MainWindow window(std::move(doc));
+    MainWindow window(SmallFrame());
     window.resize({1300, 720});
     window.show();
     window.RunAnalysis();
@@ -432,22 +439,15 @@ void AddAnalysisInput(CDataBase& database) {
 
 /// Drift angles of a time history, with the line above them that leads to their limits.
 void TourHistoryDrift(Album& album) {
-    auto doc = CDBDoc::New();
-    CDataBase& database = *doc->GetMDBCtrl()->GetCurrentDB();
-    if (BuildSample(database, "small")) AddFrameLoads(database);
-    AddAnalysisInput(database);
+    auto doc = SmallFrame();
+    AddAnalysisInput(*doc->GetMDBCtrl()->GetCurrentDB());
     MainWindow window(std::move(doc));
     window.resize({1600, 720});
     window.show();
     window.RunAnalysis();
     constexpr int kDriftAngles = 27;
     AddDialog(album, "results-history-activation", [&] { window.OpenTable({TableSort::Result, kDriftAngles}); });
-    auto& view = dynamic_cast<CTBPostView&>(*window.ActiveHolder()->View());
-    TB_ACTIVE_PARAM param;
-    if (view.GetActivation(param)) {
-        param.loads.selected = param.loads.all;
-        view.Activate(param);
-    }
+    ActivateAll(dynamic_cast<CTBPostView&>(*window.ActiveHolder()->View()));
     window.ActiveGrid()->Refresh();
     album.Add("results-history-drift", window);
 }

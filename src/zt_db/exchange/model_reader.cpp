@@ -11,6 +11,7 @@
 #include "zt_db/exchange/member_kinds.h"
 #include "zt_db/exchange/section_shapes.h"
 #include "zt_db/geometry/member_geometry.h"
+#include "zt_db/records/matl_type.h"
 #include "zt_db/records/record_list.h"
 
 namespace zt {
@@ -113,7 +114,9 @@ void ModelReader::ReadMaterials() {
     ForEachInOrder<CClassMatl>(database_, [&](std::uint32_t key, const T_MATL_D& record) {
         ExchangeMaterial material{.name = names.Take(record.name, "M" + NumberText(key))};
         materials_[key] = material.name;
-        material.kind = record.type == "S" ? "Steel" : record.type == "C" ? "Concrete" : "Other";
+        material.kind = record.type == MatlType::Steel      ? "Steel"
+                        : record.type == MatlType::Concrete ? "Concrete"
+                                                            : "Other";
         const T_MATL_ANALYSIS& values = record.analysis[0];
         material.quality = values.codeName.empty() ? material.name : values.codeName;
         material.elasticity = Maybe(values.elasticity);

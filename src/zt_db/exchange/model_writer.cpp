@@ -11,6 +11,7 @@
 #include "zt_db/exchange/story_levels.h"
 #include "zt_db/exchange/table_reader.h"
 #include "zt_db/exchange/written_model.h"
+#include "zt_db/records/matl_type.h"
 #include "zt_db/records/record_list.h"
 
 namespace zt {
@@ -106,7 +107,7 @@ private:
 
 T_MATL_D ModelWriter::RecordOf(const ExchangeMaterial& material) {
     const std::string kind = Comparable(material.kind);
-    T_MATL_D record{.name = material.name, .type = "U"};
+    T_MATL_D record{.name = material.name, .type = std::string(MatlType::User)};
     if (kind.starts_with("steel")) record.type = "S";
     if (kind.starts_with("concrete")) record.type = "C";
     const CUnitCtrl& units = database_.Units();

@@ -4,6 +4,7 @@
 
 #include "velda_lib/number_text.h"
 #include "zt_db/library/library.h"
+#include "zt_db/records/matl_type.h"
 
 namespace zt {
 namespace {
@@ -91,19 +92,19 @@ CMatlDB& CMatlDB::Shared() {
 
 int CMatlDB::GetMatlCodeList(std::string_view type, std::string_view selector, std::vector<std::string>& codes) {
     codes.clear();
-    const bool composite = type == "SRC";
-    const bool concreteFirst = composite && selector == "C";
+    const bool composite = type == MatlType::Composite;
+    const bool concreteFirst = composite && selector == MatlType::Concrete;
     if (concreteFirst) AppendCodes<ConcreteGrade>(codes);
-    if (composite || type == "S") AppendCodes<SteelGrade>(codes);
-    if (type == "C" || (composite && !concreteFirst)) AppendCodes<ConcreteGrade>(codes);
+    if (composite || type == MatlType::Steel) AppendCodes<SteelGrade>(codes);
+    if (type == MatlType::Concrete || (composite && !concreteFirst)) AppendCodes<ConcreteGrade>(codes);
     return codes.empty() ? 0 : 1;
 }
 
 int CMatlDB::GetMatlType(std::string_view code, std::string& type) {
     if (HasCode<SteelGrade>(code)) {
-        type = "S";
+        type = MatlType::Steel;
     } else if (HasCode<ConcreteGrade>(code)) {
-        type = "C";
+        type = MatlType::Concrete;
     } else {
         return 0;
     }

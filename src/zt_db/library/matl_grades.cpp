@@ -2,11 +2,15 @@
 
 #include "zt_db/doc/doc.h"
 #include "zt_db/library/matl_db.h"
+#include "zt_db/records/matl_type.h"
 
 namespace zt {
 namespace {
 
-constexpr MaterialType kTypes[] = {{"S", "Steel"}, {"C", "RC"}, {"SRC", "SRC"}, {"U", "User Defined"}};
+constexpr MaterialType kTypes[] = {{MatlType::Steel, "Steel"},
+                                   {MatlType::Concrete, "RC"},
+                                   {MatlType::Composite, "SRC"},
+                                   {MatlType::User, "User Defined"}};
 
 double ThermalInCurrentUnits(double perCelsius) {
     CDBDoc* doc = CDBDoc::m_pDBDoc;
@@ -21,8 +25,8 @@ std::vector<std::string> GradesOfCode(std::string_view code) {
     std::string type;
     std::vector<std::string> grades;
     CMatlDB::GetMatlType(code, type);
-    if (type == "S") CMatlDB::GetSteelNameList(code, grades);
-    if (type == "C") CMatlDB::GetConcreteNameList(code, grades);
+    if (type == MatlType::Steel) CMatlDB::GetSteelNameList(code, grades);
+    if (type == MatlType::Concrete) CMatlDB::GetConcreteNameList(code, grades);
     return grades;
 }
 
@@ -38,8 +42,8 @@ bool TakeGrade(std::string_view code, std::string_view name, T_MATL_ANALYSIS& va
     CMatlDB::GetMatlType(code, type);
     SteelGrade steel;
     ConcreteGrade concrete;
-    if (type == "S") return CMatlDB::GetSteelData(code, name, steel) && take(steel);
-    return type == "C" && CMatlDB::GetConcreteData(code, name, concrete) && take(concrete);
+    if (type == MatlType::Steel) return CMatlDB::GetSteelData(code, name, steel) && take(steel);
+    return type == MatlType::Concrete && CMatlDB::GetConcreteData(code, name, concrete) && take(concrete);
 }
 
 }  // namespace zt

@@ -34,6 +34,7 @@ int LoadCursor::LeafOf(const CPostDataBase& database, int kind, std::uint32_t ke
                                     [&](const Leaf& leaf) { return leaf.kind == kind && leaf.key == key; });
     if (found != leaves_.end()) return static_cast<int>(found - leaves_.begin());
     Leaf leaf{.kind = kind, .key = key};
+    static_assert(std::size(kNames) == kQuantities);
     for (std::size_t i = 0; i < kQuantities; ++i) {
         leaf.arrays[i].first = database.Results()->Array(CasePath(kind, key, kNames[i]));
         if (leaf.arrays[i].first) continue;

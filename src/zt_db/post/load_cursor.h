@@ -43,7 +43,7 @@ public:
     bool HasEnvelope() const { return hasEnvelope_; }
 
 private:
-    static constexpr std::size_t kQuantities = 7;
+    static constexpr std::size_t kQuantities = static_cast<std::size_t>(ResultQuantity::DesignForce) + 1;
 
     /// The arrays of a case: its values or, of a time history, the greatest and the least.
     struct Arrays {

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <string_view>
-
 #include "zt_db/post/post_ctrl.h"
+#include "zt_db/records/matl_type.h"
 
 namespace zt {
 
@@ -14,8 +13,8 @@ public:
     explicit CPostCtrl4Dgn(const CPostCtrl& control) : control_(control) {}
 
     /// Whether a member was designed in concrete; in steel.
-    bool IsConcreteDesignResultEnableBeam(std::uint32_t memb) const { return IsDesigned(memb, "C"); }
-    bool IsSteelDesignForceEnable(std::uint32_t memb) const { return IsDesigned(memb, "S"); }
+    bool IsConcreteDesignResultEnableBeam(std::uint32_t memb) const { return IsDesigned(memb, MatlType::Concrete); }
+    bool IsSteelDesignForceEnable(std::uint32_t memb) const { return IsDesigned(memb, MatlType::Steel); }
 
     int GetBeamDesignForce(std::uint32_t memb, T_FBEM_D* all, T_FBEM_D* max, T_FBEM_D* min) const {
         return IsConcreteDesignResultEnableBeam(memb) ? control_.GetDesignForce(memb, all, max, min) : 0;
@@ -28,10 +27,10 @@ public:
     }
     /// Of columns of one material, and of those of steel in concrete.
     int GetColmDesignForce(std::uint32_t memb, T_FCOL_D* all, T_FCOL_D* max, T_FCOL_D* min) const {
-        return IsDesigned(memb, kComposite) ? 0 : control_.GetDesignForce(memb, all, max, min);
+        return IsDesigned(memb, MatlType::Composite) ? 0 : control_.GetDesignForce(memb, all, max, min);
     }
     int GetSrcColmDesignForce(std::uint32_t memb, T_FCOL_D* all, T_FCOL_D* max, T_FCOL_D* min) const {
-        return IsDesigned(memb, kComposite) ? control_.GetDesignForce(memb, all, max, min) : 0;
+        return IsDesigned(memb, MatlType::Composite) ? control_.GetDesignForce(memb, all, max, min) : 0;
     }
     int GetWallDesignForce(std::uint32_t memb, T_FCOL_D* all, T_FCOL_D* max, T_FCOL_D* min) const {
         return control_.GetDesignForce(memb, all, max, min);
@@ -41,8 +40,6 @@ public:
     }
 
 private:
-    static constexpr std::string_view kComposite = "SRC";
-
     /// Whether a member of a type of material was designed.
     bool IsDesigned(std::uint32_t memb, std::string_view type) const;
 

@@ -71,7 +71,7 @@ std::string MatlRow::TypeLines() {
 
 std::string MatlRow::CodeLines(std::string_view shortType) {
     std::vector<std::string> codes;
-    CMatlDB::GetMatlCodeList(shortType, "S", codes);
+    CMatlDB::GetMatlCodeList(shortType, MatlType::Steel, codes);
     return NoneText() + "\n" + CDB_DataTool::ConvertArrayToString(codes);
 }
 

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "velda_util/columns/column_list.h"
+#include "zt_db/records/matl_type.h"
 
 namespace zt {
 
@@ -67,7 +68,7 @@ public:
 private:
     const std::string& At(velda::ColumnId column) const { return texts_[static_cast<std::size_t>(column)]; }
     std::string& At(velda::ColumnId column) { return texts_[static_cast<std::size_t>(column)]; }
-    bool IsComposite() const { return ShortType(At(MatlColumn::kType)) == "SRC"; }
+    bool IsComposite() const { return ShortType(At(MatlColumn::kType)) == MatlType::Composite; }
     void FollowType();
     void FollowCode(velda::ColumnId code);
     void FillFromLibrary(velda::ColumnId code, std::string_view grade);

@@ -48,7 +48,9 @@ void ReadValue(const CTBMatl&, std::string_view text, Row& row) {
     row.record.analysis[Group].*Member = velda::wtof(text);
 }
 
-bool IsNotComposite(const CTBMatl&, const RowTextsView& texts) { return MatlRow::ShortType(texts[kType]) != "SRC"; }
+bool IsNotComposite(const CTBMatl&, const RowTextsView& texts) {
+    return MatlRow::ShortType(texts[kType]) != MatlType::Composite;
+}
 /// Whether a row needs no grade. The literal counts, whatever the text for none is in the current language.
 template <velda::ColumnId Code>
 bool NeedsNoGrade(const CTBMatl& table, const RowTextsView& texts) {
@@ -112,7 +114,7 @@ const CTBMatl::Declaration& CTBMatl::Declared() {
              [](const CTBMatl&, const Row& row, CellSink& cell) { cell.Text(MatlRow::TypeText(row.record.type)); },
              [](const CTBMatl&, std::string_view text, Row& row) { row.record.type = MatlRow::ShortType(text); },
              {.control = velda::ControlKind::ComboBox,
-              .defaultText = MatlRow::TypeText("S"),
+              .defaultText = MatlRow::TypeText(MatlType::Steel),
               .choices = {[](CTBMatl& table, int col) { table.SetChoiceList(0, col, MatlRow::TypeLines()); }, nullptr},
               .preference = {3, 2, 0, 95}}},
         };

@@ -1,7 +1,5 @@
 #include "zt_tb/post/load_step_rows.h"
 
-#include <algorithm>
-
 namespace zt {
 namespace {
 
@@ -66,12 +64,11 @@ std::vector<LoadStepRow> BuildLoadStepRows(const PushoverControl& pushover, std:
     return rows;
 }
 
-std::set<int> ReachedSteps(const PushoverControl& pushover, std::span<const std::int16_t> steps) {
-    StepSettings settings{.isPushover = true};
+std::set<int> ReachedSteps(const PushoverControl& pushover, std::span<const std::int16_t> steps, int maxStep) {
+    const StepSettings settings{.isPushover = true, .maxStep = maxStep};
     std::vector<LoadChoice> cases;
     for (const auto& [key, run] : pushover.cases) {
         cases.push_back({key, LoadCaseKind::Pushover, LoadCaseSubKind::All});
-        settings.maxStep = std::max(settings.maxStep, run.increments);
     }
     std::set<int> reached;
     for (const LoadStepRow& row : BuildLoadStepRows(pushover, cases, steps, settings)) reached.insert(row.step);

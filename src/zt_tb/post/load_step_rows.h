@@ -45,7 +45,8 @@ PushoverControl PushoverControlOf(const CPostDataBase& database);
 std::vector<LoadStepRow> BuildLoadStepRows(const PushoverControl& pushover, std::span<const LoadChoice> loads,
                                            std::span<const std::int16_t> steps, const StepSettings& settings);
 
-/// Those of the steps that at least one pushover case reaches, or that name a stage which continues one.
-std::set<int> ReachedSteps(const PushoverControl& pushover, std::span<const std::int16_t> steps);
+/// Those of the steps that at least one pushover case reaches, or that name a stage which continues one. `maxStep` is
+/// the number of steps of the longest case.
+std::set<int> ReachedSteps(const PushoverControl& pushover, std::span<const std::int16_t> steps, int maxStep);
 
 }  // namespace zt

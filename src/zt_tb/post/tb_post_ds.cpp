@@ -317,11 +317,14 @@ void CTBPostDS::BuildLoadStepRows() {
     if (!loadsOn_) return;
     const bool hasSteps = stepSettings_.isNonlinear || stepSettings_.isPushover || stepSettings_.listOff;
     if (!hasSteps) steps_ = {0};
-    if (CDBDoc::m_pDBDoc) {
-        const CPostCtrl& post = *CDBDoc::m_pDBDoc->GetPostCtrl();
-        stepSettings_.maxStep = stepSettings_.isNonlinear ? post.GetMaxStep_NL() : post.GetMaxStep_PO();
-    }
+    RefreshMaxStep();
     rows_ = zt::BuildLoadStepRows(PushoverControlOf(Results()), loads_, steps_, stepSettings_);
+}
+
+void CTBPostDS::RefreshMaxStep() {
+    if (!CDBDoc::m_pDBDoc) return;
+    const CPostCtrl& post = *CDBDoc::m_pDBDoc->GetPostCtrl();
+    stepSettings_.maxStep = stepSettings_.isNonlinear ? post.GetMaxStep_NL() : post.GetMaxStep_PO();
 }
 
 CTBPostDS* PostSourceOf(const velda::CTBCore* grid) {

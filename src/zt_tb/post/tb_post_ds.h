@@ -119,6 +119,8 @@ protected:
     /// Of the current record.
     CPostCtrl* Post() { return PostOf(rows_[row_].load); }
     const LoadChoice& Load() const { return loads_[rows_[row_].load]; }
+    /// Asks the results for the number of steps of the longest case.
+    void RefreshMaxStep();
     /// How the load case of a record is called.
     const std::string& LoadText(std::size_t load);
     const std::string& LoadText() { return LoadText(rows_[row_].load); }

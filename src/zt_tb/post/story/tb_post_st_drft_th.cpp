@@ -166,7 +166,8 @@ void CTBPostStDrftPO::ApplySteps(const TB_ACTIVE_PARAM& param) {
 }
 
 int CTBPostStDrftPO::PrepareActiveSteps(TB_ACTIVE_PARAM& param) {
-    const std::set<int> reached = ReachedSteps(PushoverControlOf(Results()), param.steps.keys);
+    RefreshMaxStep();
+    const std::set<int> reached = ReachedSteps(PushoverControlOf(Results()), param.steps.keys, stepSettings_.maxStep);
     ActiveList<std::int16_t> offered = param.steps;
     offered.names.clear();
     offered.keys.clear();
